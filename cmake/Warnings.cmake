@@ -1,0 +1,11 @@
+# Warnings of all our targets, as errors.
+add_library(blattwart_warnings INTERFACE)
+target_compile_options(blattwart_warnings INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow=local -Wnon-virtual-dtor -Wold-style-cast -Wconversion
+  -Wno-sign-conversion -Werror)
+if(WIN32)
+  target_compile_definitions(blattwart_warnings INTERFACE
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN STRICT _WIN32_WINNT=0x0601 _WIN32_IE=0x0700)
+  # Window messages and procedure addresses need casts between function and data types.
+  target_compile_options(blattwart_warnings INTERFACE -Wno-cast-function-type)
+endif()

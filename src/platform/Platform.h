@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/Automation.h"
+#include "platform/Desktop.h"
+#include "platform/Files.h"
+#include "platform/Locale.h"
+#include "platform/MessageBoxes.h"
+#include "platform/Process.h"
+#include "platform/Registry.h"
+#include "platform/Settings.h"
+
+namespace blattwart {
+
+/// The program's title: caption of the main window and of the message boxes.
+inline constexpr const wchar_t* applicationTitle = L"Blattwart";
+
+/// Everything the program needs of the world around it.
+struct Platform {
+    Automation& automation;
+    Registry& registry;
+    Settings& settings;
+    Files& files;
+    MessageBoxes& messages;
+    Desktop& desktop;
+    Process& process;
+    Locale& locale;
+};
+
+}  // namespace blattwart
