@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -7,19 +8,34 @@
 
 namespace blattwart {
 
+/// A key with its modifiers. `key` is a letter's upper-case code or one of the named virtual keys; 0 for none.
+struct Shortcut {
+    static constexpr std::uint16_t enter = 0x0D;
+    static constexpr std::uint16_t del = 0x2E;
+    static constexpr std::uint16_t f1 = 0x70;
+    static constexpr std::uint16_t f2 = 0x71;
+    static constexpr std::uint16_t f5 = 0x74;
+
+    std::uint16_t key = 0;
+    bool control = false;
+
+    /// As menus show it: "Strg+S", "Entf", "Eingabe", "F5".
+    std::wstring text() const;
+};
+
 /// One entry of a menu: a command, a separator (no name, no caption) or a sub-menu.
 class MenuItem {
   public:
     MenuItem() = default;
-    /// `shortcut` is the text shown behind the caption, such as "F5".
-    MenuItem(std::wstring name, std::wstring caption, std::wstring shortcut = {})
-        : name_(std::move(name)), caption_(std::move(caption)), shortcut_(std::move(shortcut)) {}
+    /// The caption carries its access key behind "&".
+    MenuItem(std::wstring name, std::wstring caption, Shortcut shortcut = {})
+        : name_(std::move(name)), caption_(std::move(caption)), shortcut_(shortcut) {}
     MenuItem(const MenuItem&) = delete;
     MenuItem& operator=(const MenuItem&) = delete;
 
     const std::wstring& name() const { return name_; }
     const std::wstring& caption() const { return caption_; }
-    const std::wstring& shortcut() const { return shortcut_; }
+    const Shortcut& shortcut() const { return shortcut_; }
     bool isSeparator() const { return caption_.empty(); }
     bool checked() const { return checked_; }
     bool enabled() const { return enabled_; }
@@ -28,7 +44,7 @@ class MenuItem {
     void setEnabled(bool enabled) { enabled_ = enabled; }
     void setVisible(bool visible) { visible_ = visible; }
 
-    MenuItem& add(std::wstring name, std::wstring caption, std::wstring shortcut = {});
+    MenuItem& add(std::wstring name, std::wstring caption, Shortcut shortcut = {});
     MenuItem& addSeparator() { return add({}, {}); }
     const std::vector<std::unique_ptr<MenuItem>>& items() const { return items_; }
 
@@ -37,7 +53,7 @@ class MenuItem {
   private:
     std::wstring name_;
     std::wstring caption_;
-    std::wstring shortcut_;
+    Shortcut shortcut_;
     bool checked_ = false;
     bool enabled_ = true;
     bool visible_ = true;
