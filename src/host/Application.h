@@ -1,0 +1,27 @@
+#pragma once
+
+#include "host/Document.h"
+#include "platform/Desktop.h"
+
+namespace blattwart::host {
+
+/// The running host.
+class Application : public HostObject {
+  public:
+    Application() = default;
+    explicit Application(ObjectPtr application)
+        : HostObject(std::move(application), std::make_shared<Session>()) {}
+
+    host::Documents Documents() const;
+    /// Fails while no drawing is open.
+    Document ActiveDocument() const;
+    void putVisible(bool visible) const;
+    WindowHandle HWND() const;
+    void RunMacro(const std::wstring& macro) const;
+    void LoadDVB(const std::wstring& file) const;
+    /// The folder of drawing templates, as the host is set up, without a backslash at its end. Three round
+    /// trips.
+    std::wstring templateFolder() const;
+};
+
+}  // namespace blattwart::host

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "host/Layout.h"
+
+namespace blattwart::host {
+
+enum class Space : std::int32_t { paper = 0, model = 1 };
+
+/// An open drawing.
+class Document : public HostObject {
+  public:
+    using HostObject::HostObject;
+
+    /// File name with extension; an unsaved drawing has a default name.
+    std::wstring Name() const;
+    /// Folder without a backslash at its end; "" for a drawing never saved.
+    std::wstring Path() const;
+    host::Layouts Layouts() const;
+    Layout ActiveLayout() const;
+    void putActiveLayout(const Layout& layout) const;
+    void putActiveSpace(Space space) const;
+    void Activate() const;
+    void Save() const;
+    /// Types a text into the drawing's command line; a carriage return ends an answer.
+    void SendCommand(const std::wstring& text) const;
+    void SetVariable(const std::wstring& name, std::int16_t value) const;
+    std::int32_t GetVariable(const std::wstring& name) const;
+    /// The object with this 32-bit id (see Entity::ObjectID); a second round trip when asked first in a
+    /// session.
+    Entity ObjectIdToObject(std::int32_t id) const;
+    /// Makes the application's name known to the drawing, so that objects can carry its data. Two round
+    /// trips.
+    void registerApplication(const std::wstring& name) const;
+
+    /// Folder, backslash, file name: two round trips.
+    std::wstring fullName() const { return Path() + L"\\" + Name(); }
+};
+
+class Documents : public HostObject {
+  public:
+    using HostObject::HostObject;
+
+    std::vector<Document> all() const { return elements<Document>(); }
+    Document Add(const std::wstring& templateFile) const;
+    Document Open(const std::wstring& file) const;
+};
+
+}  // namespace blattwart::host

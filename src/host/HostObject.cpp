@@ -1,0 +1,73 @@
+#include "host/HostObject.h"
+
+#include "platform/Conversions.h"
+
+namespace blattwart::host {
+
+namespace {
+
+[[noreturn]] void throwTypeMismatch() {
+    throw RuntimeError(errorNumber::typeMismatch, L"AutoCAD hat einen Wert von unerwartetem Typ geliefert.");
+}
+
+}  // namespace
+
+std::wstring textOf(const Value& value) {
+    if (const auto* text = value.as<std::wstring>()) return *text;
+    if (value.isEmpty()) return {};
+    throwTypeMismatch();
+}
+
+double numberOf(const Value& value) {
+    return std::visit(
+        [](const auto& content) -> double {
+            using Content = std::decay_t<decltype(content)>;
+            if constexpr (std::is_arithmetic_v<Content>) {
+                return static_cast<double>(content);
+            } else {
+                throwTypeMismatch();
+            }
+        },
+        value.storage());
+}
+
+AutomationObject& HostObject::object() const {
+    if (!object_) throw RuntimeError(errorNumber::objectNotSet, L"Es besteht keine Verbindung zu AutoCAD.");
+    return *object_;
+}
+
+std::wstring HostObject::getText(const Member& member) const {
+    return textOf(object().get(member));
+}
+
+std::int32_t HostObject::getNumber(const Member& member) const {
+    return toInt32(numberOf(object().get(member)));
+}
+
+double HostObject::getDouble(const Member& member) const {
+    return numberOf(object().get(member));
+}
+
+bool HostObject::getBool(const Member& member) const {
+    return toBool(object().get(member));
+}
+
+std::int32_t HostObject::objectId(const Member& id32, const Member& id) const {
+    if (session().wideIds.value_or(true)) {
+        try {
+            const std::int32_t result = getNumber(id32);
+            session().wideIds = true;
+            return result;
+        } catch (const RuntimeError& error) {
+            if (error.number() != hresult::unknownName || session().wideIds.has_value()) throw;
+            session().wideIds = false;
+        }
+    }
+    return getNumber(id);
+}
+
+ObjectPtr HostObject::toObject(const Value& value) {
+    return blattwart::toObject(value);
+}
+
+}  // namespace blattwart::host

@@ -1,0 +1,62 @@
+#include "host/Layout.h"
+
+namespace blattwart::host {
+
+namespace {
+
+constexpr std::wstring_view layout = L"Layout";
+
+}  // namespace
+
+std::wstring Layout::Name() const {
+    return getText({layout, L"Name"});
+}
+
+void Layout::putName(const std::wstring& name) const {
+    object().put({layout, L"Name"}, name);
+}
+
+std::int32_t Layout::ObjectID() const {
+    return objectId({layout, L"ObjectID32"}, {layout, L"ObjectID"});
+}
+
+host::Block Layout::Block() const {
+    return getObject<host::Block>({layout, L"Block"});
+}
+
+std::wstring Layout::ConfigName() const {
+    return getText({layout, L"ConfigName"});
+}
+
+std::wstring Layout::CanonicalMediaName() const {
+    return getText({layout, L"CanonicalMediaName"});
+}
+
+std::wstring Layout::GetLocaleMediaName(const std::wstring& canonicalName) const {
+    return textOf(object().call({layout, L"GetLocaleMediaName"}, {Value(canonicalName)}));
+}
+
+PaperSize Layout::GetPaperSize() const {
+    Value width(0.0);
+    Value height(0.0);
+    object().call({layout, L"GetPaperSize"}, {Argument(&width), Argument(&height)});
+    return {numberOf(width), numberOf(height)};
+}
+
+std::int32_t Layout::PlotRotation() const {
+    return getNumber({layout, L"PlotRotation"});
+}
+
+std::int32_t Layout::PlotType() const {
+    return getNumber({layout, L"PlotType"});
+}
+
+std::wstring Layout::StyleSheet() const {
+    return getText({layout, L"StyleSheet"});
+}
+
+Layout Layouts::Item(const std::wstring& name) const {
+    return face<Layout>(toObject(object().call({L"Layouts", L"Item"}, {Value(name)})));
+}
+
+}  // namespace blattwart::host

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "host/Entity.h"
+
+namespace blattwart::host {
+
+/// Paper size, millimetres, not turned by the plot rotation.
+struct PaperSize {
+    double width = 0;
+    double height = 0;
+};
+
+class Layout : public HostObject {
+  public:
+    using HostObject::HostObject;
+
+    std::wstring Name() const;
+    void putName(const std::wstring& name) const;
+    /// 32 bits wide on every host; the first asking of a session may cost a second round trip.
+    std::int32_t ObjectID() const;
+    host::Block Block() const;
+
+    std::wstring ConfigName() const;
+    std::wstring CanonicalMediaName() const;
+    /// The readable name of a paper; fails where the plot device is not there.
+    std::wstring GetLocaleMediaName(const std::wstring& canonicalName) const;
+    PaperSize GetPaperSize() const;
+    /// Quarter turns, 0 to 3.
+    std::int32_t PlotRotation() const;
+    /// 0 display, 1 extents, 2 limits, 3 view, 4 window, 5 layout.
+    std::int32_t PlotType() const;
+    /// "" when there is none.
+    std::wstring StyleSheet() const;
+
+  private:
+    friend class Document;
+};
+
+class Layouts : public HostObject {
+  public:
+    using HostObject::HostObject;
+
+    /// Model space included, not in the order of the tabs.
+    std::vector<Layout> all() const { return elements<Layout>(); }
+    /// By name, without regard to case. Fails when there is none.
+    Layout Item(const std::wstring& name) const;
+};
+
+}  // namespace blattwart::host
