@@ -38,18 +38,23 @@ using ShortArray = std::vector<std::int16_t>;
 using DoubleArray = std::vector<double>;
 using ValueArray = std::vector<Value>;
 
+template <class T, class Variant>
+inline constexpr bool isAlternative = false;
+template <class T, class... Alternatives>
+inline constexpr bool isAlternative<T, std::variant<Alternatives...>> = (std::is_same_v<T, Alternatives> ||
+                                                                         ...);
+
 /// One value that goes to or comes from an automation object. A default-constructed Value is empty.
 class Value {
   public:
-    using Storage =
-        std::variant<std::monostate, Null, bool, std::uint8_t, std::int16_t, std::int32_t, std::int64_t, float,
-                     double, Currency, Date, std::wstring, ObjectPtr, ShortArray, DoubleArray, ValueArray>;
+    using Storage = std::variant<std::monostate, Null, bool, std::uint8_t, std::int16_t, std::int32_t,
+                                 std::int64_t, float, double, Currency, Date, std::wstring, ObjectPtr,
+                                 ShortArray, DoubleArray, ValueArray>;
 
     Value() = default;
     template <class T>
-        requires(std::is_constructible_v<Storage, std::in_place_type_t<std::decay_t<T>>, T> &&
-                 !std::is_same_v<std::decay_t<T>, Value>)
-    Value(T&& content) : storage_(std::in_place_type<std::decay_t<T>>, std::forward<T>(content)) {}
+    requires(isAlternative<std::decay_t<T>, Storage>) Value(T&& content)
+        : storage_(std::forward<T>(content)) {}
     Value(const wchar_t* text) : storage_(std::wstring(text)) {}
     Value(std::wstring_view text) : storage_(std::wstring(text)) {}
 
