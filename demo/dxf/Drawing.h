@@ -1,0 +1,124 @@
+#pragma once
+
+#include <iosfwd>
+#include <span>
+#include <unordered_map>
+
+#include "dxf/Layout.h"
+
+namespace demo {
+
+/// A table of named records (layers, applications, block records, ...).
+struct Table {
+    std::unique_ptr<Object> head;
+    Objects records;
+
+    std::wstring name() const { return head->text(2); }
+};
+
+/// A drawing: reads ASCII DXF of the releases 2000 to 2018 (AC1015 to AC1032), whatever the file is called,
+/// gives access to layouts, entities and extended data, changes them, and writes everything back, known or
+/// not.
+///
+/// Failures throw RuntimeError with a German description: fileNotFound (cannot be opened or written),
+/// invalidCall (no such drawing file, damaged, operation or name not allowed), duplicateKey (name in use),
+/// elementNotFound. Names compare without regard to case.
+class Drawing {
+  public:
+    /// Reads a drawing; the stream is read to its end. `loadFile` takes the path as the system has it.
+    static Drawing load(std::istream& stream);
+    static Drawing loadFile(const std::wstring& path);
+    /// A new drawing (release 2010) with the layouts "Model" (current) and "Layout1".
+    static Drawing createEmpty();
+
+    Drawing(Drawing&&) noexcept = default;
+    Drawing& operator=(Drawing&&) noexcept = default;
+
+    /// Writes the drawing in the release it was read in: UTF-8 from 2007 on, before that code page 1252 with
+    /// \U+XXXX for all other characters. An existing file is replaced.
+    void save(std::ostream& stream) const;
+    void saveFile(const std::wstring& path) const;
+
+    /// The release code, such as "AC1024".
+    std::string version() const;
+
+    // Header variables ("$TILEMODE", "$INSUNITS", ...)
+
+    /// First value of a header variable; null when the file does not hold it.
+    const Group* headerVariable(std::string_view name) const;
+    /// Changes or adds a variable of one value.
+    void setHeaderVariable(std::string_view name, Group value);
+
+    // Layouts
+
+    /// All layouts, model space included, in the order of their tabs.
+    std::vector<Layout*> layouts() const;
+    /// By name or by handle; null when there is none.
+    Layout* findLayout(std::wstring_view name) const;
+    Layout* findLayout(Handle layout) const;
+    /// The layout that a block is the content of; null for other blocks.
+    Layout* layoutOfBlock(Handle blockRecord) const;
+    Layout& modelLayout() const;
+    /// The layout that is shown.
+    Layout& currentLayout() const;
+    /// The paper layout that is or was shown last; null when the drawing has no paper layout.
+    Layout* activePaperLayout() const;
+    /// Shows a layout. A paper layout that is shown for the first time gets its sheet viewport.
+    void setCurrentLayout(Layout& layout);
+
+    /// Adds a layout behind all others; it is not made current. At most 255 paper layouts.
+    Layout& addLayout(std::wstring_view name);
+    /// Copies a paper layout with its entities and plot settings; the copy stands before the source.
+    Layout& copyLayout(const Layout& source, std::wstring_view name);
+    /// Model space and the last paper layout cannot be deleted. The neighbour becomes current in its place.
+    void deleteLayout(Layout& layout);
+    /// Model space cannot be renamed. Changing only the case is allowed.
+    void renameLayout(Layout& layout, std::wstring_view name);
+    /// Moves a paper layout's tab; `position` from 1 to the number of paper layouts.
+    void setTabOrder(Layout& layout, std::int32_t position);
+    /// `wanted` when it is free, else "wanted (2)", "wanted (3)", ...
+    std::wstring uniqueLayoutName(std::wstring_view wanted) const;
+    /// A drawing of its own with this paper layout as the only one, model space empty; named blocks, layers
+    /// and styles stay.
+    Drawing templateOf(const Layout& layout) const;
+    /// Copies paper layouts of another drawing behind all others, with the blocks, layers and styles they
+    /// need (those that exist here under the same name stay as they are); all layouts when `names` is empty.
+    /// Returns the layouts made; a name in use becomes unique.
+    std::vector<Layout*> importLayouts(const Drawing& source, std::span<const std::wstring> names = {});
+
+    // Blocks and objects
+
+    const std::vector<std::unique_ptr<Block>>& blocks() const { return blocks_; }
+    Block* findBlock(std::wstring_view name) const;
+    Block* findBlock(Handle record) const;
+    /// Any object of the drawing (entity, part of an entity, table record, layout, dictionary, ...); null
+    /// when there is none. Valid until it is erased.
+    Object* find(Handle handle) const;
+    /// Adds an entity to a block. It gets a new handle and the block as owner; `first` puts it before all
+    /// others.
+    Object& addEntity(Block& block, std::string type, Groups groups, bool first = false);
+    /// Removes an entity with its parts and all it owns.
+    void erase(Object& entity);
+
+    // Extended data
+
+    std::vector<std::wstring> applications() const;
+    bool isRegistered(std::wstring_view application) const;
+    /// Does nothing when the application is registered already.
+    void registerApplication(std::wstring_view application);
+    /// Replaces the extended data of the applications that `data` names; data of others is kept. `data`
+    /// consists of one run for each application, starting with its name under 1001; a run of the name alone
+    /// removes that application's data. Throws invalidCall when an application is not registered, a value
+    /// does not fit its code, a 1005 is not hexadecimal, a text has more than 255 bytes or the object more
+    /// than 16383 bytes.
+    void setXData(Object& object, const XData& data);
+    /// Sets handles in extended data that name no object to 0. Returns how many there were.
+    std::int32_t audit();
+
+  private:
+    Drawing() = default;
+
+    std::vector<std::unique_ptr<Block>> blocks_;
+};
+
+}  // namespace demo
