@@ -17,8 +17,8 @@ struct Member {
     std::wstring_view name;
 };
 
-/// One argument of a call: a value, or a variable that the called object may change (by reference). A variable
-/// that holds a double is passed as double by reference, any other as variant by reference.
+/// One argument of a call: a value, or a variable that the called object may change (by reference). A
+/// variable that holds a double is passed as double by reference, any other as variant by reference.
 class Argument {
   public:
     Argument(Value value) : value_(std::move(value)) {}
@@ -74,6 +74,8 @@ inline constexpr std::int32_t disconnected = static_cast<std::int32_t>(0x8001010
 inline constexpr std::int32_t objectNotConnected = static_cast<std::int32_t>(0x800401FD);
 inline constexpr std::int32_t serverUnavailable = static_cast<std::int32_t>(0x800706BA);
 inline constexpr std::int32_t callFailed = static_cast<std::int32_t>(0x800706BE);
+inline constexpr std::int32_t callFailedNotExecuted = static_cast<std::int32_t>(0x800706BF);
+inline constexpr std::int32_t serverDied = static_cast<std::int32_t>(0x80010007);
 inline constexpr std::int32_t callRejected = static_cast<std::int32_t>(0x80010001);
 inline constexpr std::int32_t retryLater = static_cast<std::int32_t>(0x8001010A);
 }  // namespace hresult

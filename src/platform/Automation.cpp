@@ -1,0 +1,15 @@
+#include "platform/Automation.h"
+
+#include <algorithm>
+#include <array>
+
+namespace blattwart {
+
+bool isGone(const RuntimeError& error) {
+    constexpr std::array gone{hresult::disconnected,          hresult::objectNotConnected,
+                              hresult::serverUnavailable,     hresult::callFailed,
+                              hresult::callFailedNotExecuted, hresult::serverDied};
+    return std::ranges::find(gone, error.number()) != gone.end();
+}
+
+}  // namespace blattwart
