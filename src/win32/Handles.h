@@ -1,0 +1,50 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <memory>
+#include <type_traits>
+
+namespace blattwart {
+
+/// Owners of what Windows hands out; each closes its handle.
+struct HandleCloser {
+    void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+struct KeyCloser {
+    void operator()(HKEY key) const { RegCloseKey(key); }
+};
+struct SearchCloser {
+    void operator()(HANDLE search) const { FindClose(search); }
+};
+struct LocalDeleter {
+    void operator()(void* memory) const { LocalFree(memory); }
+};
+struct GdiDeleter {
+    void operator()(HGDIOBJ object) const { DeleteObject(object); }
+};
+struct IconDestroyer {
+    void operator()(HICON icon) const { DestroyIcon(icon); }
+};
+struct MenuDestroyer {
+    void operator()(HMENU menu) const { DestroyMenu(menu); }
+};
+struct ImageListDestroyer {
+    void operator()(HIMAGELIST list) const { ImageList_Destroy(list); }
+};
+struct WindowDestroyer {
+    void operator()(HWND window) const { DestroyWindow(window); }
+};
+
+using Handle = std::unique_ptr<void, HandleCloser>;
+using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
+using Search = std::unique_ptr<void, SearchCloser>;
+using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, GdiDeleter>;
+using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDestroyer>;
+using Menu = std::unique_ptr<std::remove_pointer_t<HMENU>, MenuDestroyer>;
+using ImageList = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, ImageListDestroyer>;
+using Window = std::unique_ptr<std::remove_pointer_t<HWND>, WindowDestroyer>;
+
+}  // namespace blattwart

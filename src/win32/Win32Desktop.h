@@ -1,0 +1,25 @@
+#pragma once
+
+#include <windows.h>
+
+#include "platform/Desktop.h"
+
+namespace blattwart {
+
+/// Window handles have 32 significant bits also in a 64-bit process.
+inline HWND nativeWindow(WindowHandle window) {
+    return static_cast<HWND>(LongToHandle(window));
+}
+inline WindowHandle windowHandle(HWND window) {
+    return HandleToLong(window);
+}
+
+class Win32Desktop : public Desktop {
+  public:
+    WindowHandle findWindow(const std::wstring& caption) override;
+    void showNormal(WindowHandle window) override;
+    void setForeground(WindowHandle window) override;
+    WindowHandle foreground() override;
+};
+
+}  // namespace blattwart

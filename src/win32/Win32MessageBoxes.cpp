@@ -1,0 +1,39 @@
+#include "win32/Win32MessageBoxes.h"
+
+#include <windows.h>
+
+namespace blattwart {
+
+namespace {
+
+static_assert(static_cast<UINT>(MessageButtons::yesNo) == MB_YESNO);
+static_assert(static_cast<UINT>(MessageIcon::critical) == MB_ICONHAND);
+static_assert(static_cast<UINT>(MessageIcon::question) == MB_ICONQUESTION);
+static_assert(static_cast<UINT>(MessageIcon::exclamation) == MB_ICONEXCLAMATION);
+static_assert(static_cast<UINT>(MessageIcon::information) == MB_ICONASTERISK);
+static_assert(static_cast<int>(MessageAnswer::no) == IDNO && static_cast<int>(MessageAnswer::yes) == IDYES);
+
+BOOL CALLBACK findVisible(HWND window, LPARAM result) {
+    if (!IsWindowVisible(window) || GetWindow(window, GW_OWNER)) return TRUE;
+    *reinterpret_cast<HWND*>(result) = window;
+    return FALSE;
+}
+
+/// The window of ours that the user works in; also while another program is in front, so that the box always
+/// blocks what lies under it.
+HWND ownWindow() {
+    if (const HWND active = GetActiveWindow()) return active;
+    HWND window = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), findVisible, reinterpret_cast<LPARAM>(&window));
+    return window ? GetLastActivePopup(window) : nullptr;
+}
+
+}  // namespace
+
+MessageAnswer Win32MessageBoxes::show(const std::wstring& text, const std::wstring& caption,
+                                      MessageButtons buttons, MessageIcon icon) {
+    const UINT style = static_cast<UINT>(buttons) | static_cast<UINT>(icon);
+    return static_cast<MessageAnswer>(MessageBoxW(ownWindow(), text.c_str(), caption.c_str(), style));
+}
+
+}  // namespace blattwart
