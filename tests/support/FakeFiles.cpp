@@ -1,0 +1,84 @@
+#include "support/FakeFiles.h"
+
+#include <algorithm>
+
+#include "platform/RuntimeError.h"
+
+namespace blattwart::test {
+
+namespace {
+
+std::wstring folderOf(const std::wstring& path) {
+    const std::size_t backslash = path.rfind(L'\\');
+    return backslash == path.npos ? L"" : path.substr(0, backslash);
+}
+
+std::wstring nameOf(const std::wstring& path) {
+    return path.substr(path.rfind(L'\\') + 1);
+}
+
+bool matches(std::wstring_view name, std::wstring_view pattern) {
+    if (pattern.empty()) return name.empty();
+    if (pattern.front() == L'*') {
+        return matches(name, pattern.substr(1)) || (!name.empty() && matches(name.substr(1), pattern));
+    }
+    if (name.empty() || (pattern.front() != L'?' && pattern.front() != name.front())) return false;
+    return matches(name.substr(1), pattern.substr(1));
+}
+
+[[noreturn]] void throwDenied() {
+    throw RuntimeError(70, L"Zugriff verweigert");
+}
+
+}  // namespace
+
+void FakeFiles::add(const std::wstring& path) {
+    if (find(path) == files_.end()) files_.push_back(path);
+    addFolder(folderOf(path));
+}
+
+void FakeFiles::addFolder(const std::wstring& path) {
+    folders_.insert(locale_.upperCase(path));
+}
+
+void FakeFiles::forget(const std::wstring& path) {
+    const auto file = find(path);
+    if (file != files_.end()) files_.erase(file);
+}
+
+void FakeFiles::lock(const std::wstring& path) {
+    locked_.insert(locale_.upperCase(path));
+}
+
+std::vector<std::wstring> FakeFiles::list(const std::wstring& pattern) {
+    if (calls.fails()) throwDenied();
+    const std::wstring upperFolder = locale_.upperCase(folderOf(pattern));
+    if (!folders_.contains(upperFolder))
+        throw RuntimeError(errorNumber::pathNotFound, L"Pfad nicht gefunden");
+    const std::wstring upperPattern = locale_.upperCase(nameOf(pattern));
+    std::vector<std::wstring> names;
+    for (const std::wstring& file : files_) {
+        const bool here = locale_.upperCase(folderOf(file)) == upperFolder;
+        if (here && matches(locale_.upperCase(nameOf(file)), upperPattern)) names.push_back(nameOf(file));
+    }
+    return names;
+}
+
+bool FakeFiles::exists(const std::wstring& path) {
+    return !calls.fails() && find(path) != files_.end();
+}
+
+void FakeFiles::remove(const std::wstring& path) {
+    if (calls.fails()) throwDenied();
+    const auto file = find(path);
+    if (file == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
+    if (locked_.contains(locale_.upperCase(path))) throwDenied();
+    files_.erase(file);
+}
+
+std::vector<std::wstring>::iterator FakeFiles::find(const std::wstring& path) {
+    return std::ranges::find_if(
+        files_, [&](const std::wstring& file) { return locale_.equalIgnoringCase(file, path); });
+}
+
+}  // namespace blattwart::test

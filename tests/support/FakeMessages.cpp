@@ -1,0 +1,41 @@
+#include "support/FakeMessages.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace blattwart::test {
+
+void PrintTo(const ShownBox& box, std::ostream* stream) {
+    *stream << testing::PrintToString(box.text) << ", caption " << testing::PrintToString(box.caption)
+            << ", buttons " << static_cast<int>(box.buttons) << ", icon " << static_cast<int>(box.icon);
+}
+
+std::vector<std::wstring> FakeMessages::texts() const {
+    std::vector<std::wstring> result;
+    std::ranges::transform(shown, std::back_inserter(result), &ShownBox::text);
+    return result;
+}
+
+void FakeMessages::clear() {
+    shown.clear();
+    script_.clear();
+}
+
+MessageAnswer FakeMessages::show(const std::wstring& text, const std::wstring& caption,
+                                 MessageButtons buttons, MessageIcon icon) {
+    shown.push_back({text, caption, buttons, icon});
+    Announced announced;
+    if (!script_.empty()) {
+        announced = script_.front();
+        script_.pop_front();
+        if (!announced.text.empty()) EXPECT_EQ(announced.text, text);
+    } else if (strict) {
+        ADD_FAILURE() << "unexpected message box: " << testing::PrintToString(shown.back());
+    }
+    if (whileOpen) whileOpen(ShownBox(shown.back()));
+    return announced.answer.value_or(buttons == MessageButtons::yesNo ? MessageAnswer::no
+                                                                      : MessageAnswer::ok);
+}
+
+}  // namespace blattwart::test

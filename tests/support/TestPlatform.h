@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "support/FakeDesktop.h"
+#include "support/FakeFiles.h"
+#include "support/FakeMessages.h"
+#include "support/FakeProcess.h"
+#include "support/FakeRegistry.h"
+#include "support/FakeSettings.h"
+#include "support/GermanLocale.h"
+
+namespace blattwart::test {
+
+/// A whole world of fakes round the given automation objects, which it does not own.
+struct TestPlatform {
+    explicit TestPlatform(Automation& automation)
+        : platform{automation, registry, settings, files, messages, desktop, process, locale} {}
+    TestPlatform(const TestPlatform&) = delete;
+    TestPlatform& operator=(const TestPlatform&) = delete;
+
+    FakeRegistry registry;
+    FakeSettings settings;
+    FakeFiles files;
+    FakeMessages messages;
+    FakeDesktop desktop;
+    FakeProcess process;
+    GermanLocale locale;
+    Platform platform;
+};
+
+}  // namespace blattwart::test
