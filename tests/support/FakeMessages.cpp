@@ -29,7 +29,9 @@ MessageAnswer FakeMessages::show(const std::wstring& text, const std::wstring& c
     if (!script_.empty()) {
         announced = script_.front();
         script_.pop_front();
-        if (!announced.text.empty()) EXPECT_EQ(announced.text, text);
+        if (!announced.text.empty()) {
+            EXPECT_EQ(announced.text, text);
+        }
     } else if (strict) {
         ADD_FAILURE() << "unexpected message box: " << testing::PrintToString(shown.back());
     }
