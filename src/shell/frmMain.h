@@ -18,8 +18,8 @@ class frmMain {
   public:
     explicit frmMain(Platform& platform);
 
-    // Controls. The window that shows them sets the heights of tbToolBar, picTitles and sbStatusBar and the width
-    // of imgSplitter before Form_Load; everything else is laid out by SizeControls.
+    // Controls. The window that shows them sets the heights of tbToolBar, picTitles and sbStatusBar and the
+    // width of imgSplitter before Form_Load; everything else is laid out by SizeControls.
     TreeView tvTreeView;
     ListView lvListView;
     Control picTitles;

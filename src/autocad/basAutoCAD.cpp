@@ -1,0 +1,135 @@
+#include "autocad/basAutoCAD.h"
+
+#include <algorithm>
+
+namespace blattwart {
+
+namespace {
+
+constexpr const wchar_t* automationName = L"AutoCAD.Application.18";
+
+}  // namespace
+
+bool basAutoCAD::IsAutoCADRunning() {
+    return ignoringErrors([&] { platform_.automation.running(automationName); });
+}
+
+void basAutoCAD::ConnectAutoCAD() {
+    gAcadDoc = {};
+    gAcadApp = {};
+    ignoringErrors([&] { gAcadApp = host::Application(platform_.automation.running(automationName)); });
+    if (gAcadApp) ignoringErrors([&] { gAcadDoc = gAcadApp.ActiveDocument(); });
+}
+
+void basAutoCAD::StartAutoCAD() {
+    ObjectPtr application;
+    if (!ignoringErrors([&] { application = platform_.automation.running(automationName); })) {
+        try {
+            application = platform_.automation.create(automationName);
+        } catch (const RuntimeError& error) {
+            platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok,
+                                    MessageIcon::none);
+            return;
+        }
+    }
+    gAcadApp = host::Application(std::move(application));
+    gAcadDoc = {};
+    LoadTypes();
+    ignoringErrors([&] { gAcadApp.putVisible(true); });
+    ignoringErrors([&] { gAcadDoc = gAcadApp.ActiveDocument(); });
+    RefreshTree();
+}
+
+std::wstring basAutoCAD::GetActiveDrawingName() {
+    std::wstring name;
+    if (gAcadDoc) ignoringErrors([&] { name = gAcadDoc.fullName(); });
+    return name;
+}
+
+void basAutoCAD::BringWindowToFront(WindowHandle window) {
+    platform_.desktop.setForeground(window);
+}
+
+void basAutoCAD::BringAutoCADToFront() {
+    ignoringErrors([&] { BringWindowToFront(gAcadApp.HWND()); });
+}
+
+host::Document basAutoCAD::GetDocumentByKey(std::wstring_view key) {
+    std::vector<host::Document> documents;
+    ignoringErrors([&] { documents = documentsNamed(records_.DrawingRecords.Item(recordKey(key))->Gesamt); });
+    return documents.empty() ? host::Document() : documents.back();
+}
+
+std::vector<host::Document> basAutoCAD::documentsNamed(const std::wstring& fullName) {
+    const std::wstring wanted = platform_.locale.upperCase(fullName);
+    const std::wstring wantedName = wanted.substr(wanted.rfind(L'\\') + 1);
+    std::vector<host::Document> found;
+    ignoringErrors([&] {
+        for (const host::Document& document : gAcadApp.Documents().all())
+            ignoringErrors([&] {
+                // The folder is asked for only where the file's name fits.
+                const std::wstring name = platform_.locale.upperCase(document.Name());
+                if (name != wantedName) return;
+                if (platform_.locale.upperCase(document.Path()) + L"\\" + name == wanted)
+                    found.push_back(document);
+            });
+    });
+    return found;
+}
+
+std::wstring basAutoCAD::GetActiveLayoutName(const std::wstring& fullName) {
+    std::wstring name;
+    for (const host::Document& document : documentsNamed(fullName))
+        ignoringErrors([&] { name = document.ActiveLayout().Name(); });
+    return name;
+}
+
+void basAutoCAD::activate(const host::Document& document) {
+    document.Activate();
+    gAcadDoc = document;
+}
+
+void basAutoCAD::NewDrawingFromTemplate(const std::wstring& templateFile) {
+    ignoringErrors([&] { gAcadApp.Documents().Add(templateFile); });
+    BringAutoCADToFront();
+}
+
+void basAutoCAD::NavigateDesignCenter(const std::wstring& target) {
+    // The second carriage return answers a prompt with its default; always the German command's name.
+    if (gAcadDoc) ignoringErrors([&] { typeCommand(gAcadDoc, {L"ADCNAVIGIEREN", L"", target}); });
+    BringAutoCADToFront();
+}
+
+bool basAutoCAD::typeCommand(const host::Document& document,
+                             std::initializer_list<std::wstring_view> answers) {
+    std::wstring text;
+    for (const std::wstring_view answer : answers) {
+        // A carriage return inside a name would end the answer and make the rest a command of its own.
+        if (std::ranges::any_of(answer, [](wchar_t c) { return c < L' ' || c == 0x7F; })) {
+            warn(L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!");
+            return false;
+        }
+        text.append(answer).push_back(L'\r');
+    }
+    bool commandRuns = false;
+    ignoringErrors([&] { commandRuns = document.GetVariable(L"CMDACTIVE") != 0; });
+    if (commandRuns) {
+        warn(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
+        return false;
+    }
+    document.SendCommand(text);
+    return true;
+}
+
+void basAutoCAD::warn(const std::wstring& text) {
+    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
+}
+
+bool basAutoCAD::askToStart() {
+    const std::wstring caption = std::wstring(applicationTitle) + L": AutoCAD ist nicht aktiv!";
+    return platform_.messages.show(
+               L"Soll AutoCAD gestartet werden? Mit 'Nein' wird der Blattwart geschlossen!", caption,
+               MessageButtons::yesNo, MessageIcon::question) == MessageAnswer::yes;
+}
+
+}  // namespace blattwart

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "autocad/basAutoCAD.h"
+
+namespace blattwart {
+
+/// The host's macro project, and what is done with layouts by its routines or by typed commands.
+class basTarvix {
+  public:
+    basTarvix(basAutoCAD& autoCAD, Platform& platform) : autoCAD_(autoCAD), platform_(platform) {}
+
+    /// Brings the host to the front and runs a routine of the macro project, loading the project first where
+    /// it is missing. Returns whether the routine ran; otherwise the user has been told.
+    bool RunHostMacro(const std::wstring& name);
+    /// Creates a layout in gAcadDoc's host session. `drawing` is the full name of the drawing whose document
+    /// is made the active one first; empty: the document that is active already.
+    void CreateLayout(const std::wstring& drawing);
+    /// First free number from `counter` on for a layout called base name + number (0: the bare base name).
+    /// `counter` ends one above the last number tried. 0 when the search has reached 2500.
+    std::int16_t NextFreeLayoutNumber(const host::Document& document, const std::wstring& baseName,
+                                      std::int16_t& counter);
+    /// Copies a layout of gAcadDoc. A single copy takes the bare base name when it is free, several are
+    /// always numbered; `newBaseName` receives the name actually used for a single copy. The new layout, or
+    /// the first of several, becomes the current one. Failures are told; copies made before stay. Returns
+    /// whether all went through.
+    bool CopyLayouts(const std::wstring& sourceName, std::wstring& newBaseName, std::int16_t copies);
+
+  private:
+    basAutoCAD& autoCAD_;
+    Platform& platform_;
+};
+
+}  // namespace blattwart

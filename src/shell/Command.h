@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string_view>
+
+#include "controls/Menu.h"
+#include "controls/ToolBar.h"
+
+namespace blattwart {
+
+class frmMain;
+
+/// Kinds of tree nodes as a set: the kind letters of the navigator's keys.
+enum NodeKinds : unsigned {
+    noKind = 0,
+    kindA = 1,   ///< root of the loaded drawings
+    kindZ = 2,   ///< a drawing
+    kindL = 4,   ///< a layout
+    kindB = 8,   ///< root of the library
+    kindD = 16,  ///< a template
+};
+
+/// When a command can be chosen.
+enum class Enabling {
+    always,
+    attached,     ///< while AutoCAD is attached
+    notAttached,  ///< while it is not
+    byKind,       ///< for the node kinds of the row
+    deletable,    ///< for the row's kinds; among layouts only while the drawing keeps another one
+    modelSpace,   ///< for the row's kinds, while the drawing's active layout is not model space
+    notActive,    ///< for the row's kinds; a drawing only while it is not the active one
+};
+
+enum class MenuId { none, file, edit, view, layout, autoCAD, window, help };
+
+/// The context menus; a row can stand in several.
+enum PopupGroups : unsigned { noPopup = 0, popupTemplates = 1, popupDrawings = 2, popupLayouts = 4 };
+
+/// One command: everything that menus, context menus, toolbar and shortcuts need to offer it.
+struct Command {
+    std::wstring_view item;  ///< name of the menu item; "" when it is not in the menu bar
+    MenuId menu = MenuId::none;
+    std::wstring_view caption;  ///< with access key; for menu and context menus
+    void (frmMain::*run)() = nullptr;
+    Enabling enabling = Enabling::always;
+    unsigned kinds = noKind;
+    Shortcut shortcut = {};
+    std::wstring_view button = {};   ///< the toolbar button's key
+    std::wstring_view toolTip = {};  ///< without the shortcut, which is added
+    std::wstring_view pop = {};      ///< name of the context-menu item
+    unsigned popups = noPopup;
+    bool separatorBefore = false;  ///< in the menus
+};
+
+}  // namespace blattwart

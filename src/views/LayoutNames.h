@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "autocad/basTarvix.h"
+#include "controls/ListView.h"
+#include "views/NavigatorTree.h"
+
+namespace blattwart {
+
+/// Deletes and renames layouts of open drawings.
+class LayoutNames {
+  public:
+    LayoutNames(NavigatorTree& tree, ListView& list, basTarvix& tarvix, basAutoCAD& autoCAD,
+                NavigatorRecords& records, Platform& platform)
+        : tree_(tree),
+          list_(list),
+          tarvix_(tarvix),
+          autoCAD_(autoCAD),
+          records_(records),
+          platform_(platform) {}
+
+    /// Wired at start-up.
+    struct Hooks {
+        std::function<void()> RefreshTree;
+        std::function<void()> ShowNodeStatus;
+    } hooks;
+
+    /// Deletes the layouts selected in the list, or the one selected in the tree; never all of a drawing.
+    void DeleteLayouts();
+    /// Gives the edited entry's layout its new name. Returns true when the name is refused.
+    bool RenameByLabelEdit(bool fromList, const std::wstring& newName);
+    /// Renames every layout selected in the list to the base name and a free number at or above `counter`.
+    void RenameSelectedLayouts(const std::wstring& baseName, std::int16_t& counter);
+
+  private:
+    NavigatorTree& tree_;
+    ListView& list_;
+    basTarvix& tarvix_;
+    basAutoCAD& autoCAD_;
+    NavigatorRecords& records_;
+    Platform& platform_;
+};
+
+}  // namespace blattwart

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "autocad/basAutoCAD.h"
+#include "controls/ListView.h"
+#include "controls/TreeView.h"
+#include "data/basDatenbank.h"
+#include "views/LayoutDetails.h"
+
+namespace blattwart {
+
+/// Fills the list with the rows of each list kind for the tree's selected node. A host call that fails leaves
+/// its value empty and nothing else.
+class ListContents {
+  public:
+    ListContents(TreeView& tree, ListView& list, basAutoCAD& autoCAD, basDatenbank& database,
+                 NavigatorRecords& records, Platform& platform);
+
+    void FillDrawingList();
+    void FillLayoutList();
+    void FillLayoutDetails();
+    void FillTemplateList();
+    void FillTemplateDetails();
+
+  private:
+    void addChildren(const TreeNode& parent, int icon);
+
+    TreeView& tree_;
+    ListView& list_;
+    basAutoCAD& autoCAD_;
+    NavigatorRecords& records_;
+    LayoutDetails details_;
+};
+
+}  // namespace blattwart

@@ -1,0 +1,132 @@
+#include "views/LoadedDrawings.h"
+
+#include <optional>
+
+#include "platform/Platform.h"
+
+namespace blattwart {
+
+namespace {
+
+constexpr std::int16_t present = -1;
+
+}  // namespace
+
+void LoadedDrawings::ReadLoadedDrawings() {
+    if (!autoCAD_.gAcadDoc) return;
+    try {
+        tree_.ClearActiveMarks();
+        ResetPresentFlags();
+        const std::wstring activeName = autoCAD_.gAcadDoc.Name();
+        for (const host::Document& document : autoCAD_.gAcadApp.Documents().all())
+            readDrawing(document, activeName);
+        RemoveStaleNodes();
+    } catch (const RuntimeError&) {
+        messages_.show(L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!", applicationTitle,
+                       MessageButtons::ok, MessageIcon::critical);
+    }
+}
+
+void LoadedDrawings::readDrawing(const host::Document& document, const std::wstring& activeName) {
+    records_.countNext();
+    const std::wstring name = document.Name();
+    const std::wstring path = document.Path();
+    // By name alone: two drawings of one name in different folders are both shown as active. Intended.
+    const bool isActive = name == activeName;
+    std::int32_t drawingNumber = 0;
+    if (!FindDrawingRecord(path, name, 0, drawingNumber, isActive))
+        tree_.AddTreeNode(name, false, isActive, 0);
+    readLayouts(document, path, name, drawingNumber, isActive);
+}
+
+void LoadedDrawings::readLayouts(const host::Document& document, const std::wstring& path,
+                                 const std::wstring& drawing, std::int32_t drawingNumber,
+                                 bool drawingIsActive) {
+    std::optional<std::wstring> activeLayout;
+    for (const host::Layout& layout : document.Layouts().all()) {
+        const std::wstring name = layout.Name();
+        if (name == L"Model") continue;
+        records_.countNext();
+        if (drawingIsActive && !activeLayout) activeLayout = document.ActiveLayout().Name();
+        const bool isActive = drawingIsActive && name == *activeLayout;
+        if (!FindLayoutRecord(path, drawing, layout, name, isActive))
+            tree_.AddTreeNode(name, false, isActive, drawingNumber);
+    }
+}
+
+void LoadedDrawings::ResetPresentFlags() {
+    const auto reset = [this](Collection<CAcadobj>& records, Index& index) {
+        index.clear();
+        for (const auto& record : records) {
+            record->Vorhanden = 0;
+            index.emplace(locale_.upperCase(record->Gesamt), record.get());
+        }
+    };
+    reset(records_.DrawingRecords, drawingsByName_);
+    reset(records_.LayoutRecords, layoutsByName_);
+}
+
+bool LoadedDrawings::FindDrawingRecord(const std::wstring& path, const std::wstring& name,
+                                       std::int32_t objectId, std::int32_t& drawingNumber, bool isActive) {
+    const std::wstring fullName = path + L"\\" + name;
+    if (findRecord(drawingsByName_, fullName, L'Z', isActive, drawingNumber)) return true;
+    drawingNumber = addRecord(records_.DrawingRecords, drawingsByName_, fullName, name, objectId)->Nummer;
+    return false;
+}
+
+bool LoadedDrawings::FindLayoutRecord(const std::wstring& path, const std::wstring& drawing,
+                                      const host::Layout& layout, const std::wstring& layoutName,
+                                      bool isActive) {
+    const std::wstring fullName = path + L"\\" + drawing + L";" + layoutName;
+    std::int32_t number = 0;
+    if (findRecord(layoutsByName_, fullName, L'L', isActive, number)) return true;
+    // Only a new record needs the id.
+    addRecord(records_.LayoutRecords, layoutsByName_, fullName, drawing, layout.ObjectID())->Layout =
+        layoutName;
+    return false;
+}
+
+bool LoadedDrawings::findRecord(Index& index, const std::wstring& fullName, wchar_t kind, bool isActive,
+                                std::int32_t& number) {
+    const auto [begin, end] = index.equal_range(locale_.upperCase(fullName));
+    for (auto entry = begin; entry != end; ++entry) {
+        entry->second->Vorhanden = present;
+        number = entry->second->Nummer;
+        if (isActive) tree_.MarkNodeActive(kind + std::to_wstring(number));
+    }
+    return begin != end;
+}
+
+std::shared_ptr<CAcadobj> LoadedDrawings::addRecord(Collection<CAcadobj>& records, Index& index,
+                                                    const std::wstring& fullName, const std::wstring& drawing,
+                                                    std::int32_t objectId) {
+    auto record = std::make_shared<CAcadobj>();
+    record->Vorhanden = present;
+    record->Gesamt = fullName;
+    record->Zeichnung = drawing;
+    record->Nummer = records_.LastNumber;
+    record->AObjId = objectId;
+    records.Add(record, std::to_wstring(record->Nummer));
+    index.emplace(locale_.upperCase(fullName), record.get());
+    return record;
+}
+
+void LoadedDrawings::RemoveStaleNodes() {
+    // The records stay although their nodes go. A drawing opened again in this run is therefore found without
+    // getting a node; required so.
+    for (const auto& record : records_.DrawingRecords)
+        if (!record->Vorhanden) tree_.removeNode(L"Z" + std::to_wstring(record->Nummer));
+    for (const auto& record : records_.LayoutRecords)
+        if (!record->Vorhanden) tree_.removeNode(L"L" + std::to_wstring(record->Nummer));
+}
+
+void LoadedDrawings::RemoveDrawingNodes() {
+    for (const auto& record : records_.DrawingRecords)
+        tree_.removeNode(L"Z" + std::to_wstring(record->Nummer));
+    records_.DrawingRecords.Clear();
+    for (const auto& record : records_.LayoutRecords)
+        tree_.removeNode(L"L" + std::to_wstring(record->Nummer));
+    records_.LayoutRecords.Clear();
+}
+
+}  // namespace blattwart

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string>
+#include <unordered_map>
+
+#include "autocad/basAutoCAD.h"
+#include "platform/MessageBoxes.h"
+#include "views/NavigatorTree.h"
+
+namespace blattwart {
+
+/// Brings the tree below "A" in line with the drawings that the host has open and with their layouts. Each
+/// has a record, found again by its full name, that keeps its number and thereby its node's key over all
+/// refreshes.
+class LoadedDrawings {
+  public:
+    LoadedDrawings(NavigatorTree& tree, NavigatorRecords& records, basAutoCAD& autoCAD,
+                   MessageBoxes& messages, const Locale& locale)
+        : tree_(tree), records_(records), autoCAD_(autoCAD), messages_(messages), locale_(locale) {}
+
+    /// Reads everything anew. Does nothing without an active document; shows a message when the host fails,
+    /// with the nodes so far left as they are.
+    void ReadLoadedDrawings();
+    /// The host is not attached: drops all drawings and layouts, nodes and records.
+    void RemoveDrawingNodes();
+
+  private:
+    using Index = std::unordered_multimap<std::wstring, CAcadobj*>;
+
+    void readDrawing(const host::Document& document, const std::wstring& activeName);
+    void readLayouts(const host::Document& document, const std::wstring& path, const std::wstring& drawing,
+                     std::int32_t drawingNumber, bool drawingIsActive);
+    void ResetPresentFlags();
+    bool FindDrawingRecord(const std::wstring& path, const std::wstring& name, std::int32_t objectId,
+                           std::int32_t& drawingNumber, bool isActive);
+    bool findRecord(Index& index, const std::wstring& fullName, wchar_t kind, bool isActive,
+                    std::int32_t& number);
+    bool FindLayoutRecord(const std::wstring& path, const std::wstring& drawing, const host::Layout& layout,
+                          const std::wstring& layoutName, bool isActive);
+    std::shared_ptr<CAcadobj> addRecord(Collection<CAcadobj>& records, Index& index,
+                                        const std::wstring& fullName, const std::wstring& drawing,
+                                        std::int32_t objectId);
+    void RemoveStaleNodes();
+
+    NavigatorTree& tree_;
+    NavigatorRecords& records_;
+    basAutoCAD& autoCAD_;
+    MessageBoxes& messages_;
+    const Locale& locale_;
+    // Records by their full name in upper case, made anew for each reading.
+    Index drawingsByName_;
+    Index layoutsByName_;
+};
+
+}  // namespace blattwart

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "autocad/basAutoCAD.h"
+#include "controls/ListView.h"
+#include "dialogs/basAllgemein.h"
+#include "views/NavigatorTree.h"
+
+namespace blattwart {
+
+/// Saves a layout as a new template of the library, named in place in the tree, and deletes templates.
+class TemplateCreation {
+  public:
+    TemplateCreation(NavigatorTree& tree, ListView& list, basAutoCAD& autoCAD, basAllgemein& general,
+                     NavigatorRecords& records, Platform& platform)
+        : tree_(tree),
+          list_(list),
+          autoCAD_(autoCAD),
+          general_(general),
+          records_(records),
+          platform_(platform) {}
+
+    /// Wired at start-up.
+    struct Hooks {
+        std::function<void()> RefreshTree;
+        std::function<void()> showSelectedNode;
+        std::function<void()> ShowNodeStatus;
+    } hooks;
+
+    /// True while the placeholder "D0" stands in the tree.
+    bool newTemplatePending() const { return pending_; }
+    /// Adds the placeholder under the library, with the source layout's name proposed, and opens it for
+    /// editing.
+    void BeginNewTemplate();
+    /// The user has typed the template's name. Refuses an empty or taken one; otherwise has AutoCAD save the
+    /// layout. The placeholder becomes the template's node or goes.
+    void CreateTemplateFromLayout(const std::wstring& newName);
+    /// Takes a pending placeholder away.
+    void CancelNewTemplate();
+    /// Asks and deletes the selected template's file.
+    void DeleteTemplate();
+
+  private:
+    NavigatorTree& tree_;
+    ListView& list_;
+    basAutoCAD& autoCAD_;
+    basAllgemein& general_;
+    NavigatorRecords& records_;
+    Platform& platform_;
+    std::wstring sourceKey_;
+    std::wstring sourceLayout_;
+    bool pending_ = false;
+};
+
+}  // namespace blattwart

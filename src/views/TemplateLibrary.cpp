@@ -1,0 +1,61 @@
+#include "views/TemplateLibrary.h"
+
+#include "platform/Platform.h"
+
+namespace blattwart {
+
+namespace {
+
+constexpr std::int16_t present = -1;
+
+}  // namespace
+
+void TemplateLibrary::ReadTemplateFolder() {
+    try {
+        ResetTemplateFlags();
+        records_.TemplateFolder = database_.types().Item(L"1")->Verzeichnis;
+        for (const std::wstring& file : platform_.files.list(records_.TemplateFolder + L"\\*.dw*")) {
+            const std::wstring upper = platform_.locale.upperCase(file);
+            if (!upper.ends_with(L"DWG") && !upper.ends_with(L"DWT")) continue;
+            records_.countNext();
+            if (!FindTemplateRecord(file, records_.TemplateFolder)) tree_.AddTreeNode(file, true, false, 0);
+        }
+        RemoveStaleTemplates();
+    } catch (const RuntimeError&) {
+        platform_.messages.show(L"Vorlagen-Ordner kann nicht gelesen werden!", applicationTitle,
+                                MessageButtons::ok, MessageIcon::critical);
+    }
+}
+
+void TemplateLibrary::ResetTemplateFlags() {
+    byName_.clear();
+    for (const auto& record : records_.TemplateRecords) {
+        record->Vorhanden = 0;
+        byName_.emplace(platform_.locale.upperCase(record->Gesamt), record.get());
+    }
+}
+
+bool TemplateLibrary::FindTemplateRecord(const std::wstring& file, const std::wstring& folder) {
+    const std::wstring fullName = folder + L"\\" + file;
+    const std::wstring upper = platform_.locale.upperCase(fullName);
+    const auto [begin, end] = byName_.equal_range(upper);
+    for (auto entry = begin; entry != end; ++entry) entry->second->Vorhanden = present;
+    if (begin != end) return true;
+
+    auto record = std::make_shared<CVorlage>();
+    record->Vorhanden = present;
+    record->Nummer = records_.LastNumber;
+    record->Datei = file;
+    record->Gesamt = fullName;
+    records_.TemplateRecords.Add(record, std::to_wstring(record->Nummer));
+    byName_.emplace(upper, record.get());
+    return false;
+}
+
+void TemplateLibrary::RemoveStaleTemplates() {
+    // The records stay although their nodes go, as with the drawings; required so.
+    for (const auto& record : records_.TemplateRecords)
+        if (!record->Vorhanden) tree_.removeNode(L"D" + std::to_wstring(record->Nummer));
+}
+
+}  // namespace blattwart

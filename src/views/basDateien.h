@@ -1,0 +1,53 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "autocad/basAutoCAD.h"
+#include "controls/ListView.h"
+#include "views/NavigatorTree.h"
+
+namespace blattwart {
+
+/// The operations on drawings and template files that are selected in the tree or in the list.
+class basDateien {
+  public:
+    basDateien(NavigatorTree& tree, ListView& list, basAutoCAD& autoCAD, NavigatorRecords& records,
+               Platform& platform)
+        : tree_(tree), list_(list), autoCAD_(autoCAD), records_(records), platform_(platform) {}
+
+    /// Wired at start-up: what follows an operation.
+    struct Hooks {
+        std::function<void()> RefreshTree;
+        std::function<void()> ShowNodeStatus;
+    } hooks;
+
+    /// Full name of the drawing behind the list's selected item or the tree's selected node. Throws element
+    /// not found when there is none.
+    std::wstring GetSelectedDrawingFile(bool fromList);
+    /// Full file name of the template behind the selection; "" when there is none.
+    std::wstring GetSelectedTemplateFile(bool fromList);
+    /// Makes the selected drawing the active document or the selected layout the active layout.
+    void ActivateSelection(bool isLayout, bool askFirst, bool fromList);
+    /// Opens the selected template file in AutoCAD, unless it is open already.
+    void OpenTemplate(bool askFirst);
+    /// Types the close command for the selected drawing; AutoCAD itself asks about unsaved changes.
+    void CloseDrawing();
+    void SaveDrawing(bool saveAs);
+    /// Types the command that inserts layouts of the selected template into the active drawing.
+    void InsertLayoutFromTemplate();
+    /// Opens a file dropped on the tree. Returns whether AutoCAD was asked to open it.
+    bool OpenDroppedFile(const std::wstring& file);
+    void SwitchToModelSpace();
+    /// Takes the bold marks off all list items.
+    void ClearListBold();
+
+  private:
+    NavigatorTree& tree_;
+    ListView& list_;
+    basAutoCAD& autoCAD_;
+    NavigatorRecords& records_;
+    Platform& platform_;
+};
+
+}  // namespace blattwart

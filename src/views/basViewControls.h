@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "views/ListColumns.h"
+#include "views/ListContents.h"
+#include "views/LoadedDrawings.h"
+#include "views/NavigatorTree.h"
+#include "views/TemplateLibrary.h"
+
+namespace blattwart {
+
+/// The navigator as a whole: keeps the tree in line with host and library, and the list with the selected
+/// node.
+class basViewControls {
+  public:
+    basViewControls(TreeView& tree, ListView& list, Label& listTitle, basAutoCAD& autoCAD,
+                    basDatenbank& database, NavigatorRecords& records, Platform& platform);
+
+    NavigatorTree tree;
+    ListColumns columns;
+
+    /// What a refresh ends with besides the list; wired at start-up.
+    struct Hooks {
+        std::function<void()> setDragMode;
+        std::function<void()> ShowNodeStatus;
+        std::function<void()> VisbibleMnuMenu;
+    } hooks;
+
+    /// Brings tree, status line, list and command states in line with the host and the library folder.
+    void RefreshTree();
+    /// Gives the list the columns for the selected node, if it has others.
+    void SelectListColumns();
+    /// Fills the list for the selected node.
+    void FillListForNode();
+    /// The two list-filling steps as one event: the host is read once.
+    void showSelectedNode();
+
+  private:
+    void SetListColumns(ListKind kind);
+    void fill(ListKind kind);
+
+    ListView& list_;
+    basAutoCAD& autoCAD_;
+    basDatenbank& database_;
+    LoadedDrawings drawings_;
+    TemplateLibrary templates_;
+    ListContents contents_;
+    NavigatorRecords& records_;
+    // Key of the node that the columns' set-up has just filled the list for; FillListForNode need not repeat
+    // it.
+    std::wstring freshlyFilled_;
+};
+
+}  // namespace blattwart
