@@ -1,0 +1,68 @@
+#include "win32/MessageFilter.h"
+
+#include <objbase.h>
+
+#include "platform/RuntimeError.h"
+
+namespace blattwart {
+
+using Microsoft::WRL::ComPtr;
+
+namespace {
+
+class MessageFilter : public IMessageFilter {
+  public:
+    MessageFilter(Guard& guard, BusyHost& busyHost) : guard_(guard), busyHost_(busyHost) {}
+    virtual ~MessageFilter() = default;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+        if (!object) return E_POINTER;
+        const bool known = id == IID_IUnknown || id == IID_IMessageFilter;
+        *object = known ? static_cast<IMessageFilter*>(this) : nullptr;
+        if (!known) return E_NOINTERFACE;
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) override {
+        return SERVERCALL_ISHANDLED;
+    }
+    DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK, DWORD, DWORD) override { return static_cast<DWORD>(-1); }
+    DWORD STDMETHODCALLTYPE MessagePending(HTASK, DWORD milliseconds, DWORD) override {
+        return guard_.guarded(
+            [&] {
+                busyHost_.reportWaiting(static_cast<std::int32_t>(milliseconds));
+                return DWORD{PENDINGMSG_WAITDEFPROCESS};
+            },
+            DWORD{PENDINGMSG_WAITDEFPROCESS});
+    }
+
+  private:
+    Guard& guard_;
+    BusyHost& busyHost_;
+    ULONG references_ = 0;
+};
+
+}  // namespace
+
+ComPtr<IMessageFilter> makeMessageFilter(Guard& guard, BusyHost& busyHost) {
+    return ComPtr<IMessageFilter>(new MessageFilter(guard, busyHost));
+}
+
+MessageFilterRegistration::MessageFilterRegistration(Guard& guard, BusyHost& busyHost) {
+    const HRESULT result =
+        CoRegisterMessageFilter(makeMessageFilter(guard, busyHost).Get(), previous_.GetAddressOf());
+    if (FAILED(result)) throw RuntimeError(result, L"Der Nachrichtenfilter lässt sich nicht anmelden.");
+}
+
+MessageFilterRegistration::~MessageFilterRegistration() {
+    CoRegisterMessageFilter(previous_.Get(), nullptr);
+}
+
+}  // namespace blattwart

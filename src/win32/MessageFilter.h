@@ -1,0 +1,29 @@
+#pragma once
+
+#include <windows.h>
+
+#include <objidl.h>
+#include <wrl/client.h>
+
+#include "win32/Guard.h"
+
+namespace blattwart {
+
+/// Registers a message filter for the current thread as long as it lives: input is kept back while a call is
+/// under way, and refused calls come back at once, to be made again by BusyHost. The thread must be a
+/// single-threaded apartment; throws RuntimeError otherwise.
+class MessageFilterRegistration {
+  public:
+    MessageFilterRegistration(Guard& guard, BusyHost& busyHost);
+    MessageFilterRegistration(const MessageFilterRegistration&) = delete;
+    MessageFilterRegistration& operator=(const MessageFilterRegistration&) = delete;
+    ~MessageFilterRegistration();
+
+  private:
+    Microsoft::WRL::ComPtr<IMessageFilter> previous_;
+};
+
+/// The filter itself, apart from its registration.
+Microsoft::WRL::ComPtr<IMessageFilter> makeMessageFilter(Guard& guard, BusyHost& busyHost);
+
+}  // namespace blattwart
