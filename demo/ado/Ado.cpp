@@ -1,0 +1,15 @@
+#include "ado/Ado.h"
+
+#include "ado/AdoErrors.h"
+#include "ado/Connection.h"
+#include "ado/Recordset.h"
+
+namespace demo {
+
+blattwart::ObjectPtr makeAdo(std::wstring_view name, const AdoFaults& faults) {
+    if (ado::equalIgnoringCase(name, L"ADODB.Connection")) return std::make_shared<ado::Connection>(faults);
+    if (ado::equalIgnoringCase(name, L"ADODB.Recordset")) return std::make_shared<ado::Recordset>();
+    ado::fail(ado::AdoError::unknownClass);
+}
+
+}  // namespace demo

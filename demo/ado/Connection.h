@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "ado/Ado.h"
+#include "ado/AdoObject.h"
+#include "ado/Database.h"
+
+namespace demo::ado {
+
+class Recordset;
+
+/// "ADODB.Connection": CursorLocation, Open, State, Close. User and password of Open are not looked at.
+class Connection final : public AdoObject {
+  public:
+    explicit Connection(const AdoFaults& faults) : faults_(faults) {}
+
+    blattwart::Value invoke(std::int32_t id, Access access, Arguments arguments) override;
+
+    /// Runs a query for a recordset, which is closed together with the connection. Throws RuntimeError when
+    /// the connection is closed.
+    RowSet read(const std::wstring& source);
+    void adopt(std::weak_ptr<Recordset> recordset);
+
+  protected:
+    std::span<const MemberName> members() const override;
+
+  private:
+    void open(const std::wstring& connectionString);
+    void close();
+    blattwart::Value cursorLocation(Access access, Arguments arguments);
+
+    AdoFaults faults_;
+    std::int32_t cursorLocation_ = 2;
+    std::unique_ptr<Database> database_;
+    std::vector<std::weak_ptr<Recordset>> recordsets_;
+};
+
+}  // namespace demo::ado

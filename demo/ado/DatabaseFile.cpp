@@ -1,0 +1,87 @@
+#include "ado/DatabaseFile.h"
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <system_error>
+
+#include "ado/AdoErrors.h"
+
+namespace demo::ado {
+
+namespace {
+
+void appendUtf8(std::string& bytes, std::uint32_t code) {
+    const auto tail = [&](int shift) { bytes += static_cast<char>(0x80 | (code >> shift & 0x3F)); };
+    if (code < 0x80) {
+        bytes += static_cast<char>(code);
+    } else if (code < 0x800) {
+        bytes += static_cast<char>(0xC0 | code >> 6);
+        tail(0);
+    } else if (code < 0x10000) {
+        bytes += static_cast<char>(0xE0 | code >> 12);
+        tail(6);
+        tail(0);
+    } else {
+        bytes += static_cast<char>(0xF0 | code >> 18);
+        tail(12);
+        tail(6);
+        tail(0);
+    }
+}
+
+bool isHighSurrogate(std::uint32_t unit) {
+    return unit >= 0xD800 && unit < 0xDC00;
+}
+
+}  // namespace
+
+std::string toUtf8(std::wstring_view text) {
+    std::string bytes;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto code = static_cast<std::uint32_t>(text[i]);
+        if (isHighSurrogate(code) && i + 1 < text.size()) {
+            const auto low = static_cast<std::uint32_t>(text[++i]);
+            code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
+        }
+        appendUtf8(bytes, code);
+    }
+    return bytes;
+}
+
+#ifdef _WIN32
+
+bool fileExists(const std::wstring& path) {
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(path, ignored);
+}
+
+std::string driverPath(const std::wstring& path) {
+    using UnixFileName = char*(__cdecl*)(const wchar_t*);
+    const auto unixFileName = reinterpret_cast<UnixFileName>(
+        GetProcAddress(GetModuleHandleW(L"kernel32"), "wine_get_unix_file_name"));
+    if (!unixFileName) fail(AdoError::providerNotFound);
+    const auto release = [](char* text) { HeapFree(GetProcessHeap(), 0, text); };
+    const std::unique_ptr<char, decltype(release)> name(unixFileName(path.c_str()), release);
+    if (!name) fail(AdoError::unspecified);
+    return name.get();
+}
+
+#else
+
+bool fileExists(const std::wstring& path) {
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(toUtf8(path), ignored);
+}
+
+std::string driverPath(const std::wstring& path) {
+    return toUtf8(path);
+}
+
+#endif
+
+}  // namespace demo::ado

@@ -1,0 +1,19 @@
+#pragma once
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
+#include <sql.h>
+#include <sqlext.h>
+
+#include "ado/AdoErrors.h"
+
+namespace demo::ado {
+
+/// Throws RuntimeError with this error when an ODBC call failed.
+inline void check(SQLRETURN result, AdoError error = AdoError::unspecified) {
+    if (!SQL_SUCCEEDED(result)) fail(error);
+}
+
+}  // namespace demo::ado
