@@ -2,6 +2,10 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
 
 #include "controls/Control.h"
 #include "controls/Form.h"
@@ -10,8 +14,11 @@
 #include "controls/ToolBar.h"
 #include "controls/TreeView.h"
 #include "platform/Platform.h"
+#include "shell/Command.h"
 
 namespace blattwart {
+
+struct Modules;
 
 /// The main window: navigator tree, list, splitter, title strip, toolbar, status bar. All measures are twips.
 class frmMain {
@@ -29,15 +36,23 @@ class frmMain {
     Control imgSplitter;
     Control picSplitter;
     MenuItem menuBar;
+    MenuItem popupTemplateMenu;
+    MenuItem popupDrawingMenu;
+    MenuItem popupLayoutMenu;
 
     /// The window that shows the form; set once it exists, before Form_Load.
     void setWindow(FormWindow* window) { window_ = window; }
     FormWindow& window() { return *window_; }
+    /// The modules that the handlers call; before Form_Load.
+    void connect(Modules& modules) { modules_ = &modules; }
 
+    /// Places the window and loads the column widths. Throws type mismatch, with a text for the user, when a
+    /// stored value is no number.
     void Form_Load();
     void Form_Activate();
     void Form_Resize();
     void Form_Paint();
+    /// Saves what the user has set up. The window is closed afterwards.
     void Form_Unload();
     void imgSplitter_MouseDown();
     /// `x` is the mouse's position relative to the splitter image's left edge.
@@ -45,11 +60,66 @@ class frmMain {
     void imgSplitter_MouseUp();
     void ctlTimer_Timer();
     void SizeControls(float x);
+    void SetListViewMode(ListViewMode mode);
+    void SetTreeViewViewBySetting();
+    void MnuOptAutoCheck();
+    /// Enables menu items and toolbar buttons for the selected node.
+    void VisbibleMnuMenu();
+    /// Sets whether the tree starts drags by itself: the roots cannot be dragged.
+    void setDragMode();
+    /// Attaches to AutoCAD again when the user has just come back to the window.
+    void CheckAutoCAD();
+
+    void mnuStart_Click();
+    void mnuAutoEnd_Click();
+    void mnuViewToolbar_Click();
+    void mnuViewStatusBar_Click();
+    void mnuViewRefresh_Click();
+    void mnuEnd_Click();
+    template <int mode>
+    void mnuListViewMode_Click() {
+        SetListViewMode(static_cast<ListViewMode>(mode));
+    }
 
     static constexpr int timerInterval = 500;  ///< of the watchdog, milliseconds
 
+    /// A menu item of the menu bar or of a context menu by its name; throws element not found.
+    MenuItem& item(std::wstring_view name);
+
   private:
+    // One event is handled at a time: what arrives while a host call waits or a message box is open steps
+    // aside.
+    template <class Handler>
+    void handle(Handler&& handler) {
+        if (handling_ || platform_.automation.callPending()) return;
+        const Handling handling(handling_);
+        handler();
+    }
+    struct Handling {
+        explicit Handling(bool& flag) : flag(flag) { flag = true; }
+        ~Handling() { flag = false; }
+        Handling(const Handling&) = delete;
+        Handling& operator=(const Handling&) = delete;
+        bool& flag;
+    };
+
+    void buildCommands();
+    void addToMenus(const Command& command);
+    void addMenuItem(MenuItem& menu, std::wstring_view name, const Command& command);
+    void buildToolBar();
+    void run(const Command& command);
+    bool isEnabled(const Command& command, unsigned kind, const std::function<bool()>& modelSpacePossible);
+    bool drawingHasOtherLayouts(const TreeNode* node) const;
+    bool modelSpacePossible();
+    void tvTreeView_NodeClick();
+
+    Platform& platform_;
+    Modules* modules_ = nullptr;
     FormWindow* window_ = nullptr;
+    std::map<std::wstring, MenuItem*, std::less<>> items_;
+    std::vector<std::pair<const Command*, MenuItem*>> commandItems_;
+    bool splitterDragging_ = false;
+    bool handling_ = false;
 };
 
 /// Makes the windows that show the program's forms.

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "shell/Command.h"
+
+namespace blattwart {
+
+/// All commands, in the order of their menus.
+std::span<const Command> commands();
+
+/// Keys of the toolbar's buttons in their order; "" is a separator. Those behind the last separator are
+/// hidden.
+std::span<const std::wstring_view> toolBarKeys();
+
+/// Caption of a menu of the menu bar, with its access key.
+std::wstring_view menuCaption(MenuId menu);
+
+}  // namespace blattwart

@@ -1,0 +1,87 @@
+#include "shell/basMain.h"
+
+namespace blattwart {
+
+basMain::basMain(Platform& platform, FormPresenter& presenter)
+    : general(platform, [this] { return autoCAD.gAcadApp; }),
+      registry(platform),
+      autoCAD(platform, records),
+      database(platform, registry, [this] { return general.GetTemplateFolder(); }),
+      platform_(platform),
+      presenter_(presenter) {
+    autoCAD.LoadTypes = [this] { database.LoadTypes(); };
+    // Before the main window exists there is no tree to refresh.
+    autoCAD.RefreshTree = [this] {
+        if (views) views->RefreshTree();
+    };
+}
+
+bool basMain::Main() {
+    try {
+        // The question comes before the test for another instance; required so.
+        if (!autoCAD.IsAutoCADRunning()) {
+            if (!autoCAD.askToStart()) return false;
+            autoCAD.StartAutoCAD();
+        }
+        if (handOverToPreviousInstance()) return false;
+        autoCAD.ConnectAutoCAD();
+        database.LoadTypes();
+        createMainWindow();
+        showMainWindow();
+        return true;
+    } catch (const RuntimeError& error) {
+        platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok, MessageIcon::critical);
+        return false;
+    }
+}
+
+bool basMain::handOverToPreviousInstance() {
+    if (!platform_.process.previousInstance()) return false;
+    if (const WindowHandle window = platform_.desktop.findWindow(applicationTitle)) {
+        platform_.desktop.showNormal(window);
+        platform_.desktop.setForeground(window);
+    }
+    return true;
+}
+
+void basMain::createMainWindow() {
+    fMainForm = std::make_unique<frmMain>(platform_);
+    views = std::make_unique<basViewControls>(fMainForm->tvTreeView, fMainForm->lvListView, fMainForm->lblTitle[1],
+                                              autoCAD, database, records, platform_);
+    modules_ = std::make_unique<Modules>(
+        Modules{registry, autoCAD, *views, gWasForeground, [this] { ShowNodeStatus(); }});
+    fMainForm->connect(*modules_);
+    views->hooks = {.setDragMode = [this] { fMainForm->setDragMode(); },
+                    .ShowNodeStatus = [this] { ShowNodeStatus(); },
+                    .VisbibleMnuMenu = [this] { fMainForm->VisbibleMnuMenu(); }};
+    fMainForm->setWindow(&presenter_.createMainWindow(*fMainForm));
+}
+
+void basMain::showMainWindow() {
+    frmMain& form = *fMainForm;
+    form.Form_Load();
+    views->tree.BuildTree();
+    views->RefreshTree();
+    gWasForeground = 1;
+    views->columns.ListMode = ListKind::none;
+    views->showSelectedNode();
+    views->columns.RestoreColumnOrder(views->tree.selectedKind());
+    views->tree.GetSelectedNodeKind();
+    form.MnuOptAutoCheck();
+    form.SetTreeViewViewBySetting();
+    form.window().show();
+}
+
+void basMain::ShowNodeStatus() {
+    const std::wstring kind = views->tree.selectedKind();
+    std::wstring text;
+    if (kind == L"B" || kind == L"D") {
+        text = records.TemplateFolder;
+    } else {
+        text = autoCAD.GetActiveDrawingName();
+        if (text.empty()) text = L"Keine aktive AutoCAD-Zeichnung !";
+    }
+    fMainForm->sbStatusBar.setPanelText(1, text);
+}
+
+}  // namespace blattwart

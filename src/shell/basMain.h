@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "autocad/basAutoCAD.h"
+#include "data/basDatenbank.h"
+#include "data/basRegistry.h"
+#include "dialogs/basAllgemein.h"
+#include "shell/Modules.h"
+#include "shell/frmMain.h"
+#include "views/basViewControls.h"
+
+namespace blattwart {
+
+/// The program: owns all modules and forms, wires them, and starts.
+class basMain {
+  public:
+    basMain(Platform& platform, FormPresenter& presenter);
+
+    /// The start-up procedure. Returns whether the program goes on with its main window; otherwise it ends.
+    bool Main();
+
+    /// Writes the first panel of the status bar for the tree's selected node.
+    void ShowNodeStatus();
+
+    /// 1 while the main window was the foreground window at the last look of the watchdog, else 0.
+    std::int16_t gWasForeground = 0;
+    NavigatorRecords records;
+    basAllgemein general;
+    basRegistry registry;
+    basAutoCAD autoCAD;
+    basDatenbank database;
+    std::unique_ptr<frmMain> fMainForm;
+    /// The navigator in the main window; made with it.
+    std::unique_ptr<basViewControls> views;
+
+  private:
+    bool handOverToPreviousInstance();
+    void createMainWindow();
+    void showMainWindow();
+
+    Platform& platform_;
+    FormPresenter& presenter_;
+    std::unique_ptr<Modules> modules_;
+};
+
+}  // namespace blattwart

@@ -1,0 +1,236 @@
+#include "shell/frmMain.h"
+
+#include <cmath>
+
+#include "platform/Conversions.h"
+#include "platform/NumberSetting.h"
+#include "shell/Modules.h"
+
+namespace blattwart {
+
+namespace {
+
+// Twips.
+constexpr float minimumWindowWidth = 3000;
+constexpr float minimumPaneWidth = 1500;
+constexpr float splitterLimit = 500;
+constexpr float paneGap = 40;
+constexpr float horizontalAllowance = 140;
+constexpr float titleInset = 20;
+constexpr float titleShortening = 40;
+constexpr float splitterBarShortening = 20;
+constexpr float initialTreeWidth = 2600;
+
+constexpr int viewModes = 4;
+constexpr int firstModeButton = 14;
+
+float placementSetting(const Settings& settings, std::wstring_view key, std::wstring_view defaultText) {
+    return static_cast<float>(numberSetting(settings, key, defaultText));
+}
+
+}  // namespace
+
+frmMain::frmMain(Platform& platform) : lvListView(platform.locale), platform_(platform) {
+    lblTitle[0].setText(L"Zeichnungen und Vorlagen:");
+    imgSplitter.setLeft(initialTreeWidth);
+    picSplitter.setVisible(false);
+    buildCommands();
+    item(L"mnuViewToolbar").setChecked(true);
+    item(L"mnuViewStatusBar").setChecked(true);
+    tvTreeView.events.nodeClick = [this](TreeNode&) { handle([this] { tvTreeView_NodeClick(); }); };
+}
+
+void frmMain::Form_Load() {
+    const Settings& settings = platform_.settings;
+    Placement placement;
+    placement.left = placementSetting(settings, L"MainLeft", L"1000");
+    placement.top = placementSetting(settings, L"MainTop", L"1000");
+    placement.width = placementSetting(settings, L"MainWidth", L"6500");
+    placement.height = placementSetting(settings, L"MainHeight", L"6500");
+    window_->setPlacement(placement);
+    modules_->views.columns.LoadColumnWidths();
+}
+
+void frmMain::Form_Activate() {
+    handle([this] {
+        VisbibleMnuMenu();
+        modules_->views.showSelectedNode();
+    });
+}
+
+void frmMain::Form_Resize() {
+    if (window_->minimised()) return;
+    ignoringErrors([this] {
+        if (window_->width() < minimumWindowWidth) window_->setWidth(minimumWindowWidth);
+    });
+    ignoringErrors([this] { SizeControls(imgSplitter.left()); });
+}
+
+void frmMain::SizeControls(float x) {
+    const float width = window_->width();
+    if (x < minimumPaneWidth) x = minimumPaneWidth;
+    if (x > width - minimumPaneWidth) x = width - minimumPaneWidth;
+
+    tvTreeView.setWidth(x);
+    imgSplitter.setLeft(x);
+    lvListView.setLeft(x + paneGap);
+    lvListView.setWidth(width - (x + horizontalAllowance));
+    lblTitle[0].setWidth(x);
+    lblTitle[1].setLeft(lvListView.left() + titleInset);
+    lblTitle[1].setWidth(lvListView.width() - titleShortening);
+
+    picTitles.setTop(tbToolBar.visible() ? tbToolBar.height() : 0);
+    const float top = picTitles.top() + picTitles.height();
+    const float statusHeight = sbStatusBar.visible() ? sbStatusBar.height() : 0;
+    const float height = window_->innerHeight() - (top + statusHeight);
+    tvTreeView.setTop(top);
+    if (height >= 0) tvTreeView.setHeight(height);
+    for (Control* control : {static_cast<Control*>(&lvListView), &imgSplitter}) {
+        control->setTop(tvTreeView.top());
+        control->setHeight(tvTreeView.height());
+    }
+}
+
+void frmMain::imgSplitter_MouseDown() {
+    const auto imageWidth = static_cast<long>(std::lround(imgSplitter.width()));
+    picSplitter.setLeft(imgSplitter.left());
+    picSplitter.setTop(imgSplitter.top());
+    picSplitter.setWidth(static_cast<float>(imageWidth / 2));
+    ignoringErrors([this] { picSplitter.setHeight(imgSplitter.height() - splitterBarShortening); });
+    picSplitter.setVisible(true);
+    splitterDragging_ = true;
+}
+
+void frmMain::imgSplitter_MouseMove(float x) {
+    if (!splitterDragging_) return;
+    const float rightLimit = window_->width() - splitterLimit;
+    const float position = x + imgSplitter.left();
+    picSplitter.setLeft(position < splitterLimit ? splitterLimit
+                        : position > rightLimit  ? rightLimit
+                                                 : position);
+}
+
+void frmMain::imgSplitter_MouseUp() {
+    SizeControls(picSplitter.left());
+    picSplitter.setVisible(false);
+    splitterDragging_ = false;
+}
+
+void frmMain::mnuViewToolbar_Click() {
+    MenuItem& entry = item(L"mnuViewToolbar");
+    entry.setChecked(!entry.checked());
+    tbToolBar.setVisible(entry.checked());
+    SizeControls(imgSplitter.left());
+}
+
+void frmMain::mnuViewStatusBar_Click() {
+    MenuItem& entry = item(L"mnuViewStatusBar");
+    entry.setChecked(!entry.checked());
+    sbStatusBar.setVisible(entry.checked());
+    SizeControls(imgSplitter.left());
+}
+
+void frmMain::SetListViewMode(ListViewMode mode) {
+    // The list asks for what it shows, so its entries need no adapting to the mode.
+    lvListView.setMode(mode);
+    const int number = static_cast<int>(mode);
+    ignoringErrors([&] { platform_.settings.set(L"ViewMode", std::to_wstring(number)); });
+    for (int i = 0; i < viewModes; ++i) {
+        const std::wstring index = L"(" + std::to_wstring(i) + L")";
+        for (const wchar_t* name :
+             {L"popListViewModeD", L"popListViewModeZ", L"popListViewModeL", L"mnuListViewMode"})
+            item(name + index).setChecked(i == number);
+        tbToolBar.setButtonPressed(firstModeButton + i, i == number);
+    }
+}
+
+void frmMain::SetTreeViewViewBySetting() {
+    ignoringErrors([this] {
+        const int mode = toInt16(numericPrefix(platform_.settings.get(L"ViewMode", L"0")));
+        if (mode >= 0 && mode < viewModes) lvListView.setMode(static_cast<ListViewMode>(mode));
+    });
+    SetListViewMode(lvListView.mode());
+}
+
+void frmMain::MnuOptAutoCheck() {
+    item(L"mnuAutoEnd").setChecked(modules_->registry.GetAutoEnd() == 1);
+}
+
+void frmMain::Form_Unload() {
+    ListColumns& columns = modules_->views.columns;
+    columns.leave();
+    if (!window_->minimised()) {
+        const Placement placement = window_->placement();
+        const auto save = [this](std::wstring_view key, float twips) {
+            ignoringErrors([&] { platform_.settings.set(key, plainText(twips)); });
+        };
+        save(L"MainLeft", placement.left);
+        save(L"MainTop", placement.top);
+        save(L"MainWidth", placement.width);
+        save(L"MainHeight", placement.height);
+    }
+    // Buttons 8 to 11, not those of the view modes; required so, and harmless while none of them stays
+    // pressed.
+    for (int index = 8; index <= 11; ++index)
+        if (tbToolBar.button(index).pressed)
+            ignoringErrors([&] { platform_.settings.set(L"ViewMode", std::to_wstring(index - 8)); });
+    columns.StoreColumnWidths();
+    columns.SaveColumnWidths();
+}
+
+void frmMain::ctlTimer_Timer() {
+    // A refresh would tear a label away from the user who is typing.
+    if (tvTreeView.editedNode() || lvListView.editedItem()) return;
+    handle([this] { CheckAutoCAD(); });
+}
+
+void frmMain::CheckAutoCAD() {
+    if (platform_.desktop.foreground() != window_->handle()) {
+        modules_->gWasForeground = 0;
+        return;
+    }
+    if (modules_->gWasForeground == 1) return;
+    basAutoCAD& autoCAD = modules_->autoCAD;
+    if (!autoCAD.IsAutoCADRunning()) {
+        if (!autoCAD.askToStart()) {
+            platform_.process.end();
+            return;
+        }
+        autoCAD.StartAutoCAD();
+    }
+    autoCAD.ConnectAutoCAD();
+    modules_->views.RefreshTree();
+    modules_->gWasForeground = 1;
+}
+
+void frmMain::tvTreeView_NodeClick() {
+    setDragMode();
+    SetTreeViewViewBySetting();
+    modules_->views.showSelectedNode();
+    modules_->ShowNodeStatus();
+    VisbibleMnuMenu();
+}
+
+void frmMain::setDragMode() {
+    const std::wstring kind = modules_->views.tree.selectedKind();
+    tvTreeView.setDragAutomatic(kind != L"A" && kind != L"B");
+}
+
+void frmMain::mnuStart_Click() {
+    modules_->autoCAD.StartAutoCAD();
+}
+
+void frmMain::mnuAutoEnd_Click() {
+    modules_->registry.SetAutoEnd(item(L"mnuAutoEnd").checked() ? 0 : 1);
+    MnuOptAutoCheck();
+}
+
+void frmMain::mnuViewRefresh_Click() {
+    modules_->views.RefreshTree();
+}
+
+void frmMain::mnuEnd_Click() {
+    window_->close();
+}
+
+}  // namespace blattwart

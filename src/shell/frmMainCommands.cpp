@@ -1,0 +1,160 @@
+// The command table made into menus, context menus and toolbar, and its enabling rules.
+
+#include <algorithm>
+#include <optional>
+
+#include "shell/Commands.h"
+#include "shell/frmMain.h"
+#include "shell/Modules.h"
+
+namespace blattwart {
+
+namespace {
+
+struct Popup {
+    PopupGroups group;
+    wchar_t letter;  // in the names of the view-mode items
+    MenuItem frmMain::*menu;
+};
+constexpr std::array<Popup, 3> popups{{{popupTemplates, L'D', &frmMain::popupTemplateMenu},
+                                       {popupDrawings, L'Z', &frmMain::popupDrawingMenu},
+                                       {popupLayouts, L'L', &frmMain::popupLayoutMenu}}};
+
+constexpr const wchar_t* viewCaption = L"&Ansicht";
+constexpr int lastVisibleButton = 22;
+
+unsigned kindBit(std::wstring_view kind) {
+    constexpr std::wstring_view letters = L"AZLBD";
+    const std::size_t place = kind.empty() ? letters.npos : letters.find(kind.front());
+    return place == letters.npos ? noKind : 1U << place;
+}
+
+MenuItem& subMenu(MenuItem& menu, std::wstring_view caption) {
+    for (const auto& entry : menu.items())
+        if (entry->caption() == caption) return *entry;
+    return menu.add({}, std::wstring(caption));
+}
+
+}  // namespace
+
+void frmMain::buildCommands() {
+    for (const Command& command : commands()) addToMenus(command);
+    buildToolBar();
+}
+
+void frmMain::addToMenus(const Command& command) {
+    if (command.menu != MenuId::none) {
+        MenuItem& menu = subMenu(menuBar, menuCaption(command.menu));
+        if (command.separatorBefore && !menu.items().empty()) menu.addSeparator();
+        addMenuItem(menu, command.item, command);
+    }
+    for (const Popup& popup : popups) {
+        if (!(command.popups & popup.group)) continue;
+        MenuItem& menu = this->*popup.menu;
+        std::wstring name(command.pop);
+        const std::size_t star = name.find(L'*');
+        if (star == name.npos) {
+            addMenuItem(menu, name, command);
+        } else {
+            name[star] = popup.letter;
+            addMenuItem(subMenu(menu, viewCaption), name, command);
+        }
+    }
+}
+
+void frmMain::addMenuItem(MenuItem& menu, std::wstring_view name, const Command& command) {
+    MenuItem& entry = menu.add(std::wstring(name), std::wstring(command.caption), command.shortcut);
+    entry.click = [this, &command] { run(command); };
+    items_[entry.name()] = &entry;
+    commandItems_.emplace_back(&command, &entry);
+}
+
+void frmMain::buildToolBar() {
+    int image = 0;
+    int index = 0;
+    for (const std::wstring_view key : toolBarKeys()) {
+        ToolBarButton button;
+        button.key = key;
+        ++index;
+        if (key.empty()) {
+            button.style = ToolBarButton::Style::separator;
+        } else {
+            const auto command = std::ranges::find(commands(), key, &Command::button);
+            const bool offered = command != commands().end();
+            button.image = ++image;
+            button.enabled = offered;
+            button.visible = index <= lastVisibleButton;
+            if (key.ends_with(L" anzeigen")) button.style = ToolBarButton::Style::check;
+            if (offered) {
+                button.toolTip = command->toolTip;
+                if (command->shortcut.key) button.toolTip += L" (" + command->shortcut.text() + L")";
+            }
+        }
+        tbToolBar.add(std::move(button));
+    }
+    tbToolBar.events.buttonClick = [this](const std::wstring& key) {
+        const auto command = std::ranges::find(commands(), key, &Command::button);
+        if (command != commands().end()) run(*command);
+    };
+}
+
+MenuItem& frmMain::item(std::wstring_view name) {
+    const auto entry = items_.find(name);
+    if (entry == items_.end())
+        throw RuntimeError(errorNumber::elementNotFound,
+                           L"Menüeintrag nicht gefunden: " + std::wstring(name));
+    return *entry->second;
+}
+
+void frmMain::run(const Command& command) {
+    handle([&] { (this->*command.run)(); });
+}
+
+void frmMain::VisbibleMnuMenu() {
+    const unsigned kind = kindBit(modules_->views.tree.selectedKind());
+    // Asks the host, so at most once and only where a row depends on it.
+    std::optional<bool> modelSpace;
+    const auto modelSpaceOnce = [&] {
+        if (!modelSpace) modelSpace = modelSpacePossible();
+        return *modelSpace;
+    };
+    for (const auto& [command, entry] : commandItems_)
+        entry->setEnabled(isEnabled(*command, kind, modelSpaceOnce));
+    const auto keys = toolBarKeys();
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        if (keys[i].empty()) continue;
+        const auto command = std::ranges::find(commands(), keys[i], &Command::button);
+        if (command != commands().end())
+            tbToolBar.setButtonEnabled(static_cast<int>(i) + 1, isEnabled(*command, kind, modelSpaceOnce));
+    }
+}
+
+bool frmMain::isEnabled(const Command& command, unsigned kind, const std::function<bool()>& modelSpace) {
+    const bool attached = static_cast<bool>(modules_->autoCAD.gAcadApp);
+    const bool ofKind = (command.kinds & kind) != 0;
+    const TreeNode* node = tvTreeView.selected();
+    switch (command.enabling) {
+        case Enabling::always:
+            return true;
+        case Enabling::attached:
+            return attached;
+        case Enabling::notAttached:
+            return !attached;
+        case Enabling::byKind:
+            return ofKind;
+        case Enabling::deletable:
+            return ofKind && (!(kind & (kindZ | kindL)) || drawingHasOtherLayouts(node));
+        case Enabling::modelSpace:
+            return ofKind && attached && modelSpace();
+        case Enabling::notActive:
+            return ofKind && !(kind == kindZ && node->bold());
+    }
+    return false;
+}
+
+bool frmMain::drawingHasOtherLayouts(const TreeNode* node) const {
+    const TreeNode* drawing = node->key().front() == L'L' ? node->parent() : node;
+    return drawing && drawing->children().size() >= 2;
+}
+
+}  // namespace blattwart
