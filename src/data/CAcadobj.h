@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace blattwart {
+
+/// What the navigator knows about one drawing or layout.
+struct CAcadobj {
+    std::int32_t AObjId = 0;     ///< of the layout in the host
+    std::wstring Gesamt;         ///< full name: folder, backslash, file name; for a layout, ";" and its name
+    std::int16_t Vorhanden = 0;  ///< -1 when met in the last refresh
+    std::wstring Zeichnung;      ///< file name of the drawing
+    std::wstring Layout;         ///< name of the layout
+    std::int32_t Nummer = 0;
+};
+
+}  // namespace blattwart
