@@ -7,8 +7,8 @@
 
 namespace blattwart {
 
-/// What every control has: place and size in twips within its form, visibility, enabling. The window that shows
-/// the control sets `changed` and is told of every change that can be seen.
+/// What every control has: place and size in twips within its form, visibility, enabling. The window that
+/// shows the control sets `changed` and is told of every change that can be seen.
 class Control {
   public:
     Control() = default;

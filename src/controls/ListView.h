@@ -61,11 +61,11 @@ struct ListColumn {
 class ListViewListener {
   public:
     virtual ~ListViewListener() = default;
-    virtual void rowsChanged() = 0;       ///< other rows, or the same in another order
-    virtual void rowChanged(int row) = 0; ///< content of the row at this displayed place (from 0)
-    virtual void selectionChanged() = 0;  ///< selection or focus
+    virtual void rowsChanged() = 0;        ///< other rows, or the same in another order
+    virtual void rowChanged(int row) = 0;  ///< content of the row at this displayed place (from 0)
+    virtual void selectionChanged() = 0;   ///< selection or focus
     virtual void columnsChanged() = 0;
-    virtual void sortChanged() = 0; ///< sort column, order, sorting on or off
+    virtual void sortChanged() = 0;  ///< sort column, order, sorting on or off
     virtual void modeChanged() = 0;
     virtual void labelEditStarted(const ListItem& item) = 0;
     virtual void labelEditCancelled() = 0;
@@ -112,8 +112,8 @@ class ListView : public Control {
     void addColumn(std::wstring text, float widthTwips);
     /// `index` counts from 1. Throws invalid call for an unknown index or a negative width.
     void setColumnWidth(int index, float twips);
-    /// Moves the column with this index (from 1) to a display position (from 0); the others close up and make room.
-    /// Throws invalid call for an unknown index or position.
+    /// Moves the column with this index (from 1) to a display position (from 0); the others close up and make
+    /// room. Throws invalid call for an unknown index or position.
     void setColumnPosition(int index, int position);
     /// All display positions at once, in column order; must be a permutation of 0..n-1, else invalid call.
     void setColumnPositions(const std::vector<int>& positions);

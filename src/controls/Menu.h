@@ -8,7 +8,8 @@
 
 namespace blattwart {
 
-/// A key with its modifiers. `key` is a letter's upper-case code or one of the named virtual keys; 0 for none.
+/// A key with its modifiers. `key` is a letter's upper-case code or one of the named virtual keys; 0 for
+/// none.
 struct Shortcut {
     static constexpr std::uint16_t enter = 0x0D;
     static constexpr std::uint16_t del = 0x2E;

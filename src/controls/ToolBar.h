@@ -34,13 +34,16 @@ class ToolBar : public Control {
     void setButtonEnabled(int index, bool enabled);
     void setButtonPressed(int index, bool pressed);
 
-    /// The window (or a test) reports a click; nothing happens when the button is disabled.
+    /// The window (or a test) reports a click; nothing happens when the button is disabled. A check button is
+    /// pressed or released first, as the native one does by itself.
     void userClicks(std::wstring_view key);
 
     /// Told the index of the button whose state changed.
     std::function<void(int index)> buttonChanged;
 
   private:
+    void setState(int index, bool ToolBarButton::*state, bool value);
+
     std::vector<ToolBarButton> buttons_;
 };
 

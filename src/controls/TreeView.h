@@ -68,16 +68,17 @@ class TreeNode {
 };
 
 /// The window that shows a tree. Structure and selection are told when they change, looks once per update.
-/// Within an update, updateBegun precedes the first thing that is told and updateEnded follows the last; an update
-/// that tells nothing tells neither.
+/// Within an update, updateBegun precedes the first thing that is told and updateEnded follows the last; an
+/// update that tells nothing tells neither.
 class TreeViewListener {
   public:
     virtual ~TreeViewListener() = default;
     virtual void updateBegun() = 0;
     virtual void updateEnded() = 0;
-    virtual void nodeAdded(const TreeNode& node) = 0;   ///< appended behind its parent's last child
-    virtual void nodeRemoved(const TreeNode& node) = 0; ///< with everything below it; the selection has left it already, the node itself goes after this
-    virtual void nodeChanged(const TreeNode& node) = 0; ///< text, images, bold, colour or expansion
+    virtual void nodeAdded(const TreeNode& node) = 0;    ///< appended behind its parent's last child
+    virtual void nodeRemoved(const TreeNode& node) = 0;  ///< with everything below it; the selection has left
+                                                         ///< it already, the node itself goes after this
+    virtual void nodeChanged(const TreeNode& node) = 0;  ///< text, images, bold, colour or expansion
     virtual void selectionChanged() = 0;
     virtual void dropHighlightChanged() = 0;
     virtual void labelEditStarted(const TreeNode& node) = 0;
@@ -98,7 +99,8 @@ class TreeView : public Control {
     TreeView() = default;
 
     /// Appends a node behind the last child of `parent` (null: behind the last root). Throws duplicate key.
-    TreeNode& add(TreeNode* parent, std::wstring key, std::wstring text, int image = 0, int selectedImage = 0);
+    TreeNode& add(TreeNode* parent, std::wstring key, std::wstring text, int image = 0,
+                  int selectedImage = 0);
     /// Throws RuntimeError (element not found) for an unknown key.
     TreeNode& node(std::wstring_view key);
     TreeNode* find(std::wstring_view key);
@@ -109,23 +111,24 @@ class TreeView : public Control {
     void clear();
     const std::vector<TreeNode*>& roots() const { return roots_; }
     /// Calls the visitor for every node, parents before children, in displayed order.
+    /// The visitor must not add or remove nodes.
     void forEach(const std::function<void(TreeNode&)>& visitor);
 
     TreeNode* selected() const { return selected_; }
-    /// Selects the node, expanding all above it as the native control does. Leaving a node whose label is edited
-    /// cancels the edit: the edited node is always the selected one.
+    /// Selects the node, expanding all above it as the native control does. Leaving a node whose label is
+    /// edited cancels the edit: the edited node is always the selected one.
     void select(TreeNode& node);
 
-    /// Nested brackets around a change of many nodes. Looks are compared when the outermost ends: what was changed
-    /// and changed back is not told.
+    /// Nested brackets around a change of many nodes. Looks are compared when the outermost ends: what was
+    /// changed and changed back is not told.
     void BeginUpdate();
     void EndUpdate();
 
     /// The new listener is told nothing of what is in the tree already.
     void setListener(TreeViewListener* listener);
 
-    /// What the user did, reported by the window (or by a test). A click selects the node and raises nodeClick,
-    /// also on the node that is selected already.
+    /// What the user did, reported by the window (or by a test). A click selects the node and raises
+    /// nodeClick, also on the node that is selected already.
     void userClicks(TreeNode& node);
     /// Collapsing above the selection counts as a click on the collapsed node.
     void userExpands(TreeNode& node, bool expanded);
@@ -142,8 +145,8 @@ class TreeView : public Control {
     void cancelLabelEdit();
     TreeNode* editedNode() const { return editedNode_; }
     const std::wstring& editText() const { return editText_; }
-    /// The window reports the end of the edit: no text when it was cancelled. With a text afterLabelEdit is raised
-    /// once the edit is over; the node keeps its text. Nothing happens when no edit is under way.
+    /// The window reports the end of the edit: no text when it was cancelled. With a text afterLabelEdit is
+    /// raised once the edit is over; the node keeps its text. Nothing happens when no edit is under way.
     void userEndsLabelEdit(const std::wstring* text);
 
   private:
@@ -174,6 +177,7 @@ class TreeView : public Control {
     std::wstring editText_;
     int updates_ = 0;
     bool updateTold_ = false;
+    bool dragAutomatic_ = false;
     TreeViewListener* listener_ = nullptr;
 };
 
