@@ -4,6 +4,7 @@
 #include <span>
 #include <unordered_map>
 
+#include "dxf/FileFormat.h"
 #include "dxf/Layout.h"
 
 namespace demo {
@@ -40,7 +41,7 @@ class Drawing {
     void saveFile(const std::wstring& path) const;
 
     /// The release code, such as "AC1024".
-    std::string version() const;
+    const std::string& version() const { return file_.release; }
 
     // Header variables ("$TILEMODE", "$INSUNITS", ...)
 
@@ -116,9 +117,59 @@ class Drawing {
     std::int32_t audit();
 
   private:
+    friend class DrawingLoader;
+    friend class ObjectCopier;
+
     Drawing() = default;
 
+    void writeContent(FileWriter& writer, const Section& section) const;
+    static bool isInEntities(const Block& block);
+    Groups& header();
+    const Groups& header() const;
+
+    Handle newHandle() { return nextHandle_++; }
+    /// Makes an object and its parts known by their handles.
+    void enter(Object& object);
+    /// Puts an object into a list of the drawing and makes it known.
+    Object& adopt(Objects& list, std::unique_ptr<Object> object);
+    /// What an object owns by its dictionary entries and its extension dictionary.
+    std::vector<Object*> owned(const Object& object) const;
+    /// Forgets objects that were taken out of the drawing, and removes everything that they own.
+    void discard(const Objects& removed);
+
+    Table* findTable(std::wstring_view name);
+    const Table* findTable(std::wstring_view name) const;
+    Object* findRecord(const Table& table, std::wstring_view name) const;
+    Object& rootDictionary() const;
+    /// A dictionary in the root dictionary, made when it is missing.
+    Object& namedDictionary(std::wstring_view name);
+
+    Block& addBlock(std::unique_ptr<Block> block);
+    void takeBlock(Block& block, Objects& removed);
+    void renameBlock(Block& block, const std::wstring& name);
+    std::wstring freePaperSpaceName() const;
+    Block& newPaperSpaceBlock();
+
+    void requireNewLayoutName(std::wstring_view name, const Layout* renamed = nullptr) const;
+    Layout& insertLayout(std::unique_ptr<Object> object, Block& block, std::wstring_view name,
+                         std::size_t position);
+    Layout& takeOver(const Drawing& from, const Layout& source, std::wstring_view name, std::size_t position);
+    void linkLayout(Layout& layout);
+    void noteCurrentTab(const std::wstring& name);
+    std::size_t positionOf(const Layout& layout) const;
+    void numberTabs();
+    void makeActivePaper(Layout& layout);
+    void addSheetViewport(Layout& layout);
+
+    FileContent file_;  ///< without what is held below
+    std::vector<Table> tables_;
     std::vector<std::unique_ptr<Block>> blocks_;
+    Objects objects_;
+    std::vector<std::unique_ptr<Layout>> layouts_;  ///< in tab order, model space first
+    std::unordered_map<Handle, Object*> index_;
+    std::unordered_map<Handle, Block*> blocksByRecord_;
+    std::unordered_map<std::wstring, Block*> blocksByName_;
+    Handle nextHandle_ = 1;
 };
 
 }  // namespace demo

@@ -36,7 +36,8 @@ struct Group {
 
 using Groups = std::vector<Group>;
 
-/// Groups of a given value. Text with control characters cannot be stored: throws invalidCall.
+/// Groups of a given value. Text with control characters and infinite numbers cannot be stored: throws
+/// invalidCall.
 Group textGroup(std::int16_t code, std::wstring_view text);
 Group numberGroup(std::int16_t code, double number);
 Group integerGroup(std::int16_t code, std::int64_t number);

@@ -4,11 +4,14 @@
 
 namespace demo {
 
+class Layout;
+
 /// A block definition: what a block reference shows, or the content of a layout.
 struct Block {
     std::unique_ptr<Object> begin;  ///< the BLOCK record
     std::unique_ptr<Object> end;    ///< the ENDBLK record
     Object* record = nullptr;       ///< its entry in the table of blocks; null when the file has none
+    Layout* layout = nullptr;       ///< the layout whose content this is; null for other blocks
     Objects entities;               ///< in drawing order
 
     std::wstring name() const { return begin->text(2); }
@@ -40,7 +43,9 @@ struct PlotSettings {
 /// again.
 class Layout {
   public:
-    Layout(Object& object, Block& block) : object_(object), block_(block) {}
+    Layout(Object& object, Block& block) : object_(object), block_(block) { block.layout = this; }
+    Layout(const Layout&) = delete;
+    Layout& operator=(const Layout&) = delete;
 
     Handle handle() const { return object_.handle(); }
     /// "Model" for model space (or what the file calls it).
