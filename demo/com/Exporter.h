@@ -1,0 +1,62 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "object/DispatchObject.h"
+#include "win32/ComValue.h"
+
+namespace demo {
+
+using blattwart::ComPtr;
+using blattwart::ObjectPtr;
+
+class ExportedObject;
+
+/// What came in from other processes so far.
+struct WireCounters {
+    std::uint32_t idLookups = 0;
+    std::uint32_t calls = 0;     ///< carried out
+    std::uint32_t nexts = 0;     ///< requests for elements of an enumeration
+    std::uint32_t refused = 0;   ///< refused without being carried out
+    std::uint32_t objects = 0;   ///< objects handed out
+    std::uint32_t released = 0;  ///< objects that nobody outside holds any more
+};
+
+/// Offers objects of a stand-in through IDispatch. The same object always has the same identity outside as
+/// long as somebody there holds it. All of it belongs to one single-threaded apartment. Made by
+/// std::make_shared.
+class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_this<Exporter> {
+  public:
+    /// Asked before each call that comes in; anything but S_OK is the answer and the call is not carried out.
+    using Admission = std::function<HRESULT()>;
+
+    /// `source` is what exceptions name as their origin.
+    explicit Exporter(std::wstring source, Admission admission = {})
+        : source_(std::move(source)), admission_(std::move(admission)) {}
+
+    ComPtr<IDispatch> toDispatch(const ObjectPtr& object) override;
+    /// Objects made here only; others are a type mismatch.
+    ObjectPtr fromDispatch(IDispatch* dispatch) override;
+
+    const std::wstring& source() const { return source_; }
+    HRESULT admit();
+    const WireCounters& counters() const { return counters_; }
+    WireCounters& counters() { return counters_; }
+    /// Objects that are held outside.
+    std::size_t objectsAlive() const { return alive_.size(); }
+
+  private:
+    friend class ExportedObject;
+    void forget(const blattwart::AutomationObject* object);
+
+    std::wstring source_;
+    Admission admission_;
+    WireCounters counters_;
+    std::map<const blattwart::AutomationObject*, ExportedObject*> alive_;
+};
+
+}  // namespace demo
