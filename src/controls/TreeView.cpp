@@ -117,7 +117,7 @@ void TreeView::clear() {
     cancelLabelEdit();
     setDropHighlight(nullptr);
     moveSelection(nullptr);
-    while (!roots_.empty()) remove(std::wstring(roots_.back()->key_));
+    while (!roots_.empty()) remove(roots_.back()->key_);
 }
 
 void TreeView::forEach(const std::function<void(TreeNode&)>& visitor) {
