@@ -28,20 +28,19 @@ std::wstring fromUtf16(const Utf16& units) {
     return text;
 }
 
-FieldKind kindOf(SQLSMALLINT type, SQLULEN size) {
+FieldKind kindOf(SQLSMALLINT type) {
     switch (type) {
         case SQL_BIT:
             return FieldKind::boolean;
         case SQL_TINYINT:
             return FieldKind::byte;
-        // The driver calls bytes short integers too, of size 1.
         case SQL_SMALLINT:
-            return size == 1 ? FieldKind::byte : FieldKind::smallInteger;
+            return FieldKind::smallInteger;
         case SQL_INTEGER:
             return FieldKind::integer;
+        case SQL_FLOAT:  // what the driver calls its singles
         case SQL_REAL:
             return FieldKind::single;
-        case SQL_FLOAT:
         case SQL_DOUBLE:
             return FieldKind::doubleFloat;
         case SQL_DECIMAL:
@@ -119,12 +118,12 @@ FieldInfo describeField(void* statement, std::uint16_t column) {
     std::array<SQLWCHAR, 256> name{};
     SQLSMALLINT length = 0;
     SQLSMALLINT type = 0;
-    SQLULEN size = 0;
     check(SQLDescribeColW(statement, column, name.data(), static_cast<SQLSMALLINT>(name.size()), &length,
-                          &type, &size, nullptr, nullptr));
-    return {fromUtf16(Utf16(name.begin(), name.begin() + length)), kindOf(type, size)};
+                          &type, nullptr, nullptr, nullptr));
+    return {fromUtf16(Utf16(name.begin(), name.begin() + length)), kindOf(type)};
 }
 
+// The driver refuses negative numbers for the C types that say "signed", not for their older forms.
 Value readCell(void* statement, std::uint16_t column, FieldKind kind) {
     switch (kind) {
         case FieldKind::boolean:
@@ -132,9 +131,9 @@ Value readCell(void* statement, std::uint16_t column, FieldKind kind) {
         case FieldKind::byte:
             return orNull(fixedCell<std::uint8_t>(statement, column, SQL_C_UTINYINT));
         case FieldKind::smallInteger:
-            return orNull(fixedCell<std::int16_t>(statement, column, SQL_C_SSHORT));
+            return orNull(fixedCell<std::int16_t>(statement, column, SQL_C_SHORT));
         case FieldKind::integer:
-            return orNull(fixedCell<std::int32_t>(statement, column, SQL_C_SLONG));
+            return orNull(fixedCell<std::int32_t>(statement, column, SQL_C_LONG));
         case FieldKind::single:
             return orNull(fixedCell<float>(statement, column, SQL_C_FLOAT));
         case FieldKind::doubleFloat:

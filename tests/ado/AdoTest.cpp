@@ -1,0 +1,253 @@
+#include "ado/Ado.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "mdb/Database.h"
+#include "mdb/DefinitionTables.h"
+#include "object/DispatchObject.h"
+#include "platform/RuntimeError.h"
+
+namespace demo {
+namespace {
+
+using blattwart::Argument;
+using blattwart::AutomationObject;
+using blattwart::Null;
+using blattwart::ObjectPtr;
+using blattwart::RuntimeError;
+using blattwart::Value;
+using blattwart::ValueArray;
+
+Value get(const ObjectPtr& object, std::wstring_view name) {
+    return object->get({L"", name});
+}
+
+Value call(const ObjectPtr& object, std::wstring_view name, std::initializer_list<Value> values = {}) {
+    const std::vector<Argument> arguments(values.begin(), values.end());
+    return object->call({L"", name}, arguments);
+}
+
+ObjectPtr objectIn(const Value& value) {
+    return *value.as<ObjectPtr>();
+}
+
+Value cell(const ObjectPtr& recordset, const Value& field) {
+    return get(objectIn(call(objectIn(get(recordset, L"Fields")), L"Item", {field})), L"Value");
+}
+
+/// The number of the error that the statement fails with, 0 when it passes.
+template <class Statement>
+std::uint32_t errorOf(Statement&& statement) {
+    try {
+        statement();
+    } catch (const RuntimeError& error) {
+        EXPECT_FALSE(error.description().empty());
+        return static_cast<std::uint32_t>(error.number());
+    }
+    return 0;
+}
+
+class Ado : public testing::Test {
+  protected:
+    Ado() { std::filesystem::create_directories(folder_); }
+    ~Ado() override { std::filesystem::remove_all(folder_); }
+
+    std::wstring connectionString() const {
+        return L"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + wideFile_ + L";";
+    }
+    ObjectPtr connect(const AdoFaults& faults = {}) const {
+        const auto connection = makeAdo(L"ADODB.Connection", faults);
+        connection->put({L"", L"CursorLocation"}, 3);
+        call(connection, L"Open", {connectionString(), L"", L"", -1});
+        return connection;
+    }
+    ObjectPtr select(const ObjectPtr& connection, const std::wstring& table,
+                     std::int32_t lockType = 3) const {
+        const auto recordset = makeAdo(L"ADODB.Recordset");
+        call(recordset, L"Open", {L"select * from " + table, connection, 3, lockType, -1});
+        return recordset;
+    }
+    ObjectPtr write(std::vector<mdb::Table> tables) const {
+        mdb::writeDatabase(file_, tables);
+        return connect();
+    }
+    ObjectPtr selectTypes() const { return select(write(mdb::sampleTables()), L"Typen"); }
+
+    // A blank and umlauts in the folder, as users have them.
+    const std::string folder_ =
+        testing::TempDir() + "Büro " + testing::UnitTest::GetInstance()->current_test_info()->name();
+    const std::string file_ = folder_ + "/Tarvix.mdb";
+    const std::wstring wideFile_ = [this] {
+        std::wstring path;
+        const std::u32string text = std::filesystem::path(file_).u32string();
+        return std::wstring(text.begin(), text.end());
+    }();
+};
+
+TEST_F(Ado, ReadsEveryValueOfTheTables) {
+    const auto tables = mdb::sampleTables();
+    const auto connection = write(tables);
+    for (const auto& table : tables) {
+        const auto recordset = select(connection, table.name);
+        for (const auto& row : table.rows) {
+            for (std::size_t i = 0; i < row.size(); ++i)
+                EXPECT_EQ(cell(recordset, table.columns[i].name), row[i]) << i;
+            call(recordset, L"MoveNext");
+        }
+        EXPECT_EQ(get(recordset, L"EOF"), Value(true));
+        EXPECT_EQ(get(recordset, L"BOF"), Value(false));
+    }
+}
+
+TEST_F(Ado, EachColumnTypeKeepsItsType) {
+    using mdb::ColumnType;
+    mdb::Table table;
+    table.name = L"Alle";
+    table.columns = {{L"ja", ColumnType::boolean},          {L"byte", ColumnType::byte},
+                     {L"kurz", ColumnType::integer},        {L"lang", ColumnType::longInteger},
+                     {L"geld", ColumnType::currency},       {L"einfach", ColumnType::single},
+                     {L"doppelt", ColumnType::doubleFloat}, {L"wann", ColumnType::date},
+                     {L"text", ColumnType::text, 255},      {L"memo", ColumnType::memo}};
+    const Value text = std::wstring(255, L'ß');
+    const Value memo = std::wstring(1000, L'ä') + std::wstring(700, L'€');
+    table.rows = {{true, std::uint8_t{200}, std::int16_t{-5}, -70000, blattwart::Currency{-1234567}, 0.1F,
+                   1.0 / 3, blattwart::Date{45292.75}, text, memo},
+                  {false, std::uint8_t{0}, std::int16_t{0}, 0, blattwart::Currency{0}, 0.0F, 1e-300,
+                   blattwart::Date{0.5}, L"x", L""},
+                  {false, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}}};
+    const auto recordset = select(write({table}), L"Alle");
+    for (const auto& row : table.rows) {
+        for (std::size_t i = 0; i < row.size(); ++i)
+            EXPECT_EQ(cell(recordset, static_cast<std::int32_t>(i)), row[i]) << i;
+        call(recordset, L"MoveNext");
+    }
+}
+
+TEST_F(Ado, EmptyTableHasNoRowToMoveTo) {
+    const auto recordset = select(write({mdb::typesTable()}), L"Typen");
+    EXPECT_EQ(get(recordset, L"EOF"), Value(true));
+    EXPECT_EQ(get(recordset, L"BOF"), Value(true));
+    EXPECT_EQ(get(objectIn(get(recordset, L"Fields")), L"Count"), Value(4));
+    EXPECT_EQ(errorOf([&] { call(recordset, L"MoveFirst"); }), 0x800A0BCD);
+    EXPECT_EQ(errorOf([&] { cell(recordset, L"typ"); }), 0x800A0BCD);
+}
+
+TEST_F(Ado, CloneStartsAtTheFirstRowAndOutlivesTheOriginal) {
+    const auto recordset = selectTypes();
+    call(recordset, L"MoveNext");
+    const auto clone = objectIn(call(recordset, L"Clone", {-1}));
+    EXPECT_EQ(cell(clone, L"TypenId"), Value(1));
+    call(recordset, L"MoveNext");
+    call(clone, L"MoveNext");
+    EXPECT_EQ(cell(recordset, L"TypenId"), Value(3));
+    call(recordset, L"Close");
+    EXPECT_EQ(get(recordset, L"State"), Value(0));
+    EXPECT_EQ(cell(clone, L"TypenId"), Value(2));
+}
+
+TEST_F(Ado, ChangesAreStoredByUpdateOrByMovingAway) {
+    const auto recordset = selectTypes();
+    const auto clone = objectIn(call(recordset, L"Clone", {1}));
+    const auto folder = objectIn(call(objectIn(get(recordset, L"Fields")), L"Item", {L"Verzeichnis"}));
+    folder->put({L"", L"Value"}, L"D:\\Übung");
+    EXPECT_EQ(get(folder, L"Value"), Value(L"D:\\Übung"));
+    EXPECT_TRUE(cell(clone, L"Verzeichnis").isNull());
+    EXPECT_EQ(errorOf([&] { call(recordset, L"Close"); }), 0x800A0C93);
+    call(recordset, L"Update");
+    EXPECT_EQ(cell(clone, L"Verzeichnis"), Value(L"D:\\Übung"));
+
+    folder->put({L"", L"Value"}, Null{});
+    call(recordset, L"MoveNext");
+    EXPECT_TRUE(cell(clone, L"Verzeichnis").isNull());
+    EXPECT_EQ(errorOf([&] { folder->put({L"", L"Value"}, 5); }), 0x80020005);
+    const auto cloned = objectIn(call(objectIn(get(clone, L"Fields")), L"Item", {L"typ"}));
+    EXPECT_EQ(errorOf([&] { cloned->put({L"", L"Value"}, L"x"); }), 0x800A0CB3);
+}
+
+TEST_F(Ado, FieldsAreReachedByNamePositionDefaultAndInTurn) {
+    const auto recordset = selectTypes();
+    const auto fields = objectIn(get(recordset, L"fields"));
+    EXPECT_EQ(cell(recordset, L"TYPENID"), Value(1));
+    EXPECT_EQ(cell(recordset, std::int16_t{1}), Value(L"Vorlagen"));
+    EXPECT_EQ(call(recordset, L"Collect", {L"typ"}), Value(L"Vorlagen"));
+    for (const Value& unknown : {Value(L"Nummer"), Value(4), Value(-1), Value()})
+        EXPECT_EQ(errorOf([&] { call(fields, L"Item", {unknown}); }), 0x800A0CC1);
+
+    const Argument name(Value(L"typ"));
+    auto& dispatch = dynamic_cast<DispatchObject&>(*recordset);
+    const auto field = objectIn(dispatch.invoke(0, Access::get, std::span(&name, 1)));
+    EXPECT_EQ(dynamic_cast<DispatchObject&>(*field).invoke(0, Access::get, {}), Value(L"Vorlagen"));
+    const Argument both[] = {Value(L"typ"), Value(L"Neu")};
+    dispatch.invoke(0, Access::put, both);
+    EXPECT_EQ(get(field, L"Value"), Value(L"Neu"));
+
+    std::vector<Value> names;
+    for (const auto& each : fields->enumerate()) names.push_back(get(each, L"Name"));
+    EXPECT_EQ(names, (std::vector<Value>{L"TypenId", L"typ", L"Verzeichnis", L"Info"}));
+}
+
+TEST_F(Ado, GetRowsTakesTheRowsFromTheCurrentOn) {
+    const auto recordset = selectTypes();
+    call(recordset, L"MoveNext");
+    const auto columns = call(recordset, L"GetRows", {2});
+    ASSERT_EQ(columns.as<ValueArray>()->size(), 4U);
+    EXPECT_EQ(columns.as<ValueArray>()->at(0), Value(ValueArray{2, 3}));
+    EXPECT_EQ(columns.as<ValueArray>()->at(1), Value(ValueArray{L"Stempelfelder", L"Blattränder"}));
+    EXPECT_EQ(call(recordset, L"GetRows").as<ValueArray>()->at(0), Value(ValueArray{4, 5, 6, 7}));
+    EXPECT_EQ(get(recordset, L"EOF"), Value(true));
+    EXPECT_EQ(errorOf([&] { call(recordset, L"GetRows"); }), 0x800A0BCD);
+}
+
+TEST_F(Ado, OpeningFailsAsTheRealOneDoes) {
+    mdb::writeDatabase(file_, mdb::sampleTables());
+    const auto open = [](const std::wstring& text, const AdoFaults& faults = {}) {
+        const auto connection = makeAdo(L"adodb.connection", faults);
+        const auto error = errorOf([&] { call(connection, L"Open", {text}); });
+        EXPECT_EQ(get(connection, L"State"), Value(error == 0 ? 1 : 0));
+        return error;
+    };
+    EXPECT_EQ(open(connectionString()), 0U);
+    EXPECT_EQ(open(L"provider=microsoft.jet.oledb.4.0;data source=" + wideFile_), 0U);
+    EXPECT_EQ(open(connectionString(), {.providerMissing = true}), 0x800A0E7A);
+    EXPECT_EQ(open(L"Provider=Microsoft.ACE.OLEDB.12.0;Data Source=" + wideFile_), 0x800A0E7A);
+    EXPECT_EQ(open(L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=/fehlt.mdb;"), 0x80004005);
+    EXPECT_EQ(open(L""), 0x800A0E7A);
+    std::ofstream(file_) << "kein Jet";
+    EXPECT_EQ(open(connectionString()), 0x80004005);
+    EXPECT_EQ(errorOf([] { makeAdo(L"ADODB.Stream"); }), 0x800401F3);
+}
+
+TEST_F(Ado, RecordsetsNeedAnOpenConnectionAndAKnownTable) {
+    const auto connection = write(mdb::sampleTables());
+    EXPECT_EQ(errorOf([&] { call(connection, L"Open", {connectionString()}); }), 0x800A0E79);
+    EXPECT_EQ(errorOf([&] { select(connection, L"Fehlt"); }), 0x80040E37);
+    EXPECT_EQ(errorOf([&] { select(nullptr, L"Typen"); }), 0x800A0E7D);
+    const auto types = select(connection, L"Typen");
+    EXPECT_EQ(errorOf([&] { call(types, L"Open", {L"select * from Typen", connection}); }), 0x800A0E79);
+    EXPECT_EQ(errorOf([&] { call(types, L"Requery"); }), 0x80020006);
+    call(connection, L"Close");
+    EXPECT_EQ(errorOf([&] { select(connection, L"Typen"); }), 0x800A0E7D);
+}
+
+TEST_F(Ado, ClosingTheConnectionClosesItsRecordsets) {
+    const auto connection = write(mdb::sampleTables());
+    const auto recordset = select(connection, L"Typen");
+    const auto clone = objectIn(call(recordset, L"Clone"));
+    call(connection, L"Close");
+    for (const auto& closed : {recordset, clone}) {
+        EXPECT_EQ(get(closed, L"State"), Value(0));
+        EXPECT_EQ(errorOf([&] { get(closed, L"EOF"); }), 0x800A0E78);
+        EXPECT_EQ(errorOf([&] { call(closed, L"Close"); }), 0x800A0E78);
+    }
+    EXPECT_EQ(errorOf([&] { call(connection, L"Close"); }), 0x800A0E78);
+
+    const auto stubborn = connect({.refusesToClose = true});
+    EXPECT_EQ(errorOf([&] { call(stubborn, L"Close"); }), 0x80004005);
+    EXPECT_EQ(get(stubborn, L"State"), Value(1));
+}
+
+}  // namespace
+}  // namespace demo
