@@ -1,6 +1,7 @@
 #include "autocad/basAutoCAD.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace blattwart {
 
@@ -15,6 +16,8 @@ bool basAutoCAD::IsAutoCADRunning() {
 }
 
 void basAutoCAD::ConnectAutoCAD() {
+    for (const host::Document& document : std::exchange(fileDialogsStillOff_, {}))
+        switchFileDialogsOn(document);
     gAcadDoc = {};
     gAcadApp = {};
     ignoringErrors([&] { gAcadApp = host::Application(platform_.automation.running(automationName)); });
@@ -119,6 +122,15 @@ bool basAutoCAD::typeCommand(const host::Document& document,
     }
     document.SendCommand(text);
     return true;
+}
+
+void basAutoCAD::switchFileDialogsOn(const host::Document& document) {
+    const auto switchOn = [&] { document.SetVariable(L"FILEDIA", 1); };
+    try {
+        if (!ignoringErrors(switchOn)) switchOn();
+    } catch (const RuntimeError& error) {
+        if (!isGone(error)) fileDialogsStillOff_.push_back(document);
+    }
 }
 
 void basAutoCAD::warn(const std::wstring& text) {

@@ -57,6 +57,10 @@ class basAutoCAD {
     /// a command is running. Throws when the host refuses the text.
     bool typeCommand(const host::Document& document, std::initializer_list<std::wstring_view> answers);
 
+    /// Sets the document's "FILEDIA" to 1. Where the host does not take it, the next ConnectAutoCAD tries
+    /// again.
+    void switchFileDialogsOn(const host::Document& document);
+
     /// Asks whether AutoCAD is to be started, No ending the program. Returns whether the answer was Yes.
     bool askToStart();
 
@@ -65,6 +69,7 @@ class basAutoCAD {
 
     Platform& platform_;
     NavigatorRecords& records_;
+    std::vector<host::Document> fileDialogsStillOff_;
 };
 
 }  // namespace blattwart

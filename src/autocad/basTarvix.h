@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <string>
 
 #include "autocad/basAutoCAD.h"
@@ -18,9 +19,12 @@ class basTarvix {
     /// Creates a layout in gAcadDoc's host session. `drawing` is the full name of the drawing whose document
     /// is made the active one first; empty: the document that is active already.
     void CreateLayout(const std::wstring& drawing);
+    /// Names of all layouts of the document in upper case. Empty where the host does not answer.
+    std::set<std::wstring> layoutNames(const host::Document& document);
     /// First free number from `counter` on for a layout called base name + number (0: the bare base name).
-    /// `counter` ends one above the last number tried. 0 when the search has reached 2500.
-    std::int16_t NextFreeLayoutNumber(const host::Document& document, const std::wstring& baseName,
+    /// `names` are those taken, in upper case. `counter` ends one above the last number tried. 0 when the
+    /// search has reached 2500.
+    std::int16_t NextFreeLayoutNumber(const std::set<std::wstring>& names, const std::wstring& baseName,
                                       std::int16_t& counter);
     /// Copies a layout of gAcadDoc. A single copy takes the bare base name when it is free, several are
     /// always numbered; `newBaseName` receives the name actually used for a single copy. The new layout, or
@@ -29,6 +33,8 @@ class basTarvix {
     bool CopyLayouts(const std::wstring& sourceName, std::wstring& newBaseName, std::int16_t copies);
 
   private:
+    bool copyLayout(const std::wstring& sourceName, const std::wstring& newName);
+
     basAutoCAD& autoCAD_;
     Platform& platform_;
 };

@@ -3,8 +3,9 @@
 namespace blattwart {
 
 basMain::basMain(Platform& platform, FormPresenter& presenter)
-    : general(platform, [this] { return autoCAD.gAcadApp; }),
-      registry(platform),
+    : general(platform,
+              [this] { return autoCAD.gAcadApp ? autoCAD.gAcadApp.templateFolder() : std::wstring(); }),
+      registry(platform.registry, platform.locale, platform.files),
       autoCAD(platform, records),
       database(platform, registry, [this] { return general.GetTemplateFolder(); }),
       platform_(platform),
@@ -23,6 +24,7 @@ bool basMain::Main() {
             if (!autoCAD.askToStart()) return false;
             autoCAD.StartAutoCAD();
         }
+        gStarted = true;
         if (handOverToPreviousInstance()) return false;
         autoCAD.ConnectAutoCAD();
         database.LoadTypes();
@@ -30,7 +32,8 @@ bool basMain::Main() {
         showMainWindow();
         return true;
     } catch (const RuntimeError& error) {
-        platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok, MessageIcon::critical);
+        platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok,
+                                MessageIcon::critical);
         return false;
     }
 }
@@ -46,8 +49,10 @@ bool basMain::handOverToPreviousInstance() {
 
 void basMain::createMainWindow() {
     fMainForm = std::make_unique<frmMain>(platform_);
-    views = std::make_unique<basViewControls>(fMainForm->tvTreeView, fMainForm->lvListView, fMainForm->lblTitle[1],
-                                              autoCAD, database, records, platform_);
+    gCollection.clear();
+    views = std::make_unique<basViewControls>(
+        fMainForm->tvTreeView, fMainForm->lvListView, fMainForm->lblTitle[1],
+        NavigatorContext{autoCAD, database, general, records, platform_});
     modules_ = std::make_unique<Modules>(
         Modules{registry, autoCAD, *views, gWasForeground, [this] { ShowNodeStatus(); }});
     fMainForm->connect(*modules_);

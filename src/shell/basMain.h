@@ -2,13 +2,14 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "autocad/basAutoCAD.h"
 #include "data/basDatenbank.h"
 #include "data/basRegistry.h"
 #include "dialogs/basAllgemein.h"
-#include "shell/Modules.h"
 #include "shell/frmMain.h"
+#include "shell/Modules.h"
 #include "views/basViewControls.h"
 
 namespace blattwart {
@@ -26,6 +27,10 @@ class basMain {
 
     /// 1 while the main window was the foreground window at the last look of the watchdog, else 0.
     std::int16_t gWasForeground = 0;
+    /// Set early in Main; nothing reads it.
+    bool gStarted = false;
+    /// General purpose; empty from the start.
+    std::vector<Value> gCollection;
     NavigatorRecords records;
     basAllgemein general;
     basRegistry registry;

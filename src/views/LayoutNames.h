@@ -3,9 +3,11 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "autocad/basTarvix.h"
 #include "controls/ListView.h"
+#include "views/NavigatorContext.h"
 #include "views/NavigatorTree.h"
 
 namespace blattwart {
@@ -13,14 +15,13 @@ namespace blattwart {
 /// Deletes and renames layouts of open drawings.
 class LayoutNames {
   public:
-    LayoutNames(NavigatorTree& tree, ListView& list, basTarvix& tarvix, basAutoCAD& autoCAD,
-                NavigatorRecords& records, Platform& platform)
+    LayoutNames(NavigatorTree& tree, ListView& list, basTarvix& tarvix, const NavigatorContext& context)
         : tree_(tree),
           list_(list),
           tarvix_(tarvix),
-          autoCAD_(autoCAD),
-          records_(records),
-          platform_(platform) {}
+          autoCAD_(context.autoCAD),
+          records_(context.records),
+          platform_(context.platform) {}
 
     /// Wired at start-up.
     struct Hooks {
@@ -36,6 +37,12 @@ class LayoutNames {
     void RenameSelectedLayouts(const std::wstring& baseName, std::int16_t& counter);
 
   private:
+    void warn(const std::wstring& text);
+    void deleteLayouts(const std::wstring& drawingKey, const std::vector<std::wstring>& keys);
+    bool isTaken(bool fromList, const std::wstring& key, const std::wstring& newName) const;
+    void rename(const host::Layouts& layouts, CAcadobj& record, const std::wstring& newName);
+    void showName(const std::wstring& key, const std::wstring& name);
+
     NavigatorTree& tree_;
     ListView& list_;
     basTarvix& tarvix_;

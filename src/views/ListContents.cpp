@@ -5,13 +5,12 @@
 
 namespace blattwart {
 
-ListContents::ListContents(TreeView& tree, ListView& list, basAutoCAD& autoCAD, basDatenbank& database,
-                           NavigatorRecords& records, Platform& platform)
+ListContents::ListContents(TreeView& tree, ListView& list, const NavigatorContext& context)
     : tree_(tree),
       list_(list),
-      autoCAD_(autoCAD),
-      records_(records),
-      details_(tree, list, autoCAD, database, platform) {}
+      autoCAD_(context.autoCAD),
+      records_(context.records),
+      details_(tree, list, context) {}
 
 void ListContents::addChildren(const TreeNode& parent, int icon) {
     for (const auto& node : parent.children()) {
@@ -48,7 +47,9 @@ void ListContents::FillLayoutList() {
     }
 }
 
-void ListContents::FillLayoutDetails() { details_.FillLayoutDetails(); }
+void ListContents::FillLayoutDetails() {
+    details_.FillLayoutDetails();
+}
 
 void ListContents::FillTemplateList() {
     const Update update(list_);

@@ -1,9 +1,7 @@
 #pragma once
 
-#include "autocad/basAutoCAD.h"
 #include "controls/ListView.h"
 #include "controls/TreeView.h"
-#include "data/basDatenbank.h"
 #include "views/LayoutDetails.h"
 
 namespace blattwart {
@@ -12,8 +10,7 @@ namespace blattwart {
 /// its value empty and nothing else.
 class ListContents {
   public:
-    ListContents(TreeView& tree, ListView& list, basAutoCAD& autoCAD, basDatenbank& database,
-                 NavigatorRecords& records, Platform& platform);
+    ListContents(TreeView& tree, ListView& list, const NavigatorContext& context);
 
     void FillDrawingList();
     void FillLayoutList();

@@ -3,8 +3,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "autocad/basAutoCAD.h"
-#include "platform/MessageBoxes.h"
+#include "views/NavigatorContext.h"
 #include "views/NavigatorTree.h"
 
 namespace blattwart {
@@ -14,9 +13,12 @@ namespace blattwart {
 /// refreshes.
 class LoadedDrawings {
   public:
-    LoadedDrawings(NavigatorTree& tree, NavigatorRecords& records, basAutoCAD& autoCAD,
-                   MessageBoxes& messages, const Locale& locale)
-        : tree_(tree), records_(records), autoCAD_(autoCAD), messages_(messages), locale_(locale) {}
+    LoadedDrawings(NavigatorTree& tree, const NavigatorContext& context)
+        : tree_(tree),
+          records_(context.records),
+          autoCAD_(context.autoCAD),
+          messages_(context.platform.messages),
+          locale_(context.platform.locale) {}
 
     /// Reads everything anew. Does nothing without an active document; shows a message when the host fails,
     /// with the nodes so far left as they are.

@@ -17,20 +17,21 @@ std::wstring textAt(const std::array<const wchar_t*, size>& texts, std::int32_t 
 }  // namespace
 
 std::wstring orientationText(std::int32_t plotRotation) {
-    static constexpr std::array<const wchar_t*, 4> texts{L"Hochformat", L"Querformat",
-                                                         L"Hochformat (auf dem Kopf)",
-                                                         L"Querformat (auf dem Kopf)"};
+    static constexpr std::array<const wchar_t*, 4> texts{
+        L"Hochformat", L"Querformat", L"Hochformat (auf dem Kopf)", L"Querformat (auf dem Kopf)"};
     return textAt(texts, plotRotation);
 }
 
 std::wstring plotAreaText(std::int32_t plotType) {
     // Extents show as "Layout" too; intended.
-    static constexpr std::array<const wchar_t*, 6> texts{L"Anzeige", L"Layout", L"Grenzen",
+    static constexpr std::array<const wchar_t*, 6> texts{L"Anzeige", L"Layout",  L"Grenzen",
                                                          L"Ansicht", L"Fenster", L"Layout"};
     return textAt(texts, plotType);
 }
 
-std::wstring plotStyleText(const std::wstring& styleSheet) { return styleSheet.empty() ? L"Kein" : styleSheet; }
+std::wstring plotStyleText(const std::wstring& styleSheet) {
+    return styleSheet.empty() ? L"Kein" : styleSheet;
+}
 
 std::wstring paperSizeText(const host::PaperSize& size, const Locale& locale) {
     const auto [smaller, larger] = std::minmax(size.width, size.height);

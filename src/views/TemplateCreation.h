@@ -3,9 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "autocad/basAutoCAD.h"
 #include "controls/ListView.h"
-#include "dialogs/basAllgemein.h"
+#include "views/NavigatorContext.h"
 #include "views/NavigatorTree.h"
 
 namespace blattwart {
@@ -13,14 +12,13 @@ namespace blattwart {
 /// Saves a layout as a new template of the library, named in place in the tree, and deletes templates.
 class TemplateCreation {
   public:
-    TemplateCreation(NavigatorTree& tree, ListView& list, basAutoCAD& autoCAD, basAllgemein& general,
-                     NavigatorRecords& records, Platform& platform)
+    TemplateCreation(NavigatorTree& tree, ListView& list, const NavigatorContext& context)
         : tree_(tree),
           list_(list),
-          autoCAD_(autoCAD),
-          general_(general),
-          records_(records),
-          platform_(platform) {}
+          autoCAD_(context.autoCAD),
+          general_(context.general),
+          records_(context.records),
+          platform_(context.platform) {}
 
     /// Wired at start-up.
     struct Hooks {
@@ -43,6 +41,10 @@ class TemplateCreation {
     void DeleteTemplate();
 
   private:
+    bool isAcceptable(const std::wstring& newName);
+    void refuse(const std::wstring& text);
+    bool saveLayoutAs(const std::wstring& file);
+
     NavigatorTree& tree_;
     ListView& list_;
     basAutoCAD& autoCAD_;

@@ -3,9 +3,7 @@
 #include <string>
 #include <unordered_map>
 
-#include "data/basDatenbank.h"
-#include "platform/Files.h"
-#include "platform/MessageBoxes.h"
+#include "views/NavigatorContext.h"
 #include "views/NavigatorTree.h"
 
 namespace blattwart {
@@ -14,9 +12,8 @@ namespace blattwart {
 /// LoadedDrawings do.
 class TemplateLibrary {
   public:
-    TemplateLibrary(NavigatorTree& tree, NavigatorRecords& records, basDatenbank& database,
-                    Platform& platform)
-        : tree_(tree), records_(records), database_(database), platform_(platform) {}
+    TemplateLibrary(NavigatorTree& tree, const NavigatorContext& context)
+        : tree_(tree), records_(context.records), database_(context.database), platform_(context.platform) {}
 
     /// Takes the folder from type 1 of the definition database and lists it. Shows a message when that fails,
     /// with the nodes so far left as they are.

@@ -3,8 +3,8 @@
 #include <functional>
 #include <string>
 
-#include "autocad/basAutoCAD.h"
 #include "controls/ListView.h"
+#include "views/NavigatorContext.h"
 #include "views/NavigatorTree.h"
 
 namespace blattwart {
@@ -12,9 +12,12 @@ namespace blattwart {
 /// The operations on drawings and template files that are selected in the tree or in the list.
 class basDateien {
   public:
-    basDateien(NavigatorTree& tree, ListView& list, basAutoCAD& autoCAD, NavigatorRecords& records,
-               Platform& platform)
-        : tree_(tree), list_(list), autoCAD_(autoCAD), records_(records), platform_(platform) {}
+    basDateien(NavigatorTree& tree, ListView& list, const NavigatorContext& context)
+        : tree_(tree),
+          list_(list),
+          autoCAD_(context.autoCAD),
+          records_(context.records),
+          platform_(context.platform) {}
 
     /// Wired at start-up: what follows an operation.
     struct Hooks {
@@ -43,6 +46,21 @@ class basDateien {
     void ClearListBold();
 
   private:
+    struct Selection {
+        std::wstring key;
+        std::wstring text;
+    };
+    /// The list's selected item or the tree's selected node. Throws element not found.
+    Selection selection(bool fromList) const;
+    bool ask(const std::wstring& question);
+    void tell(const std::wstring& text, MessageIcon icon);
+    /// Makes the document the active one, in AutoCAD and in the status line.
+    void makeActive(const host::Document& document);
+    bool switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout, bool askFirst);
+    void switchLayout(const std::wstring& layout);
+    void markActivated();
+    void open(const std::wstring& file);
+
     NavigatorTree& tree_;
     ListView& list_;
     basAutoCAD& autoCAD_;

@@ -2,17 +2,17 @@
 
 namespace blattwart {
 
-basViewControls::basViewControls(TreeView& treeView, ListView& list, Label& listTitle, basAutoCAD& autoCAD,
-                                 basDatenbank& database, NavigatorRecords& records, Platform& platform)
-    : tree(treeView, records, platform.locale),
-      columns(list, listTitle, platform),
+basViewControls::basViewControls(TreeView& treeView, ListView& list, Label& listTitle,
+                                 const NavigatorContext& context)
+    : tree(treeView, context.records, context.platform.locale),
+      columns(list, listTitle, context.platform),
       list_(list),
-      autoCAD_(autoCAD),
-      database_(database),
-      drawings_(tree, records, autoCAD, platform.messages, platform.locale),
-      templates_(tree, records, database, platform),
-      contents_(treeView, list, autoCAD, database, records, platform),
-      records_(records) {}
+      autoCAD_(context.autoCAD),
+      database_(context.database),
+      drawings_(tree, context),
+      templates_(tree, context),
+      contents_(treeView, list, context),
+      records_(context.records) {}
 
 void basViewControls::RefreshTree() {
     database_.LoadTypes();
@@ -28,14 +28,16 @@ void basViewControls::RefreshTree() {
     }
     tree.resetLibraryRoot();
     templates_.ReadTemplateFolder();
-    // The running number decides, not the number of templates: once anything was numbered, the library keeps its
-    // look. Intended.
+    // The running number decides, not the number of templates: once anything was numbered, the library keeps
+    // its look. Intended.
     if (records_.LastNumber == 0) tree.showLibraryEmpty();
+    const bool startUp = !tree.TreeInitialised;
     tree.TreeInitialised = -1;
 
     hooks.setDragMode();
     hooks.ShowNodeStatus();
-    showSelectedNode();
+    // Start-up itself fills the list when the tree stands; reading the host twice would show nothing else.
+    if (!startUp) showSelectedNode();
     hooks.VisbibleMnuMenu();
 }
 
@@ -80,12 +82,18 @@ void basViewControls::showSelectedNode() {
 
 void basViewControls::fill(ListKind kind) {
     switch (kind) {
-        case ListKind::drawings: return contents_.FillDrawingList();
-        case ListKind::layouts: return contents_.FillLayoutList();
-        case ListKind::layoutDetails: return contents_.FillLayoutDetails();
-        case ListKind::templates: return contents_.FillTemplateList();
-        case ListKind::templateDetails: return contents_.FillTemplateDetails();
-        case ListKind::none: return;
+        case ListKind::drawings:
+            return contents_.FillDrawingList();
+        case ListKind::layouts:
+            return contents_.FillLayoutList();
+        case ListKind::layoutDetails:
+            return contents_.FillLayoutDetails();
+        case ListKind::templates:
+            return contents_.FillTemplateList();
+        case ListKind::templateDetails:
+            return contents_.FillTemplateDetails();
+        case ListKind::none:
+            return;
     }
 }
 

@@ -15,8 +15,7 @@ namespace blattwart {
 /// node.
 class basViewControls {
   public:
-    basViewControls(TreeView& tree, ListView& list, Label& listTitle, basAutoCAD& autoCAD,
-                    basDatenbank& database, NavigatorRecords& records, Platform& platform);
+    basViewControls(TreeView& tree, ListView& list, Label& listTitle, const NavigatorContext& context);
 
     NavigatorTree tree;
     ListColumns columns;

@@ -1,0 +1,145 @@
+#include "views/LayoutDetails.h"
+
+#include <array>
+
+#include "platform/Conversions.h"
+#include "views/ListIcons.h"
+#include "views/PlotTexts.h"
+
+namespace blattwart {
+
+namespace {
+
+struct Row {
+    const wchar_t* key;
+    const wchar_t* caption;
+};
+constexpr std::array<Row, 10> rows{{{L"ILayoutname", L"Layoutname"},
+                                    {L"IPlotter", L"Plotter"},
+                                    {L"IPapierformat", L"Papierformat"},
+                                    {L"IPapiergroesse", L"Papiergröße"},
+                                    {L"IAusrichtung", L"Ausrichtung"},
+                                    {L"IPlotstil", L"Plotstiltabelle"},
+                                    {L"IPlotbereich", L"Plotbereich"},
+                                    {L"IStempel", L"Stempelfeld"},
+                                    {L"INordpfeil", L"Nordpfeil"},
+                                    {L"ILegende", L"Legende"}}};
+
+// A block reference whose extended data hold `marker` under type 0 fills the row with the label of the
+// definition of type `typeId` that has its block's name.
+struct Slot {
+    std::int16_t marker;
+    std::int32_t typeId;
+    const wchar_t* row;
+};
+constexpr std::array<Slot, 3> slots{{{8, 2, L"IStempel"}, {9, 4, L"INordpfeil"}, {14, 7, L"ILegende"}}};
+
+constexpr const wchar_t* notPresent = L"Nicht vorhanden";
+
+bool isBlockReference(const std::wstring& objectName) {
+    return objectName == L"AcDbBlockReference" || objectName == L"AcDbMInsertBlock";
+}
+
+}  // namespace
+
+/// What the layout's block holds of the system's own.
+struct LayoutDetails::Contents {
+    std::vector<CAFenster> viewports;
+    std::array<std::wstring, slots.size()> labels{notPresent, notPresent, notPresent};
+};
+
+void LayoutDetails::FillLayoutDetails() {
+    const TreeNode* node = tree_.selected();
+    const Update update(list_);
+    const ListItem* selected = list_.selected();
+    const std::wstring selectedKey = selected ? selected->key() : std::wstring();
+    list_.clear();
+    addRows(node->text());
+
+    host::Layout layout;
+    ignoringErrors([&] {
+        layout = context_.autoCAD.GetDocumentByKey(node->parent()->key()).Layouts().Item(node->text());
+    });
+    Contents contents;
+    if (layout) {
+        fillPlotSettings(layout);
+        contents = readContents(layout);
+    }
+    addViewports(contents.viewports);
+    for (std::size_t i = 0; i < slots.size(); ++i) setValue(slots[i].row, contents.labels[i]);
+
+    if (ListItem* item = list_.find(selectedKey)) {
+        list_.setSelected(*item, true);
+        list_.setFocused(item);
+    }
+}
+
+void LayoutDetails::addRows(const std::wstring& layoutName) {
+    for (const Row& row : rows) list_.add(row.key, row.caption, listIcon::detail);
+    setValue(L"ILayoutname", layoutName);
+}
+
+void LayoutDetails::fillPlotSettings(const host::Layout& layout) {
+    ignoringErrors([&] { setValue(L"IPlotter", layout.ConfigName()); });
+    setValue(L"IPapierformat", paperFormat(layout));
+    ignoringErrors(
+        [&] { setValue(L"IPapiergroesse", paperSizeText(layout.GetPaperSize(), context_.platform.locale)); });
+    ignoringErrors([&] { setValue(L"IAusrichtung", orientationText(layout.PlotRotation())); });
+    ignoringErrors([&] { setValue(L"IPlotstil", plotStyleText(layout.StyleSheet())); });
+    ignoringErrors([&] { setValue(L"IPlotbereich", plotAreaText(layout.PlotType())); });
+}
+
+LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout) {
+    Contents contents;
+    XDataReport report(context_.platform.messages);
+    ignoringErrors([&] {
+        for (const host::Entity& entity : layout.Block().entities())
+            ignoringErrors([&] { readEntity(entity, report, contents); });
+    });
+    return contents;
+}
+
+void LayoutDetails::readEntity(const host::Entity& entity, XDataReport& report, Contents& contents) {
+    const std::wstring objectName = entity.ObjectName();
+    const bool isViewport = objectName == L"AcDbViewport";
+    if (!isViewport && !isBlockReference(objectName)) return;
+
+    CAFenster values;
+    values.GetAfenwerte(
+        {.document = {}, .object = entity, .report = report, .locale = context_.platform.locale});
+    if (isViewport && values.Tarvix != 0) {
+        ignoringErrors([&] { values.Faktor = 1 / entity.viewportCustomScale(); });
+        contents.viewports.push_back(values);
+    }
+    if (isViewport) return;
+    for (std::size_t i = 0; i < slots.size(); ++i) {
+        if (values.Tarvix != slots[i].marker) continue;
+        const std::wstring label = definitionLabel(slots[i].typeId, entity.blockEffectiveName());
+        if (!label.empty()) contents.labels[i] = label;
+    }
+}
+
+std::wstring LayoutDetails::definitionLabel(std::int32_t typeId, const std::wstring& blockName) const {
+    for (const auto& block : context_.database.blocks())
+        if (block->TypenId == typeId && context_.platform.locale.equalIgnoringCase(block->block, blockName))
+            return block->Bezeichnung;
+    return {};
+}
+
+void LayoutDetails::addViewports(const std::vector<CAFenster>& viewports) {
+    for (std::size_t i = 0; i < viewports.size(); ++i) {
+        const std::wstring number = std::to_wstring(i + 1);
+        const std::wstring key = L"IAnsichtsfenster" + number;
+        list_.add(key, viewports.size() == 1 ? L"Ansichtsfenster" : L"Ansichtsfenster " + number,
+                  listIcon::detail);
+        const std::wstring& label = viewports[i].Bezeichnung;
+        setValue(key, (label.empty() ? L"Unbenannt" : label) + L" (1:" +
+                          context_.general.FormatZahl(viewports[i].Faktor) + L")");
+    }
+}
+
+void LayoutDetails::setValue(std::wstring_view key, std::wstring text) {
+    if (ListItem* item = list_.find(key)) item->setColumn(2, std::move(text));
+}
+
+}  // namespace blattwart

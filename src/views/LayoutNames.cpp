@@ -1,0 +1,123 @@
+#include "views/LayoutNames.h"
+
+namespace blattwart {
+
+namespace {
+
+std::wstring drawingPart(const std::wstring& fullName) {
+    return fullName.substr(0, fullName.find(L';'));
+}
+
+}  // namespace
+
+void LayoutNames::warn(const std::wstring& text) {
+    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
+}
+
+void LayoutNames::DeleteLayouts() {
+    const TreeNode* node = tree_.view().selected();
+    if (!node) return;
+    std::vector<std::wstring> keys;
+    std::wstring drawingKey = node->key();
+    if (drawingKey.starts_with(L'Z')) {
+        for (const ListItem* item : list_.selectedItems()) keys.push_back(item->key());
+        if (!keys.empty() && static_cast<int>(keys.size()) == list_.count()) {
+            warn(L"Das Löschen sämtlicher Layouts einer Zeichnung ist nicht zulässig!");
+            return;
+        }
+    } else if (drawingKey.starts_with(L'L')) {
+        keys.push_back(drawingKey);
+        drawingKey = node->parent()->key();
+    }
+    if (keys.empty()) return;
+    const bool done = ignoringErrors([&] { deleteLayouts(drawingKey, keys); });
+    if (done) hooks.RefreshTree();
+}
+
+void LayoutNames::deleteLayouts(const std::wstring& drawingKey, const std::vector<std::wstring>& keys) {
+    const host::Document document = autoCAD_.GetDocumentByKey(drawingKey);
+    if (!document) return;
+    autoCAD_.activate(document);
+    hooks.ShowNodeStatus();
+    const host::Layouts layouts = document.Layouts();
+    for (const std::wstring& key : keys) {
+        const auto record = records_.LayoutRecords.Item(recordKey(key));
+        const host::Layout layout = layouts.Item(record->Layout);
+        document.putActiveSpace(host::Space::paper);
+        document.putActiveLayout(layout);
+        // The routine deletes the active layout.
+        if (!tarvix_.RunHostMacro(L"TX_DelLayout")) return;
+    }
+}
+
+bool LayoutNames::isTaken(bool fromList, const std::wstring& key, const std::wstring& newName) const {
+    const auto isOther = [&](const auto& entry) {
+        return entry.key() != key && platform_.locale.equalIgnoringCase(entry.text(), newName);
+    };
+    if (fromList) {
+        for (int row = 0; row < list_.count(); ++row)
+            if (isOther(list_.row(row))) return true;
+        return false;
+    }
+    const TreeNode* node = tree_.view().find(key);
+    if (!node || !node->parent()) return false;
+    for (const auto& sibling : node->parent()->children())
+        if (isOther(*sibling)) return true;
+    return false;
+}
+
+bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) {
+    const ListItem* item = list_.selected();
+    const TreeNode* node = tree_.view().selected();
+    if (fromList ? !item : !node) return true;
+    const std::wstring key = fromList ? item->key() : node->key();
+    if (isTaken(fromList, key, newName)) {
+        warn(L"Bezeichnung ist bereits vergeben!");
+        return true;
+    }
+    try {
+        const auto record = records_.LayoutRecords.Item(recordKey(key));
+        if (record->Layout == newName) return false;
+        const auto documents = autoCAD_.documentsNamed(drawingPart(record->Gesamt));
+        if (documents.empty()) return true;
+        rename(documents.back().Layouts(), *record, newName);
+    } catch (const RuntimeError& error) {
+        warn(error.description());
+        return true;
+    }
+    showName(key, newName);
+    return false;
+}
+
+// The host comes first: when it refuses the name, the record goes on naming the layout as the host does.
+void LayoutNames::rename(const host::Layouts& layouts, CAcadobj& record, const std::wstring& newName) {
+    layouts.Item(record.Layout).putName(newName);
+    record.Layout = newName;
+    record.Gesamt = drawingPart(record.Gesamt) + L";" + newName;
+}
+
+void LayoutNames::showName(const std::wstring& key, const std::wstring& name) {
+    if (ListItem* item = list_.find(key)) item->setText(name);
+    if (TreeNode* node = tree_.view().find(key)) node->setText(name);
+}
+
+void LayoutNames::RenameSelectedLayouts(const std::wstring& baseName, std::int16_t& counter) {
+    try {
+        const host::Layouts layouts = autoCAD_.gAcadDoc.Layouts();
+        std::set<std::wstring> names = tarvix_.layoutNames(autoCAD_.gAcadDoc);
+        for (const ListItem* item : list_.selectedItems()) {
+            const std::wstring key = item->key();
+            const auto record = records_.LayoutRecords.Item(recordKey(key));
+            const std::int16_t number = tarvix_.NextFreeLayoutNumber(names, baseName, counter);
+            const std::wstring newName = number == 0 ? baseName : baseName + std::to_wstring(number);
+            names.erase(platform_.locale.upperCase(record->Layout));
+            rename(layouts, *record, newName);
+            names.insert(platform_.locale.upperCase(newName));
+            showName(key, newName);
+        }
+    } catch (const RuntimeError& error) {
+        warn(error.description());
+    }
+}
+
+}  // namespace blattwart

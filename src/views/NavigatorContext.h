@@ -1,0 +1,18 @@
+#pragma once
+
+#include "autocad/basAutoCAD.h"
+#include "data/basDatenbank.h"
+#include "dialogs/basAllgemein.h"
+
+namespace blattwart {
+
+/// What the parts of the navigator work on besides their controls.
+struct NavigatorContext {
+    basAutoCAD& autoCAD;
+    basDatenbank& database;
+    basAllgemein& general;
+    NavigatorRecords& records;
+    Platform& platform;
+};
+
+}  // namespace blattwart

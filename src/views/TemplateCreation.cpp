@@ -1,0 +1,113 @@
+#include "views/TemplateCreation.h"
+
+namespace blattwart {
+
+namespace {
+
+constexpr const wchar_t* placeholderKey = L"D0";
+constexpr std::int16_t present = -1;
+
+namespace image {
+constexpr int placeholder = 4;
+constexpr int dwt = 6;
+}  // namespace image
+
+}  // namespace
+
+void TemplateCreation::BeginNewTemplate() {
+    CancelNewTemplate();
+    TreeView& tree = tree_.view();
+    const std::wstring kind = tree_.selectedKind();
+    const ListItem* item = list_.selected();
+    if (kind != L"L" && !(kind == L"Z" && item)) return;
+    TreeNode* library = tree.find(L"B");
+    if (!library) return;
+    sourceKey_ = tree.selected()->key();
+    sourceLayout_ = kind == L"Z" ? item->text() : tree.selected()->text();
+
+    TreeNode& placeholder = tree.add(library, placeholderKey, L"", image::placeholder, image::placeholder);
+    tree.select(placeholder);
+    pending_ = true;
+    tree.startLabelEdit(sourceLayout_);
+}
+
+void TemplateCreation::CancelNewTemplate() {
+    if (!pending_) return;
+    pending_ = false;
+    tree_.removeNode(placeholderKey);
+}
+
+void TemplateCreation::CreateTemplateFromLayout(const std::wstring& newName) {
+    bool created = false;
+    if (isAcceptable(newName)) ignoringErrors([&] { created = saveLayoutAs(newName + L".dwt"); });
+    if (!created) CancelNewTemplate();
+    if (autoCAD_.gAcadDoc) autoCAD_.switchFileDialogsOn(autoCAD_.gAcadDoc);
+}
+
+bool TemplateCreation::isAcceptable(const std::wstring& newName) {
+    if (newName.empty()) {
+        refuse(L"Bezeichnung der neuen Vorlage eingeben!");
+        return false;
+    }
+    for (const auto& record : records_.TemplateRecords)
+        if (platform_.locale.equalIgnoringCase(record->Datei, newName + L".dwt")) {
+            refuse(L"Vorlage bereits vorhanden!");
+            return false;
+        }
+    return true;
+}
+
+void TemplateCreation::refuse(const std::wstring& text) {
+    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
+}
+
+// Returns false when there is nothing to save or nothing was typed into the host.
+bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
+    std::wstring drawingKey = sourceKey_;
+    if (!sourceKey_.starts_with(L'Z')) {
+        const TreeNode& layout = tree_.view().node(sourceKey_);
+        drawingKey = layout.parent()->key();
+        sourceLayout_ = layout.text();
+    }
+    const host::Document document = autoCAD_.GetDocumentByKey(drawingKey);
+    if (!document) return false;
+    autoCAD_.activate(document);
+    hooks.ShowNodeStatus();
+
+    const std::wstring path = records_.TemplateFolder + L"\\" + file;
+    document.SetVariable(L"FILEDIA", 0);
+    if (!autoCAD_.typeCommand(document, {L"_layout", L"SI", sourceLayout_, path})) return false;
+
+    records_.countNext();
+    auto record = std::make_shared<CVorlage>();
+    record->Datei = file;
+    record->Gesamt = path;
+    record->Vorhanden = present;
+    record->Nummer = records_.LastNumber;
+    const std::wstring number = std::to_wstring(record->Nummer);
+    records_.TemplateRecords.Add(record, number);
+
+    TreeNode& node = tree_.view().node(placeholderKey);
+    node.setText(file);
+    node.setImage(image::dwt);
+    node.setKey(L"D" + number);
+    pending_ = false;
+    tree_.GetSelectedNodeKind();
+    hooks.showSelectedNode();
+    return true;
+}
+
+void TemplateCreation::DeleteTemplate() {
+    std::wstring key;
+    if (tree_.selectedKind() == L"B") {
+        if (const ListItem* item = list_.selected()) key = item->key();
+    } else if (const TreeNode* node = tree_.view().selected()) {
+        key = node->key();
+    }
+    if (!key.starts_with(L'D')) return;
+    std::shared_ptr<CVorlage> record;
+    ignoringErrors([&] { record = records_.TemplateRecords.Item(recordKey(key)); });
+    if (record && general_.DateiLoeschen(record->Gesamt)) hooks.RefreshTree();
+}
+
+}  // namespace blattwart
