@@ -8,7 +8,6 @@ namespace demo::ado {
 
 namespace {
 
-// The narrow calls take UTF-8 under unixODBC and under Wine alike.
 SQLCHAR* bytesOf(std::string& text) {
     return reinterpret_cast<SQLCHAR*>(text.data());
 }
@@ -20,8 +19,8 @@ Database::Database(const std::wstring& path)
       connection_(OdbcHandle::Kind::connection, environment_.get()) {
     auto text = "Driver=MDBTools;DBQ=" + driverPath(path) + ";";
     const auto result =
-        SQLDriverConnectA(connection_.get(), nullptr, bytesOf(text), static_cast<SQLSMALLINT>(text.size()),
-                          nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+        SQLDriverConnect(connection_.get(), nullptr, bytesOf(text), static_cast<SQLSMALLINT>(text.size()),
+                         nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
     if (!SQL_SUCCEEDED(result))
         fail(AdoError::unspecified, L"Nicht erkennbares Datenbankformat '" + path + L"'.");
 }
@@ -33,7 +32,7 @@ Database::~Database() {
 RowSet Database::read(std::wstring_view statement) {
     const OdbcHandle handle(OdbcHandle::Kind::statement, connection_.get());
     auto text = toUtf8(statement);
-    check(SQLExecDirectA(handle.get(), bytesOf(text), static_cast<SQLINTEGER>(text.size())),
+    check(SQLExecDirect(handle.get(), bytesOf(text), static_cast<SQLINTEGER>(text.size())),
           AdoError::tableNotFound);
     SQLSMALLINT count = 0;
     check(SQLNumResultCols(handle.get(), &count));

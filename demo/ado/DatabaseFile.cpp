@@ -4,6 +4,7 @@
 #include <windows.h>
 #endif
 
+#include <algorithm>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -75,11 +76,14 @@ std::string driverPath(const std::wstring& path) {
 
 bool fileExists(const std::wstring& path) {
     std::error_code ignored;
-    return std::filesystem::is_regular_file(toUtf8(path), ignored);
+    return std::filesystem::is_regular_file(driverPath(path), ignored);
 }
 
+// The program joins paths with backslashes wherever it runs.
 std::string driverPath(const std::wstring& path) {
-    return toUtf8(path);
+    auto name = toUtf8(path);
+    std::ranges::replace(name, '\\', '/');
+    return name;
 }
 
 #endif

@@ -4,6 +4,8 @@
 #include <windows.h>
 #endif
 
+// Plain names then mean the narrow calls, which take UTF-8 under unixODBC and under Wine alike.
+#define SQL_NOUNICODEMAP
 #include <sql.h>
 #include <sqlext.h>
 

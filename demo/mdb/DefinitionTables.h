@@ -4,8 +4,8 @@
 
 namespace demo::mdb {
 
-/// Table `Typen`: TypenId, typ, Verzeichnis, Info. With an id type other than long integer, or with ids that
-/// repeat or are null, the table has no key (`key` reset by the caller in the second case).
+/// Table `Typen`: TypenId, typ, Verzeichnis, Info. TypenId is the key if it is a long integer; for rows whose
+/// ids repeat or are null, reset `key`. Ids of another type, such as text, make rows whose id is no number.
 Table typesTable(std::vector<Row> rows = {}, ColumnType idType = ColumnType::longInteger);
 
 /// Table `Bloecke`: blockId, TypenId, VorlagenId, block, Bezeichnung, EinfPunktX/Y/Z, FaktorX/Y/Z, Drehung,

@@ -80,11 +80,9 @@ class Ado : public testing::Test {
     const std::string folder_ =
         testing::TempDir() + "Büro " + testing::UnitTest::GetInstance()->current_test_info()->name();
     const std::string file_ = folder_ + "/Tarvix.mdb";
-    const std::wstring wideFile_ = [this] {
-        std::wstring path;
-        const std::u32string text = std::filesystem::path(file_).u32string();
-        return std::wstring(text.begin(), text.end());
-    }();
+    const std::u32string letters_ = std::filesystem::path(folder_).u32string();
+    const std::wstring wideFolder_{letters_.begin(), letters_.end()};
+    const std::wstring wideFile_ = wideFolder_ + L"/Tarvix.mdb";
 };
 
 TEST_F(Ado, ReadsEveryValueOfTheTables) {
@@ -211,6 +209,7 @@ TEST_F(Ado, OpeningFailsAsTheRealOneDoes) {
     };
     EXPECT_EQ(open(connectionString()), 0U);
     EXPECT_EQ(open(L"provider=microsoft.jet.oledb.4.0;data source=" + wideFile_), 0U);
+    EXPECT_EQ(open(L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=" + wideFolder_ + L"\\Tarvix.mdb"), 0U);
     EXPECT_EQ(open(connectionString(), {.providerMissing = true}), 0x800A0E7A);
     EXPECT_EQ(open(L"Provider=Microsoft.ACE.OLEDB.12.0;Data Source=" + wideFile_), 0x800A0E7A);
     EXPECT_EQ(open(L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=/fehlt.mdb;"), 0x80004005);
