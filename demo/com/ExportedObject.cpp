@@ -68,7 +68,10 @@ HRESULT ExportedObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* 
     if (const HRESULT admitted = exporter_->admit(); admitted != S_OK) return admitted;
     ++exporter_->counters().calls;
     try {
-        return id == DISPID_NEWENUM ? newEnumerator(result) : carryOut(id, flags, *parameters, result);
+        const HRESULT done =
+            id == DISPID_NEWENUM ? newEnumerator(result) : carryOut(id, flags, *parameters, result);
+        if (exporter_->afterCall) exporter_->afterCall();
+        return done;
     } catch (const RuntimeError& error) {
         return answer(error, exception);
     } catch (const std::exception&) {

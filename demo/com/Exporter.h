@@ -42,6 +42,9 @@ class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_
     /// Objects made here only; others are a type mismatch.
     ObjectPtr fromDispatch(IDispatch* dispatch) override;
 
+    /// Told after each call that was carried out.
+    std::function<void()> afterCall;
+
     const std::wstring& source() const { return source_; }
     HRESULT admit();
     const WireCounters& counters() const { return counters_; }

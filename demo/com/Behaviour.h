@@ -1,0 +1,56 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <functional>
+#include <random>
+#include <string>
+
+#include "com/Exporter.h"
+
+namespace demo {
+
+/// How a server treats what comes in: it can refuse, be slow, keep a call for a while, or die, as it is told
+/// by commands:
+///
+///     refuse calls N [later]      the next N calls (or creations of the application) are refused
+///     refuse creations N [later]
+///     refuse for MS [later]       for so many milliseconds all calls are refused; -1 for ever
+///     refuse percent P [later]    each call is refused with this probability
+///     slow MS                     each call takes so much longer
+///     hold MS                     the next call is kept so long before it is carried out, the others are
+///     refused die N                       the process ends without a word when the N-th call from now comes
+///     in normal                      none of these any more report FILE                 writes the counters
+///
+/// Refusals are of the kind that a passing state gives; with "later" of the kind that a dialog gives.
+class Behaviour {
+  public:
+    /// Obeys a command; false when it is none of these.
+    bool obey(const std::wstring& command, const WireCounters& counters);
+
+    /// What to answer to a call before it is carried out. May take its time, or not return at all.
+    HRESULT admitCall();
+    HRESULT admitCreation();
+
+  private:
+    bool refuse(std::wistream& words);
+    bool isRefused();
+    void hold();
+
+    std::int32_t refusedCalls_ = 0;
+    std::int32_t refusedCreations_ = 0;
+    std::int32_t refusedPercent_ = 0;
+    ULONGLONG refusedUntil_ = 0;
+    HRESULT refusal_ = RPC_E_CALL_REJECTED;
+    DWORD delay_ = 0;
+    DWORD holdTime_ = 0;
+    std::int32_t callsToLive_ = 0;
+    bool holding_ = false;
+    std::minstd_rand random_;
+};
+
+/// Writes the counters, a name and a number a line, to a file.
+void writeReport(const std::wstring& file, const WireCounters& counters);
+
+}  // namespace demo

@@ -1,0 +1,49 @@
+#include "com/Server.h"
+
+#include <objbase.h>
+#include <oleauto.h>
+
+#include "win32/ComError.h"
+
+namespace demo {
+
+using blattwart::RuntimeError;
+using blattwart::throwIfFailed;
+
+Apartment::Apartment() {
+    throwIfFailed(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+}
+
+Apartment::~Apartment() {
+    CoUninitialize();
+}
+
+Server::Server(const ServerClass& server, const std::wstring& source)
+    : server_(server),
+      behaviour_(std::make_shared<Behaviour>()),
+      // Calls may still come in while the objects outlive the server.
+      exporter_(
+          std::make_shared<Exporter>(source, [behaviour = behaviour_] { return behaviour->admitCall(); })) {}
+
+Server::~Server() {
+    exporter_->afterCall = {};
+    if (running_) RevokeActiveObject(running_, nullptr);
+    if (offered_) CoRevokeClassObject(offered_);
+}
+
+void Server::publish(const ObjectPtr& application) {
+    const ComPtr<IDispatch> dispatch = exporter_->toDispatch(application);
+    throwIfFailed(RegisterActiveObject(dispatch.Get(), server_.id, ACTIVEOBJECT_STRONG, &running_));
+}
+
+void Server::offer(const ObjectPtr& application) {
+    const auto factory = makeClassFactory([behaviour = behaviour_, exporter = exporter_, application] {
+        if (const HRESULT admitted = behaviour->admitCreation(); admitted != S_OK)
+            throw RuntimeError(admitted, L"");
+        return exporter->toDispatch(application);
+    });
+    throwIfFailed(
+        CoRegisterClassObject(server_.id, factory.Get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &offered_));
+}
+
+}  // namespace demo

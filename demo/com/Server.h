@@ -1,0 +1,50 @@
+#pragma once
+
+#include <windows.h>
+
+#include "com/Behaviour.h"
+#include "com/ClassFactory.h"
+#include "com/Registration.h"
+
+namespace demo {
+
+/// COM on the current thread as a single-threaded apartment, as long as it lives.
+class Apartment {
+  public:
+    Apartment();
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+    ~Apartment();
+};
+
+/// The application object of a server: found by clients as the running instance, or made for them. What comes
+/// in is treated as the behaviour says.
+class Server {
+  public:
+    /// `source` is what exceptions name as their origin.
+    Server(const ServerClass& server, const std::wstring& source);
+    Server(const Server&) = delete;
+    Server& operator=(const Server&) = delete;
+    ~Server();
+
+    /// From now on clients find the object as the running instance. Throws RuntimeError.
+    void publish(const ObjectPtr& application);
+    /// From now on COM gives the object to the client that made it start this program. Throws RuntimeError.
+    void offer(const ObjectPtr& application);
+
+    /// `step` is told after each call that was carried out.
+    void setAfterCall(std::function<void()> step) { exporter_->afterCall = std::move(step); }
+
+    /// Obeys a command to the behaviour; false when it is none.
+    bool obey(const std::wstring& command) { return behaviour_->obey(command, exporter_->counters()); }
+    const WireCounters& counters() const { return exporter_->counters(); }
+
+  private:
+    ServerClass server_;
+    std::shared_ptr<Behaviour> behaviour_;
+    std::shared_ptr<Exporter> exporter_;
+    DWORD running_ = 0;
+    DWORD offered_ = 0;
+};
+
+}  // namespace demo
