@@ -1,5 +1,6 @@
 #include "ado/AdoErrors.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/RuntimeError.h"
@@ -8,52 +9,45 @@ namespace demo::ado {
 
 namespace {
 
-const wchar_t* textOf(AdoError error) {
-    switch (error) {
-        case AdoError::memberNotFound:
-            return L"Mitglied nicht gefunden.";
-        case AdoError::typeMismatch:
-            return L"Typen unverträglich.";
-        case AdoError::unknownClass:
-            return L"Ungültige Klassenzeichenfolge";
-        case AdoError::tableNotFound:
-            return L"Das Microsoft Jet-Datenbankmodul findet die Eingangstabelle oder Abfrage nicht. Stellen "
-                   L"Sie "
-                   L"sicher, dass sie existiert und dass der Name richtig eingegeben wurde.";
-        case AdoError::invalidArgument:
-            return L"Argumente sind vom falschen Typ, liegen außerhalb des Gültigkeitsbereichs oder stehen "
-                   L"miteinander in Konflikt.";
-        case AdoError::noCurrentRow:
-            return L"Entweder BOF oder EOF ist True, oder der aktuelle Datensatz wurde gelöscht. Der "
-                   L"angeforderte "
-                   L"Vorgang benötigt einen aktuellen Datensatz.";
-        case AdoError::illegalOperation:
-            return L"Der Vorgang ist in diesem Zusammenhang nicht zugelassen.";
-        case AdoError::notUpdatable:
-            return L"Das Objekt oder der Provider kann den angeforderten Vorgang nicht ausführen.";
-        case AdoError::itemNotFound:
-            return L"Ein Objekt, das dem angeforderten Namen oder dem Ordinalverweis entspricht, kann nicht "
-                   L"gefunden werden.";
-        case AdoError::objectClosed:
-            return L"Der Vorgang ist für ein geschlossenes Objekt nicht zugelassen.";
-        case AdoError::objectOpen:
-            return L"Der Vorgang ist für ein geöffnetes Objekt nicht zugelassen.";
-        case AdoError::providerNotFound:
-            return L"Der Provider kann nicht gefunden werden. Er ist eventuell nicht richtig installiert.";
-        case AdoError::invalidConnection:
-            return L"Die Verbindung kann nicht verwendet werden, um diesen Vorgang auszuführen. Sie ist "
-                   L"entweder "
-                   L"geschlossen oder in diesem Zusammenhang ungültig.";
-        case AdoError::unspecified:
-            break;
-    }
-    return L"Unbekannter Fehler";
-}
+struct ErrorText {
+    AdoError error;
+    const wchar_t* text;
+};
+
+constexpr ErrorText errorTexts[] = {
+    {AdoError::unspecified, L"Unbekannter Fehler"},
+    {AdoError::memberNotFound, L"Mitglied nicht gefunden."},
+    {AdoError::typeMismatch, L"Typen unverträglich."},
+    {AdoError::unknownClass, L"Ungültige Klassenzeichenfolge"},
+    {AdoError::tableNotFound,
+     L"Das Microsoft Jet-Datenbankmodul findet die Eingangstabelle oder Abfrage nicht. Stellen Sie sicher, "
+     L"dass "
+     L"sie existiert und dass der Name richtig eingegeben wurde."},
+    {AdoError::invalidArgument,
+     L"Argumente sind vom falschen Typ, liegen außerhalb des Gültigkeitsbereichs oder stehen miteinander in "
+     L"Konflikt."},
+    {AdoError::noCurrentRow,
+     L"Entweder BOF oder EOF ist True, oder der aktuelle Datensatz wurde gelöscht. Der angeforderte Vorgang "
+     L"benötigt einen aktuellen Datensatz."},
+    {AdoError::illegalOperation, L"Der Vorgang ist in diesem Zusammenhang nicht zugelassen."},
+    {AdoError::notUpdatable, L"Das Objekt oder der Provider kann den angeforderten Vorgang nicht ausführen."},
+    {AdoError::itemNotFound,
+     L"Ein Objekt, das dem angeforderten Namen oder dem Ordinalverweis entspricht, kann nicht gefunden "
+     L"werden."},
+    {AdoError::objectClosed, L"Der Vorgang ist für ein geschlossenes Objekt nicht zugelassen."},
+    {AdoError::objectOpen, L"Der Vorgang ist für ein geöffnetes Objekt nicht zugelassen."},
+    {AdoError::providerNotFound,
+     L"Der Provider kann nicht gefunden werden. Er ist eventuell nicht richtig installiert."},
+    {AdoError::invalidConnection,
+     L"Die Verbindung kann nicht verwendet werden, um diesen Vorgang auszuführen. Sie ist entweder "
+     L"geschlossen "
+     L"oder in diesem Zusammenhang ungültig."},
+};
 
 }  // namespace
 
 void fail(AdoError error) {
-    fail(error, textOf(error));
+    fail(error, std::ranges::find(errorTexts, error, &ErrorText::error)->text);
 }
 
 void fail(AdoError error, std::wstring description) {

@@ -30,6 +30,15 @@ std::vector<std::vector<std::uint8_t>> entriesOf(std::span<const std::uint8_t> p
     return entries;
 }
 
+using KeyAndRow = std::pair<const std::int32_t, std::uint32_t>;
+
+void expectEntry(std::span<const std::uint8_t> entry, const KeyAndRow& expected) {
+    ASSERT_EQ(entry.size(), 9U);
+    EXPECT_EQ(static_cast<std::int32_t>(bigEndian(entry.subspan(1, 4)) ^ 0x80000000U), expected.first);
+    EXPECT_EQ(bigEndian(entry.subspan(5, 3)), 70000U);
+    EXPECT_EQ(entry[8], expected.second);
+}
+
 // The programs that read the file here do not look into the index; the one that does is not at hand.
 TEST(KeyIndex, LeadsFromRootOverLeavesToEveryRow) {
     PageFile file;
@@ -44,29 +53,17 @@ TEST(KeyIndex, LeadsFromRootOverLeavesToEveryRow) {
     const auto root = std::as_const(file.page(pages.back())).view();
     ASSERT_EQ(root[0], 3);
 
-    std::vector<std::uint32_t> children;
-    for (const auto& entry : entriesOf(root)) children.push_back(bigEndian(std::span(entry).subspan(9)));
-    children.push_back(littleEndian32(root, 20));
-    std::uint32_t previous = 0;
+    std::vector<std::uint32_t> leaves;
+    for (const auto& entry : entriesOf(root)) leaves.push_back(bigEndian(std::span(entry).subspan(9)));
+    leaves.push_back(littleEndian32(root, 20));
     auto expected = rowOf.begin();
-    for (const auto child : children) {
-        const auto leaf = std::as_const(file.page(child)).view();
+    for (std::size_t i = 0; i < leaves.size(); ++i) {
+        const auto leaf = std::as_const(file.page(leaves[i])).view();
         EXPECT_EQ(leaf[0], 4);
         EXPECT_EQ(littleEndian32(leaf, 4), 4U);
-        EXPECT_EQ(littleEndian32(leaf, 12), previous);
-        if (previous != 0) {
-            EXPECT_EQ(littleEndian32(std::as_const(file.page(previous)).view(), 16), child);
-        }
-        for (const auto& entry : entriesOf(leaf)) {
-            const std::span bytes(entry);
-            ASSERT_EQ(bytes.size(), 9U);
-            EXPECT_EQ(static_cast<std::int32_t>(bigEndian(bytes.subspan(1, 4)) ^ 0x80000000U),
-                      expected->first);
-            EXPECT_EQ(bigEndian(bytes.subspan(5, 3)), 70000U);
-            EXPECT_EQ(bytes[8], expected->second);
-            ++expected;
-        }
-        previous = child;
+        EXPECT_EQ(littleEndian32(leaf, 12), i == 0 ? 0 : leaves[i - 1]);
+        EXPECT_EQ(littleEndian32(leaf, 16), i + 1 == leaves.size() ? 0 : leaves[i + 1]);
+        for (const auto& entry : entriesOf(leaf)) expectEntry(entry, *expected++);
     }
     EXPECT_EQ(expected, rowOf.end());
 }
