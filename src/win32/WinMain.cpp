@@ -1,0 +1,122 @@
+#include <windows.h>
+
+#include <commctrl.h>
+#include <ole2.h>
+
+#include "platform/RuntimeError.h"
+#include "shell/basMain.h"
+#include "win32/BusyHost.h"
+#include "win32/ComAutomation.h"
+#include "win32/Guard.h"
+#include "win32/Win32Desktop.h"
+#include "win32/Win32Files.h"
+#include "win32/Win32FormPresenter.h"
+#include "win32/Win32Locale.h"
+#include "win32/Win32MessageBoxes.h"
+#include "win32/Win32Process.h"
+#include "win32/Win32Registry.h"
+#include "win32/Win32Settings.h"
+
+namespace blattwart {
+
+namespace {
+
+/// Libraries come from the system's folder only, never from the working folder or beside the program.
+void hardenLibrarySearch() {
+    using SetDirectories = BOOL WINAPI(DWORD);
+    constexpr DWORD searchSystem32 = 0x00000800;
+    SetDllDirectoryW(L"");
+    const auto setDirectories = reinterpret_cast<SetDirectories*>(
+        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories"));
+    if (setDirectories) setDirectories(searchSystem32);
+}
+
+/// The single-threaded apartment that the automation objects live in.
+class Apartment {
+  public:
+    Apartment() : result_(OleInitialize(nullptr)) {}
+    ~Apartment() {
+        if (SUCCEEDED(result_)) OleUninitialize();
+    }
+    Apartment(const Apartment&) = delete;
+    Apartment& operator=(const Apartment&) = delete;
+
+  private:
+    HRESULT result_;
+};
+
+/// The program on Windows.
+class Application {
+  public:
+    Application() {
+        busyHost_.setHandlers({.busyFor = [this](std::int32_t milliseconds) { showBusy(milliseconds); },
+                               .askGiveUp = [this] { return askGiveUp(); }});
+    }
+
+    int run() {
+        basMain program(platform_, presenter_);
+        int result = 0;
+        if (guard_.guarded([&] { return program.Main(); }, false)) result = loop();
+        presenter_.destroyWindows();
+        return result;
+    }
+
+  private:
+    int loop() {
+        MSG message{};
+        while (!process_.ended() && GetMessageW(&message, nullptr, 0, 0) > 0) {
+            MainWindow* window = presenter_.mainWindow();
+            if (window && window->translate(message)) continue;
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+        return 0;
+    }
+
+    void showBusy(std::int32_t milliseconds) {
+        if (MainWindow* window = presenter_.mainWindow()) window->showBusy(milliseconds);
+    }
+
+    bool askGiveUp() {
+        const MessageAnswer answer =
+            messages_.show(L"AutoCAD ist beschäftigt und nimmt keine Befehle an. Weiter warten?",
+                           applicationTitle, MessageButtons::yesNo, MessageIcon::question);
+        return answer == MessageAnswer::no;
+    }
+
+    void report(const std::wstring& text) {
+        messages_.show(text, applicationTitle, MessageButtons::ok, MessageIcon::critical);
+    }
+
+    Apartment apartment_;
+    Win32MessageBoxes messages_;
+    BusyHost busyHost_;
+    Guard guard_{busyHost_, [this](const std::wstring& text) { report(text); }};
+    ComAutomation automation_{guard_, busyHost_};
+    Win32Registry registry_;
+    Win32Settings settings_;
+    Win32Files files_;
+    Win32Desktop desktop_;
+    Win32Process process_;
+    Win32Locale locale_;
+    Platform platform_{automation_, registry_, settings_, files_, messages_, desktop_, process_, locale_};
+    Win32FormPresenter presenter_{guard_, automation_};
+};
+
+}  // namespace
+
+}  // namespace blattwart
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
+    blattwart::hardenLibrarySearch();
+    INITCOMMONCONTROLSEX controls{sizeof(INITCOMMONCONTROLSEX),
+                                  ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
+    InitCommonControlsEx(&controls);
+    try {
+        blattwart::Application application;
+        return application.run();
+    } catch (const blattwart::RuntimeError& error) {
+        MessageBoxW(nullptr, error.description().c_str(), blattwart::applicationTitle, MB_ICONHAND);
+        return 1;
+    }
+}
