@@ -121,11 +121,22 @@ std::wstring widened(std::string_view text) {
     return std::wstring(text.begin(), text.end());
 }
 
+/// The shortest text that reads back the same, without exponent, with a point.
 template <class Number>
-std::wstring shortestText(Number number, const Locale& locale) {
-    std::array<char, 64> buffer;
-    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
-    std::wstring text = widened({buffer.data(), end});
+std::wstring shortestText(Number number) {
+    std::array<char, 400> buffer;
+    char* const end = buffer.data() + buffer.size();
+    if constexpr (std::is_floating_point_v<Number>) {
+        return widened(
+            {buffer.data(), std::to_chars(buffer.data(), end, number, std::chars_format::fixed).ptr});
+    } else {
+        return widened({buffer.data(), std::to_chars(buffer.data(), end, number).ptr});
+    }
+}
+
+template <class Number>
+std::wstring localText(Number number, const Locale& locale) {
+    std::wstring text = shortestText(number);
     const std::size_t point = text.find(L'.');
     if (point != text.npos) text.replace(point, 1, locale.decimalSeparator());
     return text;
@@ -169,10 +180,7 @@ double plainNumber(std::wstring_view text) {
 }
 
 std::wstring plainText(float number) {
-    std::array<char, 64> buffer;
-    const auto end =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), number, std::chars_format::fixed).ptr;
-    return widened({buffer.data(), end});
+    return shortestText(number);
 }
 
 double userNumber(std::wstring_view text, const Locale& locale) {
@@ -257,9 +265,9 @@ std::wstring toText(const Value& value, const Locale& locale) {
             } else if constexpr (std::is_same_v<Content, std::monostate>) {
                 return {};
             } else if constexpr (std::is_same_v<Content, Currency>) {
-                return shortestText(static_cast<double>(content.tenThousandths) / 10000, locale);
+                return localText(static_cast<double>(content.tenThousandths) / 10000, locale);
             } else if constexpr (std::is_arithmetic_v<Content> && !std::is_same_v<Content, bool>) {
-                return shortestText(content, locale);
+                return localText(content, locale);
             } else {
                 throwTypeMismatch();
             }

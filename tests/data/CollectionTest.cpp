@@ -1,0 +1,60 @@
+#include "data/Collection.h"
+
+#include <gtest/gtest.h>
+
+namespace blattwart::test {
+namespace {
+
+std::wstring contents(const Collection<wchar_t>& collection) {
+    std::wstring result;
+    for (const auto& element : collection) result += *element;
+    return result;
+}
+
+Collection<wchar_t> lettersWithKeys() {
+    Collection<wchar_t> collection;
+    collection.Add(std::make_shared<wchar_t>(L'a'), L"12");
+    collection.Add(std::make_shared<wchar_t>(L'b'));
+    collection.Add(std::make_shared<wchar_t>(L'c'), L"1");
+    return collection;
+}
+
+TEST(CollectionTest, TellsKeysFromPositionsAndKeepsTheOrder) {
+    const Collection<wchar_t> collection = lettersWithKeys();
+    EXPECT_EQ(L"abc", contents(collection));
+    EXPECT_EQ(L'c', *collection.Item(L"1"));
+    EXPECT_EQ(L'a', *collection.Item(1));
+    EXPECT_EQ(collection.Item(L"12"), collection.Item(1));
+    for (const std::int32_t position : {0, -1, 4}) EXPECT_THROW(collection.Item(position), RuntimeError);
+    for (const wchar_t* key : {L"", L"01", L"2"}) EXPECT_THROW(collection.Item(key), RuntimeError);
+}
+
+TEST(CollectionTest, RefusesADuplicateKeyWithoutHarm) {
+    Collection<wchar_t> collection = lettersWithKeys();
+    try {
+        collection.Add(std::make_shared<wchar_t>(L'd'), L"1");
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(errorNumber::duplicateKey, error.number());
+    }
+    EXPECT_EQ(L"abc", contents(collection));
+    EXPECT_EQ(L'c', *collection.Item(L"1"));
+}
+
+TEST(CollectionTest, RemovesByKeyAndByPositionAndFreesTheKey) {
+    Collection<wchar_t> collection = lettersWithKeys();
+    collection.Remove(L"12");
+    EXPECT_EQ(L"bc", contents(collection));
+    collection.Remove(2);
+    EXPECT_EQ(L"b", contents(collection));
+    EXPECT_THROW(collection.Remove(L"1"), RuntimeError);
+    collection.Add(std::make_shared<wchar_t>(L'e'), L"1");
+    EXPECT_EQ(L"be", contents(collection));
+    EXPECT_EQ(L'e', *collection.Item(L"1"));
+    collection.Clear();
+    EXPECT_EQ(0, collection.Count());
+    EXPECT_THROW(collection.Item(L"1"), RuntimeError);
+}
+
+}  // namespace
+}  // namespace blattwart::test

@@ -1,0 +1,262 @@
+#include "data/basDatenbank.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+#include "ado/Ado.h"
+#include "mdb/Database.h"
+#include "mdb/DefinitionTables.h"
+#include "support/TestPlatform.h"
+#include "support/TracedAutomation.h"
+
+namespace blattwart::test {
+namespace {
+
+using demo::mdb::blocksTable;
+using demo::mdb::Row;
+using demo::mdb::typesTable;
+
+const std::wstring openFailed = L"Fehler beim Öffnen der Def-Datenbank!";
+
+Row typeRow(Value id, Value name, Value folder, Value info = L"Beschreibung") {
+    return {std::move(id), std::move(name), std::move(folder), std::move(info)};
+}
+
+Row blockRow(Value id, Value layer = L"0", Value factorX = 2.0) {
+    return {std::move(id),      1,   7,   L"Stempel", L"Schriftfeld",  1.5, 2.5, 3.5,
+            std::move(factorX), 3.0, 4.0, 0.25,       std::move(layer)};
+}
+
+/// The definition database read from a real file through the stand-in for ADO.
+class DatabaseTest : public testing::Test {
+  protected:
+    DatabaseTest() {
+        world.messages.strict = true;
+        world.registry.storeText(RegistryRoot::localMachine, "SOFTWARE\\Ormeda\\Tarvix 2.1", "DefDB",
+                                 file.string());
+    }
+    ~DatabaseTest() override { std::filesystem::remove(file); }
+
+    void write(std::vector<Row> types, std::vector<Row> blocks = {}) {
+        demo::mdb::writeDatabase(file, {typesTable(std::move(types)), blocksTable(std::move(blocks))});
+    }
+    void writeWithoutKeys(std::vector<Row> types) {
+        auto table = typesTable(std::move(types));
+        table.key.reset();
+        demo::mdb::writeDatabase(file, {table});
+    }
+    std::vector<std::wstring> typeNames() const {
+        std::vector<std::wstring> names;
+        for (const auto& type : database.types()) names.push_back(type->typ);
+        return names;
+    }
+    /// A record set over the types, as the program would open it for writing.
+    Recordset openTypes() {
+        const ObjectPtr connection = automation.create(L"ADODB.Connection");
+        connection->call({L"Connection", L"Open"},
+                         {Value(L"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.wstring() + L";")});
+        const ObjectPtr rows = automation.create(L"ADODB.Recordset");
+        rows->call({L"Recordset", L"Open"},
+                   {Value(L"select * from Typen"), Value(connection), Value(3), Value(3), Value(-1)});
+        return {rows, world.locale};
+    }
+
+    using Names = std::vector<std::wstring>;
+
+    std::filesystem::path file =
+        std::filesystem::temp_directory_path() / ("blattwart-data-" + std::to_string(getpid()) + ".mdb");
+    demo::AdoFaults faults;
+    TracedAutomation automation{[this](std::wstring_view name) { return demo::makeAdo(name, faults); }};
+    TestPlatform world{automation};
+    basRegistry registry{world.registry, world.locale, world.files};
+    std::wstring templateFolder = L"D:\\Vorlagen";
+    int templateFolderAsked = 0;
+    basDatenbank database{world.platform, registry, [this] {
+                              ++templateFolderAsked;
+                              return templateFolder;
+                          }};
+};
+
+TEST_F(DatabaseTest, OpensAndClosesAsAgreedWithAdo) {
+    write({typeRow(3, L"Pläne", L"E:\\Pläne")});
+    database.LoadTypes();
+    const Names expected{L"create ADODB.Connection",
+                         L"Connection.CursorLocation = 3",
+                         L"Connection.Open(\"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.wstring() +
+                             L";\", \"\", \"\", -1)",
+                         L"create ADODB.Recordset",
+                         L"Recordset.Open(\"select * from Typen\", object, 3, 3, -1)",
+                         L"Recordset.Clone(-1)",
+                         L"Recordset.EOF",
+                         L"Recordset.MoveFirst()",
+                         L"Recordset.EOF",
+                         L"Recordset.Fields",
+                         L"Fields.Item(\"TypenId\")",
+                         L"Field.Value",
+                         L"Fields.Item(\"typ\")",
+                         L"Field.Value",
+                         L"Fields.Item(\"Verzeichnis\")",
+                         L"Field.Value",
+                         L"Fields.Item(\"Info\")",
+                         L"Field.Value",
+                         L"Recordset.MoveNext()",
+                         L"Recordset.EOF",
+                         L"Recordset.State",
+                         L"Recordset.Close()",
+                         L"Connection.State",
+                         L"Connection.Close()"};
+    EXPECT_EQ(expected, automation.log());
+    EXPECT_EQ(0U, automation.heldObjects());
+}
+
+TEST_F(DatabaseTest, ReadsTypesUnderTheirIds) {
+    write({typeRow(12, L"Schnitte", L"E:\\Schnitte"), typeRow(5, L"Schilder", Null{}),
+           typeRow(-4, Null{}, L"F:")});
+    database.LoadTypes();
+    EXPECT_EQ((Names{L"Schnitte", L"Schilder", L""}), typeNames());
+    const auto twelve = database.types().Item(L"12");
+    EXPECT_EQ(L"E:\\Schnitte", twelve->Verzeichnis);
+    EXPECT_EQ(L"Beschreibung", twelve->Info);
+    EXPECT_EQ(twelve, database.types().Item(1));
+    EXPECT_EQ(L"C:\\Programme\\Blattwart\\Bibliothek\\Schilder", database.types().Item(L"5")->Verzeichnis);
+    EXPECT_EQ(-4, database.types().Item(L"-4")->TypenId);
+    EXPECT_EQ(0, templateFolderAsked);
+}
+
+TEST_F(DatabaseTest, TypeOneLivesInTheHostsTemplateFolder) {
+    write({typeRow(1, L"Standard", Null{})});
+    database.LoadTypes();
+    EXPECT_EQ(L"D:\\Vorlagen", database.types().Item(L"1")->Verzeichnis);
+    templateFolder.clear();
+    database.LoadTypes();
+    EXPECT_EQ(L"C:\\Programme\\Blattwart\\Bibliothek\\Standard", database.types().Item(L"1")->Verzeichnis);
+    write({typeRow(1, L"Standard", L"E:\\Eigene")});
+    database.LoadTypes();
+    EXPECT_EQ(L"E:\\Eigene", database.types().Item(L"1")->Verzeichnis);
+    EXPECT_EQ(2, templateFolderAsked);
+}
+
+TEST_F(DatabaseTest, BadRowsDoNotCostTheOthers) {
+    writeWithoutKeys({typeRow(1, L"eins", L"E:"), typeRow(Null{}, L"ohne", L"E:"),
+                      typeRow(1, L"doppelt", L"E:"), typeRow(2, Null{}, Null{}, Null{}),
+                      typeRow(3, L"drei", L"E:")});
+    database.LoadTypes();
+    EXPECT_EQ((Names{L"eins", L"", L"drei"}), typeNames());
+    EXPECT_EQ(L"", database.types().Item(L"2")->Info);
+}
+
+TEST_F(DatabaseTest, ReadsBlocksAndPassesOverCellsWithoutValue) {
+    write({}, {blockRow(4), blockRow(11, Null{}, Null{}), blockRow(2, L"Rahmen")});
+    database.LoadBlocks();
+    ASSERT_EQ(3, database.blocks().Count());
+    const auto block = database.blocks().Item(L"4");
+    EXPECT_EQ(L"Stempel", block->block);
+    EXPECT_EQ(L"Schriftfeld", block->Bezeichnung);
+    EXPECT_EQ(1, block->TypenId);
+    EXPECT_EQ(7, block->VorlagenId);
+    const std::vector<double> numbers{block->EinfPunktX, block->EinfPunktY, block->EinfPunktZ, block->FaktorX,
+                                      block->FaktorY,    block->FaktorZ,    block->Drehung};
+    EXPECT_EQ((std::vector<double>{1.5, 2.5, 3.5, 2, 3, 4, 0.25}), numbers);
+    EXPECT_EQ(L"0", block->Layer);
+    const auto gaps = database.blocks().Item(L"11");
+    EXPECT_EQ(L"", gaps->Layer);
+    EXPECT_EQ(0, gaps->FaktorX);
+    EXPECT_EQ(3, gaps->FaktorY);
+    EXPECT_EQ(L"Rahmen", database.blocks().Item(3)->Layer);
+}
+
+TEST_F(DatabaseTest, EmptyTablesGiveEmptyListsWithoutAMove) {
+    write({typeRow(1, L"eins", L"E:")}, {blockRow(1)});
+    database.LoadTypes();
+    database.LoadBlocks();
+    write({});
+    automation.clearLog();
+    database.LoadTypes();
+    database.LoadBlocks();
+    EXPECT_EQ(0, database.types().Count());
+    EXPECT_EQ(0, database.blocks().Count());
+    for (const std::wstring& line : automation.log()) EXPECT_EQ(line.npos, line.find(L"Move"));
+}
+
+TEST_F(DatabaseTest, AFailedOpenIsToldOnceAndKeepsThePreviousLists) {
+    write({typeRow(1, L"eins", L"E:")}, {blockRow(1)});
+    database.LoadTypes();
+    database.LoadBlocks();
+    faults.providerMissing = true;
+    world.messages.expect(openFailed);
+    database.LoadTypes();
+    EXPECT_EQ((ShownBox{openFailed, L"Blattwart", MessageButtons::ok, MessageIcon::critical}),
+              world.messages.shown.back());
+    faults.providerMissing = false;
+    std::filesystem::remove(file);
+    world.messages.expect(openFailed);
+    database.LoadBlocks();
+    EXPECT_EQ(Names{L"eins"}, typeNames());
+    EXPECT_EQ(1, database.blocks().Count());
+    EXPECT_EQ(0U, automation.heldObjects());
+
+    // A database without the table opens, so there is nothing to tell.
+    demo::mdb::writeDatabase(file, {blocksTable()});
+    database.LoadTypes();
+    EXPECT_EQ(Names{L"eins"}, typeNames());
+}
+
+TEST_F(DatabaseTest, NoFailingCallLeavesAConnectionOrCostsALaterLoad) {
+    write({typeRow(1, L"eins", L"E:"), typeRow(2, L"zwei", L"E:")});
+    world.messages.strict = false;
+    bool failed = true;
+    for (int failing = 1; failed; ++failing) {
+        world.messages.clear();
+        automation.clearLog();
+        automation.calls() = {.failAt = failing};
+        database.LoadTypes();
+        failed = automation.calls().made >= failing;
+        EXPECT_EQ(failing <= 3 ? Names{openFailed} : Names{}, world.messages.texts()) << failing;
+        EXPECT_EQ(0U, automation.heldObjects()) << failing;
+        EXPECT_TRUE(failing <= 3 || automation.log().back() == L"Connection.Close()" ||
+                    automation.log().back() == L"Connection.State")
+            << failing;
+        automation.calls() = {};
+        database.LoadTypes();
+        EXPECT_EQ((Names{L"eins", L"zwei"}), typeNames()) << failing;
+    }
+}
+
+TEST_F(DatabaseTest, WritesFoldersBackFromTheCurrentRowOn) {
+    write({typeRow(1, L"eins", L"E:"), typeRow(2, L"zwei", L"E:"), typeRow(3, L"drei", L"E:")});
+    CTypen types;
+    types.AddTyp(1, L"eins", L"G:\\1", L"", L"1");
+    types.AddTyp(3, L"drei", L"G:\\3", L"", L"3");
+    Recordset rows = openTypes();
+    EXPECT_FALSE(types.WriteToDatabase(rows, world.messages));
+    rows.MoveFirst();
+    Names folders;
+    for (; !rows.atEnd(); rows.MoveNext()) folders.push_back(rows.text(L"Verzeichnis"));
+    EXPECT_EQ((Names{L"G:\\1", L"E:", L"G:\\3"}), folders);
+
+    rows.MoveFirst();
+    const std::wstring message = L"Speicherung der Verzeichnisse nicht möglich!";
+    world.messages.expect(message);
+    automation.calls() = {.failAt = 1};
+    EXPECT_TRUE(types.Item(1)->WriteToDatabase(rows, world.messages));
+    EXPECT_EQ((ShownBox{message, L"Blattwart", MessageButtons::ok, MessageIcon::exclamation}),
+              world.messages.shown.back());
+}
+
+TEST(BlocksTest, AddsABlockWithItsValues) {
+    CBloecke blocks;
+    blocks.AddBlock(L"Pfeil", 1, 2, 3, 4, 5, 6, 7, 8, L"Nord", 9, 10, 11, L"unbenutzt", L"5");
+    const auto block = blocks.Item(L"5");
+    const std::vector<double> numbers{block->FaktorX,    block->FaktorY,    block->FaktorZ,   block->Drehung,
+                                      block->EinfPunktX, block->EinfPunktY, block->EinfPunktZ};
+    EXPECT_EQ((std::vector<double>{1, 2, 3, 4, 9, 10, 11}), numbers);
+    const std::vector<std::int32_t> ids{block->blockId, block->objId, block->VorlagenId, block->TypenId};
+    EXPECT_EQ((std::vector<std::int32_t>{5, 6, 7, 8}), ids);
+    EXPECT_EQ(L"Pfeil", block->Bezeichnung);
+    EXPECT_EQ(L"Nord", block->block);
+}
+
+}  // namespace
+}  // namespace blattwart::test
