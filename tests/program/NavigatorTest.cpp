@@ -1,0 +1,259 @@
+#include "Program.h"
+
+namespace blattwart::test {
+namespace {
+
+class Navigator : public Program {
+  protected:
+    Navigator() {
+        host().addDocument(L"C:\\Haus 1", L"Plan.dwg", {L"Blatt 2", L"Blatt 10"});
+        host().addDocument(L"C:\\Haus 2", L"Größe.dwg", {L"Übersicht"});
+    }
+    std::int32_t lastNumber() const { return main->records.LastNumber; }
+};
+
+TEST_F(Navigator, KeepsKeysOverRefreshesAndGoesOnCounting) {
+    start();
+    const std::wstring before = treeText();
+    EXPECT_EQ(before,
+              L"A Geladene Zeichnungen*\n"
+              L"  Z1 Plan.dwg\n"
+              L"    L2 Blatt 10\n"
+              L"    L3 Blatt 2\n"
+              L"  Z4 Größe.dwg*\n"
+              L"    L5 Übersicht*<\n"
+              L"B Bibliothek\n"
+              L"  D6 Plan A3.dwt\n"
+              L"  D7 Rahmen.dwg\n");
+    EXPECT_EQ(lastNumber(), 7);
+    tree().userExpands(tree().node(L"Z1"), true);
+    click(L"L2");
+    refresh();
+    refresh();
+    EXPECT_EQ(lastNumber(), 21);
+    EXPECT_EQ(tree().selected()->key(), L"L2");
+    EXPECT_TRUE(tree().node(L"Z1").expanded());
+    EXPECT_TRUE(tree().node(L"Z4").expanded());
+    click(L"L5");
+    EXPECT_EQ(treeText(), before);
+
+    struct Look {
+        const wchar_t* key;
+        int image;
+        int selectedImage;
+    };
+    for (const Look& look :
+         {Look{L"A", 2, 0}, {L"B", 3, 0}, {L"Z1", 12, 13}, {L"L2", 8, 9}, {L"D6", 6, 4}, {L"D7", 7, 5}}) {
+        EXPECT_EQ(tree().node(look.key).image(), look.image);
+        EXPECT_EQ(tree().node(look.key).selectedImage(), look.selectedImage);
+    }
+    EXPECT_EQ(tree().node(L"A").color(), SystemColor::buttonText);
+}
+
+TEST_F(Navigator, FollowsTheHost) {
+    start();
+    const auto plan = host().findDocument(L"C:\\Haus 1\\Plan.dwg");
+    plan->drawing().renameLayout(*plan->findLayout(L"Blatt 2"), L"Blatt 3");
+    host().activate(plan);
+    leaveAndReturn();
+    // The renamed layout is a new one behind the others; what is active has moved.
+    EXPECT_EQ(treeText().substr(0, treeText().find(L"B ")),
+              L"A Geladene Zeichnungen*\n"
+              L"  Z1 Plan.dwg*\n"
+              L"    L2 Blatt 10\n"
+              L"    L10 Blatt 3*\n"
+              L"  Z4 Größe.dwg\n"
+              L"    L5 Übersicht<\n");
+}
+
+TEST_F(Navigator, RecordsOutliveTheirNodes) {
+    start();
+    host().close(host().findDocument(L"C:\\Haus 2\\Größe.dwg"));
+    leaveAndReturn();
+    EXPECT_EQ(tree().find(L"Z4"), nullptr);
+    EXPECT_EQ(tree().find(L"L5"), nullptr);
+    EXPECT_NE(tree().selected(), nullptr);
+
+    // Opened again it is known, so it gets no node; only a host found gone forgets it.
+    host().addDocument(L"C:\\HAUS 2", L"größe.dwg", {L"Übersicht", L"Neu"});
+    leaveAndReturn();
+    EXPECT_EQ(tree().node(L"A").children().size(), 1U);
+    EXPECT_EQ(main->records.DrawingRecords.Count(), 2);
+
+    demo.end();
+    world.messages.answer(MessageAnswer::yes);
+    demo.setCreateError(L"geht nicht");
+    leaveAndReturn();
+    EXPECT_EQ(main->records.DrawingRecords.Count(), 0);
+    EXPECT_TRUE(tree().node(L"A").children().empty());
+    demo.start();
+    host().addDocument(L"C:\\Haus 2", L"Größe.dwg", {L"Übersicht"});
+    leaveAndReturn();
+    EXPECT_EQ(tree().node(L"A").children().size(), 1U);
+}
+
+TEST_F(Navigator, DrawingsOfOneNameAreBothActive) {
+    host().addDocument(L"C:\\Haus 3", L"Plan.dwg", {L"Blatt 1"});
+    start();
+    EXPECT_TRUE(tree().node(L"Z1").bold());
+    EXPECT_TRUE(tree().node(L"Z6").bold());
+    EXPECT_FALSE(tree().node(L"Z4").bold());
+    // A name in other case is another name.
+    host().addDocument(L"C:\\Haus 4", L"PLAN.DWG", {L"Blatt 1"});
+    leaveAndReturn();
+    EXPECT_FALSE(tree().node(L"Z1").bold());
+}
+
+TEST_F(Navigator, ModelSpaceIsTheLayoutOfThatVeryName) {
+    host().addDocument(L"C:\\Haus 3", L"Nur Modell.dwg", std::vector<std::wstring>{});
+    host().addDocument(L"C:\\Haus 3", L"Klein.dwg", {L"model"});
+    start();
+    EXPECT_TRUE(tree().node(L"Z6").children().empty());
+    ASSERT_EQ(tree().node(L"Z7").children().size(), 1U);
+    EXPECT_EQ(tree().node(L"Z7").children()[0]->text(), L"model");
+}
+
+TEST_F(Navigator, HostFailureIsToldAndLeavesTheTree) {
+    start();
+    const std::size_t perRefresh = [&] {
+        calls.clear();
+        refresh();
+        return calls.count();
+    }();
+    const std::wstring before = treeText();
+    std::size_t told = 0;
+    for (std::size_t n = 1; n <= perRefresh; ++n) {
+        calls.clear();
+        world.messages.clear();
+        calls.failAt(n, RuntimeError(hresult::callFailed, L"Fehler"));
+        refresh();
+        for (const ShownBox& box : world.messages.shown) {
+            EXPECT_EQ(box.icon, MessageIcon::critical);
+            told += box.text == L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!";
+        }
+        EXPECT_LE(world.messages.shown.size(), 1U) << n;
+        calls.heal();
+        world.messages.clear();
+        refresh();
+        EXPECT_EQ(treeText(), before) << n;
+        EXPECT_TRUE(world.messages.shown.empty());
+    }
+    // Documents, their enumeration, and for each name, folder, layouts, their enumeration and names.
+    EXPECT_GE(told, 14U);
+}
+
+TEST_F(Navigator, UnchangedRefreshAsksNoMoreThanNeeded) {
+    for (const bool wideIds : {false, true}) {
+        demo.end();
+        main = std::make_unique<basMain>(world.platform, presenter);
+        demo::HostOptions options;
+        options.wideIds = wideIds;
+        demo.start().options() = options;
+        std::size_t layouts = 0;
+        constexpr std::size_t drawings = 7;
+        for (std::size_t i = 0; i < drawings; ++i) {
+            const std::vector<std::wstring> names{L"A" + std::to_wstring(i), L"B", L"C"};
+            host().addDocument(L"C:\\P", L"D" + std::to_wstring(i) + L".dwg", names);
+            layouts += names.size() + 1;
+        }
+        start();
+        click(L"B");
+        calls.clear();
+        refresh();
+        EXPECT_LE(hostCalls(calls), 14 + 5 * drawings + layouts);
+        const std::size_t unchanged = hostCalls(calls);
+
+        auto& drawing = host().documents().front()->drawing();
+        drawing.addLayout(L"Neu 1");
+        drawing.addLayout(L"Neu 2");
+        calls.clear();
+        refresh();
+        // One name and one id for each new layout.
+        EXPECT_EQ(hostCalls(calls), unchanged + 4);
+    }
+}
+
+using Library = Navigator;
+
+TEST_F(Library, FollowsTheFolder) {
+    start();
+    world.files.forget(L"C:\\Vorlagen\\Plan A3.dwt");
+    world.files.add(L"C:\\Vorlagen\\PLAN.dwt.DWG");
+    refresh();
+    EXPECT_EQ(tree().find(L"D6"), nullptr);
+    ASSERT_EQ(tree().node(L"B").children().size(), 2U);
+    EXPECT_EQ(tree().node(L"B").children()[1]->image(), 7);
+    // A template that comes back is known and gets no node, in whatever case.
+    world.files.add(L"C:\\Vorlagen\\plan a3.DWT");
+    refresh();
+    EXPECT_EQ(tree().node(L"B").children().size(), 2U);
+    EXPECT_TRUE(world.messages.shown.empty());
+}
+
+TEST_F(Library, UnreadableFolderIsTold) {
+    start();
+    for (const wchar_t* file : {L"Plan A3.dwt", L"Rahmen.dwg", L"Skizze.dwf"})
+        world.files.forget(std::wstring(L"C:\\Vorlagen\\") + file);
+    host().options().templateFolder = L"C:\\Fehlt\\";
+    refresh();
+    EXPECT_EQ(main->records.TemplateFolder, L"C:\\Fehlt");
+    EXPECT_EQ(world.messages.shown,
+              (std::vector<ShownBox>{{L"Vorlagen-Ordner kann nicht gelesen werden!", L"Blattwart",
+                                      MessageButtons::ok, MessageIcon::critical}}));
+    EXPECT_NE(tree().find(L"D6"), nullptr);
+}
+
+TEST_F(Library, RunningNumberDecidesItsEmptyLook) {
+    for (const auto& document : std::vector(host().documents())) host().close(document);
+    for (const wchar_t* file : {L"Plan A3.dwt", L"Rahmen.dwg"})
+        world.files.forget(std::wstring(L"C:\\Vorlagen\\") + file);
+    start();
+    const TreeNode& library = tree().node(L"B");
+    EXPECT_EQ(library.text(), L"Keine Vorlagen vorhanden!");
+    EXPECT_EQ(library.image(), 11);
+    EXPECT_EQ(library.color(), SystemColor::appWorkspace);
+
+    // Once anything was counted, the look is the normal one for good; the text stays as it was.
+    host().addDocument(L"C:\\P", L"D.dwg", std::vector<std::wstring>{});
+    leaveAndReturn();
+    host().close(host().documents().front());
+    leaveAndReturn();
+    EXPECT_EQ(library.image(), 3);
+    EXPECT_EQ(library.color(), SystemColor::buttonText);
+    EXPECT_EQ(library.text(), L"Keine Vorlagen vorhanden!");
+}
+
+TEST_F(Library, DefinitionDatabaseInAllItsStates) {
+    const ShownBox openFailed{L"Fehler beim Öffnen der Def-Datenbank!", L"Blattwart", MessageButtons::ok,
+                              MessageIcon::critical};
+    const std::wstring folderFailed = L"Vorlagen-Ordner kann nicht gelesen werden!";
+
+    // Without a provider each load tells so; without type 1 there is no folder.
+    adoFaults.providerMissing = true;
+    ASSERT_TRUE(start());
+    ASSERT_EQ(world.messages.shown.size(), 4U);
+    EXPECT_EQ(world.messages.shown[0], openFailed);
+    EXPECT_EQ(world.messages.shown[2], openFailed);
+    EXPECT_EQ(world.messages.shown[3].text, folderFailed);
+    EXPECT_EQ(tree().node(L"A").children().size(), 2U);
+
+    adoFaults.providerMissing = false;
+    world.messages.clear();
+    refresh();
+    EXPECT_TRUE(world.messages.shown.empty());
+    EXPECT_EQ(tree().node(L"B").children().size(), 2U);
+
+    // The file is gone: what was read last goes on.
+    std::filesystem::remove(folder.path() / "Tarvix.mdb");
+    refresh();
+    EXPECT_EQ(world.messages.shown, (std::vector<ShownBox>{openFailed, openFailed}));
+    EXPECT_EQ(tree().node(L"B").children().size(), 2U);
+
+    world.messages.clear();
+    useDatabase({demo::mdb::typesTable(), demo::mdb::blocksTable()});
+    refresh();
+    EXPECT_EQ(world.messages.texts(), std::vector<std::wstring>{folderFailed});
+}
+
+}  // namespace
+}  // namespace blattwart::test

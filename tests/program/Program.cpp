@@ -1,0 +1,82 @@
+#include "Program.h"
+
+#include <algorithm>
+#include <atomic>
+
+#include <unistd.h>
+
+#include "mdb/Database.h"
+
+namespace blattwart::test {
+
+TemporaryFolder::TemporaryFolder() {
+    static std::atomic<int> number = 0;
+    path_ = std::filesystem::temp_directory_path() /
+            ("blattwart-" + std::to_string(getpid()) + "-" + std::to_string(++number));
+    std::filesystem::create_directories(path_);
+}
+
+TemporaryFolder::~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+}
+
+Program::Program(demo::HostOptions options)
+    : demo(std::move(options), demo::Disk(folder.path())),
+      calls(demo),
+      world(calls),
+      presenter(world.desktop),
+      main(std::make_unique<basMain>(world.platform, presenter)) {
+    demo.setOtherPrograms([this](std::wstring_view name) { return demo::makeAdo(name, adoFaults); });
+    demo.start();
+    useDatabase(demo::mdb::sampleTables());
+    world.files.add(L"C:\\Vorlagen\\Plan A3.dwt");
+    world.files.add(L"C:\\Vorlagen\\Rahmen.dwg");
+    world.files.add(L"C:\\Vorlagen\\Skizze.dwf");
+}
+
+void Program::useDatabase(const std::vector<demo::mdb::Table>& tables) {
+    const std::filesystem::path file = folder.path() / "Tarvix.mdb";
+    demo::mdb::writeDatabase(file, tables);
+    world.registry.storeText(RegistryRoot::localMachine, registryKey, "DefDB", file.string());
+}
+
+bool Program::start() {
+    return main->Main();
+}
+
+std::wstring Program::treeText() {
+    std::wstring text;
+    tree().forEach([&](const TreeNode& node) {
+        for (const TreeNode* above = node.parent(); above; above = above->parent()) text += L"  ";
+        text += node.key() + L" " + node.text();
+        if (node.bold()) text += L"*";
+        if (&node == tree().selected()) text += L"<";
+        text += L"\n";
+    });
+    return text;
+}
+
+void Program::leaveAndReturn() {
+    world.desktop.foregroundWindow = 1;
+    form().ctlTimer_Timer();
+    world.desktop.foregroundWindow = FakeWindow::ownHandle;
+    form().ctlTimer_Timer();
+}
+
+void Program::choose(std::wstring_view item) {
+    MenuItem& entry = form().item(item);
+    if (entry.enabled()) entry.click();
+}
+
+std::size_t hostCalls(const demo::CallRecorder& calls) {
+    using Kind = demo::RecordedCall::Kind;
+    // The objects of the database have class names of their own; its objects are never enumerated.
+    return static_cast<std::size_t>(std::ranges::count_if(calls.calls(), [](const demo::RecordedCall& call) {
+        const bool database = call.className == L"Connection" || call.className == L"Recordset" ||
+                              call.className == L"Fields" || call.className == L"Field";
+        return !database && call.kind != Kind::create && call.kind != Kind::running;
+    }));
+}
+
+}  // namespace blattwart::test

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "ado/Ado.h"
+#include "FakeWindow.h"
+#include "host/CallRecorder.h"
+#include "host/DemoAutomation.h"
+#include "mdb/DefinitionTables.h"
+#include "shell/basMain.h"
+#include "support/TestPlatform.h"
+
+namespace blattwart::test {
+
+/// A folder of its own for one test, removed afterwards.
+class TemporaryFolder {
+  public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+/// The whole program between the demonstration host, a genuine database file and a world of fakes. The test
+/// plays the user. The host runs unless the test ends it; the database holds the demonstration's tables; the
+/// library is C:\Vorlagen with Plan A3.dwt and Rahmen.dwg.
+class Program : public testing::Test {
+  protected:
+    explicit Program(demo::HostOptions options = {});
+
+    /// Starts the program. Returns whether its main window stands.
+    bool start();
+    frmMain& form() { return *main->fMainForm; }
+    TreeView& tree() { return form().tvTreeView; }
+    ListView& list() { return form().lvListView; }
+    demo::Host& host() { return *demo.host(); }
+    std::wstring status() { return form().sbStatusBar.panelText(1); }
+
+    /// The tree as text, one node a line: indented, key, text, "*" bold, "<" selected.
+    std::wstring treeText();
+    void click(std::wstring_view key) { tree().userClicks(tree().node(key)); }
+    void refresh() { main->views->RefreshTree(); }
+    /// The user goes to another program and comes back; the watchdog looks at both.
+    void leaveAndReturn();
+    /// The user chooses a menu item, if it is enabled.
+    void choose(std::wstring_view item);
+    void useDatabase(const std::vector<demo::mdb::Table>& tables);
+
+    static constexpr const char* registryKey = "SOFTWARE\\Ormeda\\Tarvix 2.1";
+
+    TemporaryFolder folder;
+    demo::DemoAutomation demo;
+    demo::CallRecorder calls;
+    TestPlatform world;
+    FakePresenter presenter;
+    demo::AdoFaults adoFaults;
+    std::unique_ptr<basMain> main;
+};
+
+/// The host's calls alone, without those to the database.
+std::size_t hostCalls(const demo::CallRecorder& calls);
+
+}  // namespace blattwart::test

@@ -1,0 +1,201 @@
+#include "Program.h"
+
+namespace blattwart::test {
+namespace {
+
+constexpr const wchar_t* startQuestion =
+    L"Soll AutoCAD gestartet werden? Mit 'Nein' wird der Blattwart geschlossen!";
+constexpr const wchar_t* startCaption = L"Blattwart: AutoCAD ist nicht aktiv!";
+
+using StartUp = Program;
+
+TEST_F(StartUp, AttachesToTheRunningHostAndShowsItsDrawings) {
+    host().addDocument(L"C:\\Projekte", L"Plan.dwg", {L"Blatt 1", L"Blatt 2"});
+    ASSERT_TRUE(start());
+    EXPECT_EQ(treeText(),
+              L"A Geladene Zeichnungen*\n"
+              L"  Z1 Plan.dwg*\n"
+              L"    L2 Blatt 1*<\n"
+              L"    L3 Blatt 2\n"
+              L"B Bibliothek\n"
+              L"  D4 Plan A3.dwt\n"
+              L"  D5 Rahmen.dwg\n");
+    EXPECT_EQ(status(), L"C:\\Projekte\\Plan.dwg");
+    EXPECT_EQ(main->gWasForeground, 1);
+    EXPECT_EQ(main->views->tree.CurrentNodeKind, L"L");
+    EXPECT_EQ(world.desktop.foregroundWindow, FakeWindow::ownHandle);
+    EXPECT_TRUE(world.messages.shown.empty());
+}
+
+TEST_F(StartUp, AsksBeforeStartingTheHost) {
+    demo.end();
+    world.messages.answer(MessageAnswer::no);
+    EXPECT_FALSE(start());
+    EXPECT_EQ(
+        world.messages.shown,
+        (std::vector<ShownBox>{{startQuestion, startCaption, MessageButtons::yesNo, MessageIcon::question}}));
+    EXPECT_EQ(main->fMainForm, nullptr);
+    EXPECT_EQ(world.settings.writes, 0);
+
+    world.messages.answer(MessageAnswer::yes);
+    ASSERT_TRUE(start());
+    EXPECT_TRUE(host().visible());
+    EXPECT_TRUE(main->autoCAD.gAcadDoc);
+    EXPECT_EQ(status(), L"\\Zeichnung1.dwg");
+}
+
+TEST_F(StartUp, GoesOnWithoutAHostThatCannotBeStarted) {
+    demo.end();
+    demo.setCreateError(L"Server konnte nicht gestartet werden.");
+    world.messages.answer(MessageAnswer::yes);
+    ASSERT_TRUE(start());
+    ASSERT_EQ(world.messages.shown.size(), 2U);
+    EXPECT_EQ(world.messages.shown[1], (ShownBox{L"Server konnte nicht gestartet werden.", L"Blattwart",
+                                                 MessageButtons::ok, MessageIcon::none}));
+    const TreeNode& root = tree().node(L"A");
+    EXPECT_EQ(root.text(), L"AutoCAD nicht aktiv!");
+    EXPECT_EQ(root.image(), 10);
+    EXPECT_EQ(root.color(), SystemColor::appWorkspace);
+    EXPECT_FALSE(root.bold());
+    EXPECT_EQ(tree().node(L"B").children().size(), 2U);
+    EXPECT_TRUE(form().item(L"mnuStart").enabled());
+
+    demo.setCreateError(L"");
+    choose(L"mnuStart");
+    EXPECT_EQ(tree().node(L"A").text(), L"Geladene Zeichnungen");
+    EXPECT_FALSE(form().item(L"mnuStart").enabled());
+}
+
+TEST_F(StartUp, HandsOverToTheFirstInstance) {
+    world.process.hasPreviousInstance = true;
+    world.desktop.windows[5] = {L"Blattwart", FakeDesktop::State::normal, true};
+    world.desktop.windows[9] = {L"Blattwart", FakeDesktop::State::minimised, false};
+    EXPECT_FALSE(start());
+    EXPECT_EQ(world.desktop.log, (std::vector<std::wstring>{L"showNormal 9", L"setForeground 9"}));
+
+    // While the first one has no window yet, the second ends silently; without a host it asks before that.
+    world.desktop.windows.clear();
+    demo.end();
+    world.messages.answer(MessageAnswer::yes);
+    EXPECT_FALSE(start());
+    EXPECT_EQ(world.messages.texts(), std::vector<std::wstring>{startQuestion});
+    EXPECT_NE(demo.host(), nullptr);
+    EXPECT_EQ(main->fMainForm, nullptr);
+}
+
+TEST_F(StartUp, NoDrawingOpen) {
+    ASSERT_TRUE(start());
+    EXPECT_EQ(status(), L"Keine aktive AutoCAD-Zeichnung !");
+    EXPECT_EQ(tree().selected()->key(), L"A");
+    click(L"B");
+    EXPECT_EQ(status(), L"C:\\Vorlagen");
+}
+
+TEST_F(StartUp, BrokenSettingsEndTheProgramWithTheirNameAndPlace) {
+    for (const wchar_t* key : {L"MainLeft", L"MainHeight", L"Col_2_4"}) {
+        world.settings.values = {{key, L"12 Zoll"}};
+        world.messages.clear();
+        EXPECT_FALSE(start());
+        ASSERT_EQ(world.messages.shown.size(), 1U);
+        const std::wstring& text = world.messages.shown[0].text;
+        EXPECT_NE(text.find(std::wstring(L"„") + key + L"“ ist keine Zahl: „12 Zoll“"), text.npos);
+        EXPECT_NE(text.find(L"HKEY_CURRENT_USER\\Software\\Blattwart\\Settings\\"), text.npos);
+        EXPECT_EQ(world.settings.writes, 0);
+    }
+    // These are read as far as they are numbers, or passed over.
+    world.settings.values = {{L"ViewMode", L"gross"}, {L"ColOrderL", L"x"}, {L"MainLeft", L"-250,5"}};
+    EXPECT_TRUE(start());
+    EXPECT_EQ(list().mode(), ListViewMode::largeIcons);
+    EXPECT_EQ(presenter.window.place.left, -250.5F);
+}
+
+class Watchdog : public Program {
+  protected:
+    Watchdog() {
+        host().addDocument(L"C:\\Projekte", L"Plan.dwg", {L"Blatt 1"});
+        start();
+        calls.clear();
+    }
+};
+
+TEST_F(Watchdog, LooksAtTheHostOnlyWhenTheUserComesBack) {
+    form().ctlTimer_Timer();
+    form().ctlTimer_Timer();
+    EXPECT_EQ(calls.count(), 0U);
+
+    host().addDocument(L"C:\\Projekte", L"Neu.dwg", {L"Blatt 1"});
+    world.desktop.foregroundWindow = 1;
+    form().ctlTimer_Timer();
+    EXPECT_EQ(main->gWasForeground, 0);
+    EXPECT_EQ(calls.count(), 0U);
+    world.desktop.foregroundWindow = FakeWindow::ownHandle;
+    form().ctlTimer_Timer();
+    EXPECT_EQ(main->gWasForeground, 1);
+    EXPECT_EQ(status(), L"C:\\Projekte\\Neu.dwg");
+    EXPECT_NE(treeText().find(L"Neu.dwg*"), std::wstring::npos);
+}
+
+TEST_F(Watchdog, NoticesThatTheHostHasGone) {
+    demo.end();
+    form().ctlTimer_Timer();
+    EXPECT_TRUE(world.messages.shown.empty());
+
+    world.messages.expect(startQuestion, MessageAnswer::no);
+    const int writes = world.settings.writes;
+    leaveAndReturn();
+    EXPECT_EQ(world.messages.shown.size(), 1U);
+    EXPECT_TRUE(world.process.ended);
+    EXPECT_EQ(world.settings.writes, writes);
+}
+
+TEST_F(Watchdog, AttachesToANewHost) {
+    demo.end();
+    demo.start();
+    host().addDocument(L"C:\\Projekte", L"Anders.dwg", {L"Blatt 9"});
+    leaveAndReturn();
+    EXPECT_TRUE(world.messages.shown.empty());
+    EXPECT_NE(treeText().find(L"Anders.dwg*\n    L"), std::wstring::npos);
+    EXPECT_EQ(treeText().find(L"Plan.dwg"), std::wstring::npos);
+
+    // Closed behind the program's back and started again on its question.
+    demo.end();
+    world.messages.expect(startQuestion, MessageAnswer::yes);
+    leaveAndReturn();
+    EXPECT_EQ(world.messages.shown.size(), 1U);
+    EXPECT_EQ(status(), L"\\Zeichnung1.dwg");
+}
+
+TEST_F(Watchdog, StepsAsideWhileACallOrAMessageBoxIsPending) {
+    world.desktop.foregroundWindow = 1;
+    form().ctlTimer_Timer();
+    world.desktop.foregroundWindow = FakeWindow::ownHandle;
+    calls.setCallPending(true);
+    form().ctlTimer_Timer();
+    form().Form_Activate();
+    EXPECT_EQ(calls.count(), 0U);
+    EXPECT_EQ(main->gWasForeground, 0);
+
+    calls.setCallPending(false);
+    demo.end();
+    world.messages.answer(MessageAnswer::yes);
+    world.messages.whileOpen = [this](const ShownBox&) { form().ctlTimer_Timer(); };
+    form().ctlTimer_Timer();
+    EXPECT_EQ(world.messages.shown.size(), 1U);
+    EXPECT_EQ(main->gWasForeground, 1);
+}
+
+TEST_F(Watchdog, WaitsForTheEndOfALabelEdit) {
+    world.desktop.foregroundWindow = 1;
+    form().ctlTimer_Timer();
+    world.desktop.foregroundWindow = FakeWindow::ownHandle;
+    tree().startLabelEdit(L"Neu");
+    form().ctlTimer_Timer();
+    EXPECT_EQ(calls.count(), 0U);
+    EXPECT_NE(tree().editedNode(), nullptr);
+    tree().userEndsLabelEdit(nullptr);
+    form().ctlTimer_Timer();
+    EXPECT_EQ(main->gWasForeground, 1);
+}
+
+}  // namespace
+}  // namespace blattwart::test
