@@ -36,8 +36,8 @@ void CRegistry::ReadValue() {
 void CRegistry::WriteValue() {
     RegistryKey key = 0;
     registry_.openKey(RegistryRoot::localMachine, keyPath_, Registry::setValueAccess, key);
-    // As many bytes as the text has characters, without a NUL: readers add it. Windows would store a NUL that it
-    // finds behind the data, hence the blank.
+    // As many bytes as the text has characters, without a NUL: readers add it. Windows would store a NUL that
+    // it finds behind the data, hence the blank.
     const std::string bytes = locale_.toAnsi(valueText_) + ' ';
     const std::span data = std::span(bytes).first(std::min(bytes.size() - 1, valueText_.size()));
     registry_.setValue(key, locale_.toAnsi(valueName_), Registry::textType, data);
