@@ -13,9 +13,9 @@ namespace blattwart {
 struct BusyHandlers {
     /// Called about ten times a second while a call is kept waiting, with the milliseconds since it was made;
     /// once with 0 when the waiting is over. The window shows "AutoCAD ist beschäftigt" from 1000 on.
-    std::function<void(std::int32_t milliseconds)> busyFor;
+    std::function<void(std::int32_t milliseconds)> busyFor = {};
     /// Asks the user whether to stop waiting.
-    std::function<bool()> askGiveUp;
+    std::function<bool()> askGiveUp = {};
 };
 
 /// Makes the calls to a host that may refuse them for a while. A refused call was not carried out: it is made

@@ -1,0 +1,114 @@
+#include "cadhost/HostControl.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/RuntimeError.h"
+
+namespace demo {
+
+namespace {
+
+std::string utf8(const std::wstring& text) {
+    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), nullptr, 0,
+                                           nullptr, nullptr);
+    std::string result(static_cast<std::size_t>(length), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), result.data(), length,
+                        nullptr, nullptr);
+    return result;
+}
+
+/// The ends of answers made visible, so that each text stands on one line.
+std::wstring onOneLine(std::wstring text) {
+    std::wstring result;
+    for (const wchar_t letter : text) {
+        if (letter == L'\r') {
+            result += L"\\r";
+        } else if (letter == L'\n') {
+            result += L"\\n";
+        } else {
+            result += letter;
+        }
+    }
+    return result;
+}
+
+}  // namespace
+
+bool HostControl::obey(const std::wstring& command) {
+    std::wistringstream words(command);
+    std::wstring verb;
+    std::wstring argument;
+    words >> verb;
+    std::getline(words >> std::ws, argument);
+    try {
+        return obeyUser(verb, argument) || server_.obey(command);
+    } catch (const blattwart::RuntimeError&) {
+        return false;
+    }
+}
+
+bool HostControl::obeyUser(const std::wstring& verb, const std::wstring& argument) {
+    if (verb == L"add") {
+        add(argument);
+    } else if (verb == L"open") {
+        host_.openFile(argument);
+    } else if (verb == L"activate") {
+        return withDocument(argument, &Host::activate);
+    } else if (verb == L"close") {
+        return withDocument(argument, &Host::close);
+    } else if (verb == L"typed") {
+        writeTyped(argument);
+    } else if (verb == L"quit") {
+        host_.quit();
+    } else {
+        return answerDialog(verb, argument);
+    }
+    return true;
+}
+
+bool HostControl::withDocument(const std::wstring& name, void (Host::*operation)(const DocumentPtr&)) {
+    const auto found = std::ranges::find_if(
+        host_.documents(), [&](const DocumentPtr& document) { return document->name() == name; });
+    if (found == host_.documents().end()) return false;
+    const DocumentPtr document = *found;
+    (host_.*operation)(document);
+    return true;
+}
+
+bool HostControl::answerDialog(const std::wstring& verb, const std::wstring& answer) {
+    if (!host_.dialog()) return false;
+    if (verb == L"ok") {
+        host_.answerDialog(host_.dialog()->proposal);
+    } else if (verb == L"answer") {
+        host_.answerDialog(answer);
+    } else if (verb == L"cancel") {
+        host_.cancelDialog();
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void HostControl::add(const std::wstring& description) {
+    std::wistringstream parts(description);
+    std::wstring folder;
+    std::wstring name;
+    std::getline(parts, folder, L'|');
+    std::getline(parts, name, L'|');
+    std::vector<std::wstring> layouts;
+    for (std::wstring layout; std::getline(parts, layout, L'|');) layouts.push_back(layout);
+    host_.addDocument(folder, name, layouts);
+}
+
+void HostControl::writeTyped(const std::wstring& file) const {
+    std::ofstream target{std::filesystem::path(file)};
+    for (const TypedText& typed : host_.typedTexts()) {
+        target << utf8(typed.document) << '\t' << typed.filedia << '\t' << utf8(onOneLine(typed.text))
+               << '\n';
+    }
+}
+
+}  // namespace demo

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+
+#include "com/Server.h"
+#include "host/Host.h"
+
+namespace demo {
+
+/// Obeys commands from tests and from the command line, which do what the user does at the host:
+///
+///     add FOLDER|NAME|LAYOUT|LAYOUT...   opens a drawing that no file holds; without FOLDER it was never
+///     saved open FILE, activate NAME, close NAME ok, cancel, answer TEXT            answers the open dialog
+///     typed FILE                         writes what clients typed: document, FILEDIA and text, a line each
+///     quit                               ends the host
+///
+/// and the commands of the server's Behaviour.
+class HostControl {
+  public:
+    HostControl(Host& host, Server& server) : host_(host), server_(server) {}
+
+    /// False when the command is not understood or cannot be carried out.
+    bool obey(const std::wstring& command);
+
+  private:
+    bool obeyUser(const std::wstring& verb, const std::wstring& argument);
+    bool withDocument(const std::wstring& name, void (Host::*operation)(const DocumentPtr&));
+    bool answerDialog(const std::wstring& verb, const std::wstring& answer);
+    void add(const std::wstring& description);
+    void writeTyped(const std::wstring& file) const;
+
+    Host& host_;
+    Server& server_;
+};
+
+}  // namespace demo

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "host/Host.h"
+
+namespace demo {
+
+/// What the user sees of the host: keeps the main window in line with it, paints what is open, shows its
+/// dialogs.
+class HostScreen {
+  public:
+    /// With `silent` dialogs are not shown.
+    HostScreen(Host& host, bool silent) : host_(host), silent_(silent) {}
+
+    void attach(HWND window);
+    /// Brings the window in line with the host, and the host with what the user did to the window.
+    void update();
+    void paint(HDC canvas, const RECT& area) const;
+    /// Shows the host's dialog when one is open.
+    void showDialog();
+
+  private:
+    void updateTitle();
+    void updateState();
+
+    Host& host_;
+    bool silent_;
+    bool showingDialog_ = false;
+    HWND window_ = nullptr;
+    bool shown_ = false;
+    WindowState state_ = WindowState::normal;
+    std::wstring content_;
+};
+
+}  // namespace demo

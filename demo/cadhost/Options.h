@@ -1,0 +1,51 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "host/HostOptions.h"
+
+namespace demo {
+
+/// What the program is started for.
+enum class Task { run, enter, remove };
+
+/// The command line:
+///
+///     cadhost [options] [drawings]
+///
+///     /register, /unregister   enters the program in the registry, with the other options given; removes it
+///     /Automation, -Embedding  started for a client: invisible
+///     /wide                    a 64-bit host
+///     /english                 an English host
+///     /version TEXT            its version
+///     /templates FOLDER        its template folder
+///     /model NAME              what the layout of model space is called
+///     /novba                   without macros
+///     /macros FILE             the macro project file
+///     /strict                  refuses extended data of applications that are not registered
+///     /startup MS              how long starting takes
+///     /silent                  dialogs are answered by commands only
+///     /do COMMAND              a command (HostControl) carried out at the start, as often as given
+struct Options {
+    Task task = Task::run;
+    bool automation = false;
+    bool silent = false;
+    DWORD startupTime = 0;
+    HostOptions host;
+    std::vector<std::wstring> drawings;
+    std::vector<std::wstring> commands;
+};
+
+/// Throws RuntimeError with a German text for an option that is not known or lacks its argument.
+Options readOptions(const std::vector<std::wstring>& words);
+
+/// The words of this program's command line, without the program itself.
+std::vector<std::wstring> commandLineWords();
+
+/// Words as one command line that is read back as the same words.
+std::wstring joined(const std::vector<std::wstring>& words);
+
+}  // namespace demo
