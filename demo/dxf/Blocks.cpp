@@ -60,10 +60,15 @@ std::wstring Drawing::freePaperSpaceName() const {
     return name;
 }
 
-/// The block for the content of a new layout. A drawing without paper layouts may have one that waits for it.
+/// A drawing without paper layouts has an empty block that waits for the first one.
+Block* Drawing::idlePaperSpace() const {
+    Block* block = findBlock(L"*Paper_Space");
+    return block && block->record && !block->layout && block->entities.empty() ? block : nullptr;
+}
+
+/// The block for the content of a new layout.
 Block& Drawing::newPaperSpaceBlock() {
-    Block* idle = findBlock(L"*Paper_Space");
-    if (idle && idle->record && !idle->layout) return *idle;
+    if (Block* idle = idlePaperSpace()) return *idle;
 
     Table* table = findTable(L"BLOCK_RECORD");
     const Group name = textGroup(2, freePaperSpaceName());

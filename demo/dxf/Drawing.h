@@ -148,6 +148,7 @@ class Drawing {
     void takeBlock(Block& block, Objects& removed);
     void renameBlock(Block& block, const std::wstring& name);
     std::wstring freePaperSpaceName() const;
+    Block* idlePaperSpace() const;
     Block& newPaperSpaceBlock();
 
     void requireNewLayoutName(std::wstring_view name, const Layout* renamed = nullptr) const;

@@ -118,6 +118,11 @@ Layout& Drawing::copyLayout(const Layout& source, std::wstring_view name) {
 
 Layout& Drawing::takeOver(const Drawing& from, const Layout& source, std::wstring_view name,
                           std::size_t position) {
+    if (Block* idle = idlePaperSpace()) {
+        Objects removed;
+        takeBlock(*idle, removed);
+        discard(removed);
+    }
     ObjectCopier copier(from, *this);
     auto object = copier.copy(source.object());
     Block& block = copier.copyBlock(source.block(), freePaperSpaceName());

@@ -173,8 +173,9 @@ std::string toCodePage(std::string_view utf8) {
 std::wstring folded(std::wstring_view name) {
     std::wstring result(name);
     for (wchar_t& c : result) {
-        const bool latin = (c >= 0xE0 && c <= 0xFE && c != 0xF7) || (c >= L'a' && c <= L'z');
-        if (latin) c = static_cast<wchar_t>(c - 0x20);
+        const bool latin = (c >= L'a' && c <= L'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7);
+        const bool greekOrCyrillic = (c >= 0x3B1 && c <= 0x3C9 && c != 0x3C2) || (c >= 0x430 && c <= 0x44F);
+        if (latin || greekOrCyrillic) c = static_cast<wchar_t>(c - 0x20);
     }
     return result;
 }

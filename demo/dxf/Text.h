@@ -18,7 +18,7 @@ std::string encodeText(std::wstring_view text);
 std::string fromCodePage(std::string_view bytes);
 std::string toCodePage(std::string_view utf8);
 
-/// For comparing names without regard to case (Latin letters).
+/// For comparing names without regard to case (letters of Western Europe, Greek, Russian).
 std::wstring folded(std::wstring_view name);
 bool sameName(std::wstring_view a, std::wstring_view b);
 
