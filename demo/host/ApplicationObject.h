@@ -1,0 +1,73 @@
+#pragma once
+
+#include "host/Members.h"
+
+namespace demo {
+
+/// The application object.
+class ApplicationObject final : public HostClass<ApplicationObject> {
+  public:
+    using HostClass::HostClass;
+    static std::vector<MemberSlot<ApplicationObject>> members();
+
+  private:
+    static std::vector<MemberSlot<ApplicationObject>> windowMembers();
+
+    blattwart::Value activeDocument();
+    void putActiveDocument(const blattwart::Value& value);
+    blattwart::Value documents();
+    blattwart::Value preferences();
+    blattwart::Value state(Arguments);
+
+    blattwart::Value visible();
+    void putVisible(const blattwart::Value& value);
+    blattwart::Value window();
+    blattwart::Value window32();
+    blattwart::Value windowState();
+    void putWindowState(const blattwart::Value& value);
+    blattwart::Value update(Arguments);
+
+    blattwart::Value version();
+    blattwart::Value name();
+    blattwart::Value caption();
+    blattwart::Value path();
+    blattwart::Value fullName();
+    blattwart::Value localeId();
+
+    blattwart::Value runMacro(Arguments arguments);
+    blattwart::Value loadDvb(Arguments arguments);
+    blattwart::Value unloadDvb(Arguments arguments);
+    blattwart::Value quit(Arguments);
+};
+
+/// Tells whether the host is idle; answers also while the host is busy.
+class StateObject final : public HostClass<StateObject> {
+  public:
+    using HostClass::HostClass;
+    static std::vector<MemberSlot<StateObject>> members();
+
+  private:
+    void checkReachable() const override;
+    blattwart::Value isQuiescent();
+};
+
+class PreferencesObject final : public HostClass<PreferencesObject> {
+  public:
+    using HostClass::HostClass;
+    static std::vector<MemberSlot<PreferencesObject>> members();
+
+  private:
+    blattwart::Value files();
+};
+
+class PreferencesFilesObject final : public HostClass<PreferencesFilesObject> {
+  public:
+    using HostClass::HostClass;
+    static std::vector<MemberSlot<PreferencesFilesObject>> members();
+
+  private:
+    blattwart::Value templateFolder();
+    void putTemplateFolder(const blattwart::Value& value);
+};
+
+}  // namespace demo

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "host/DrawingParts.h"
+
+namespace demo {
+
+/// A block: the content of a layout, or a definition.
+class BlockObject final : public HostClass<BlockObject, DrawingPart> {
+    friend class DrawingPart;
+
+  public:
+    using HostClass::HostClass;
+    static std::vector<MemberSlot<BlockObject>> members();
+    std::vector<blattwart::ObjectPtr> enumerate() override;
+
+  private:
+    std::wstring className() const override { return L"AcDbBlockTableRecord"; }
+    void erase() override;
+    Block& block() const;
+
+    blattwart::Value count();
+    blattwart::Value item(Arguments arguments);
+    blattwart::Value name();
+    blattwart::Value isLayout();
+    blattwart::Value layout();
+};
+
+/// All blocks of a document.
+class BlocksObject final : public HostClass<BlocksObject> {
+  public:
+    using HostClass::HostClass;
+    static std::vector<MemberSlot<BlocksObject>> members();
+    std::vector<blattwart::ObjectPtr> enumerate() override;
+
+  private:
+    blattwart::Value count();
+    blattwart::Value item(Arguments arguments);
+};
+
+}  // namespace demo

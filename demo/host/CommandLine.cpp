@@ -1,0 +1,107 @@
+#include "host/CommandLine.h"
+
+#include <algorithm>
+
+#include "host/Commands.h"
+#include "host/Host.h"
+#include "platform/RuntimeError.h"
+
+namespace demo {
+
+namespace {
+
+constexpr wchar_t escape = 27;
+
+bool isReturn(wchar_t character) {
+    return character == L'\r' || character == L'\n';
+}
+
+}  // namespace
+
+void CommandLine::type(const std::wstring& text) {
+    pending_.insert(pending_.end(), text.begin(), text.end());
+    run();
+}
+
+std::int16_t CommandLine::activity() const {
+    if (dialogOpen_) return 9;
+    return commandName_.empty() ? 0 : 1;
+}
+
+void CommandLine::run() {
+    while (!pending_.empty() && !dialogOpen_ && !document_.closed()) {
+        const wchar_t character = pending_.front();
+        pending_.pop_front();
+        if (character == escape) {
+            answer_.clear();
+            prompt_.reset();
+            commandName_.clear();
+        } else if (endsAnswer(character)) {
+            takeAnswer();
+        } else {
+            answer_ += character;
+        }
+    }
+}
+
+bool CommandLine::endsAnswer(wchar_t character) const {
+    if (isReturn(character)) return true;
+    if (character != L' ') return false;
+    const PromptKind kind = prompt_ ? prompt_->kind : PromptKind::word;
+    if (kind == PromptKind::word) return true;
+    const bool quoted = std::ranges::count(answer_, L'"') % 2 != 0;
+    return kind == PromptKind::path && host_.options().pathsEndAtSpace && !quoted;
+}
+
+void CommandLine::takeAnswer() {
+    std::wstring typed = std::move(answer_);
+    answer_.clear();
+    if (!prompt_) {
+        show((host_.options().language == Language::german ? L"Befehl: " : L"Command: ") + typed);
+        startCommand(typed.empty() ? lastCommand_ : typed);
+        return;
+    }
+    const Prompt prompt = std::move(*prompt_);
+    prompt_.reset();
+    show(prompt.text + L" " + typed);
+    if (prompt.kind == PromptKind::path) std::erase(typed, L'"');
+    if (typed.empty()) typed = prompt.fallback;
+    step([&] { prompt.answer(typed); });
+}
+
+void CommandLine::startCommand(const std::wstring& typed) {
+    if (typed.empty()) return;
+    const Command* command = findCommand(typed, host_.options().language);
+    if (!command) {
+        show((host_.options().language == Language::german ? L"Unbekannter Befehl: " : L"Unknown command: ") +
+             typed);
+        return;
+    }
+    lastCommand_ = typed;
+    commandName_ = command->name;
+    step([&] { command->start(host_, document_); });
+}
+
+void CommandLine::step(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const blattwart::RuntimeError& error) {
+        prompt_.reset();
+        show(error.description());
+    }
+    if (!prompt_ && !dialogOpen_) commandName_.clear();
+}
+
+void CommandLine::askByDialog(Dialog dialog) {
+    dialogOpen_ = true;
+    dialog.answer = [this, next = std::move(dialog.answer)](std::optional<std::wstring> answer) {
+        dialogOpen_ = false;
+        step([&] {
+            if (answer) next(std::move(answer));
+        });
+        run();
+    };
+    host_.showDialog(std::move(dialog));
+}
+
+}  // namespace demo

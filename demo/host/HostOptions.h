@@ -1,0 +1,37 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace demo {
+
+enum class Language { german, english };
+
+/// What one installation of the host is like. The defaults are a German 32-bit host with VBA.
+struct HostOptions {
+    /// A 64-bit host: object ids and window handles are 64 bits wide, 32-bit ids stand beside them.
+    bool wideIds = false;
+    /// Error texts, default names, command names and options.
+    Language language = Language::german;
+    std::wstring version = L"18.1s (LMS Tech)";
+    std::wstring programFolder = L"C:\\Programme\\AutoCAD 2011";
+    /// As the user set it up, possibly with a backslash at its end.
+    std::wstring templateFolder = L"C:\\Vorlagen";
+    /// What the layout of model space is called.
+    std::wstring modelName = L"Model";
+    bool vbaInstalled = true;
+    /// The macro project file that can be loaded; "" takes any file of the project's name.
+    std::wstring macroFile;
+    /// Extended data of an application that is not registered is refused; otherwise it is registered.
+    bool strictXData = false;
+    /// At prompts for files a space ends the answer unless it stands in double quotes.
+    bool pathsEndAtSpace = false;
+    /// The plot devices that are installed.
+    std::vector<std::wstring> plotDevices = {L"DWG To PDF.pc3"};
+    /// How long it takes to ask the plot devices.
+    std::chrono::milliseconds plotDeviceDelay{0};
+};
+
+}  // namespace demo
