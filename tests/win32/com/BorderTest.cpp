@@ -1,0 +1,164 @@
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "Client.h"
+
+namespace blattwart {
+namespace {
+
+class NoObjects : public ObjectBorder {
+  public:
+    ComPtr<IDispatch> toDispatch(const ObjectPtr&) override { return {}; }
+    ObjectPtr fromDispatch(IDispatch*) override { return {}; }
+};
+
+Value converted(VARTYPE type, std::int64_t content) {
+    NoObjects objects;
+    VARIANT variant;
+    VariantInit(&variant);
+    V_VT(&variant) = type;
+    V_I8(&variant) = content;
+    return fromVariant(variant, objects);
+}
+
+TEST(VariantBorder, ValuesTakeTheTypesThatServersExpect) {
+    NoObjects objects;
+    const std::pair<Value, VARTYPE> cases[] = {{Value(), VT_EMPTY},
+                                               {Null{}, VT_NULL},
+                                               {true, VT_BOOL},
+                                               {std::uint8_t{1}, VT_UI1},
+                                               {std::int16_t{1}, VT_I2},
+                                               {std::int32_t{1}, VT_I4},
+                                               {std::int64_t{1}, VT_I8},
+                                               {1.0F, VT_R4},
+                                               {1.0, VT_R8},
+                                               {Currency{1}, VT_CY},
+                                               {Date{1}, VT_DATE},
+                                               {L"", VT_BSTR},
+                                               {ObjectPtr(), VT_DISPATCH},
+                                               {ShortArray{}, VT_ARRAY | VT_I2},
+                                               {DoubleArray{}, VT_ARRAY | VT_R8},
+                                               {ValueArray{}, VT_ARRAY | VT_VARIANT}};
+    for (const auto& [value, type] : cases) EXPECT_EQ(V_VT(&toVariant(value, objects).get()), type);
+}
+
+TEST(VariantBorder, ForeignTypesTakeTheNextWiderOne) {
+    EXPECT_EQ(converted(VT_I1, -1 & 0xFF), Value(std::int16_t{-1}));
+    EXPECT_EQ(converted(VT_UI2, 65535), Value(std::int32_t{65535}));
+    EXPECT_EQ(converted(VT_UI4, 4000000000), Value(std::int64_t{4000000000}));
+    EXPECT_EQ(converted(VT_INT, 7), Value(std::int32_t{7}));
+    EXPECT_EQ(errorOf([] { converted(VT_ERROR, DISP_E_PARAMNOTFOUND); }), errorNumber::typeMismatch);
+    EXPECT_EQ(errorOf([] { converted(VT_ARRAY | VT_I2, 0); }), errorNumber::typeMismatch);
+}
+
+TEST(VariantBorder, ReadsThroughReferences) {
+    NoObjects objects;
+    Variant inner = toVariant(Value(L"innen"), objects);
+    VARIANT reference;
+    V_VT(&reference) = VT_BYREF | VT_VARIANT;
+    V_VARIANTREF(&reference) = &inner.get();
+    EXPECT_EQ(fromVariant(reference, objects), Value(L"innen"));
+}
+
+TEST(VariantBorder, ArraysOfOtherTypesComeElementByElement) {
+    NoObjects objects;
+    Variant numbers;
+    V_VT(&numbers.get()) = VT_ARRAY | VT_I4;
+    V_ARRAY(&numbers.get()) = SafeArrayCreateVector(VT_I4, 1, 2);
+    for (LONG i = 1; i <= 2; ++i) {
+        LONG number = i * 10;
+        SafeArrayPutElement(V_ARRAY(&numbers.get()), &i, &number);
+    }
+    EXPECT_EQ(fromVariant(numbers.get(), objects), Value(ValueArray{std::int32_t{10}, std::int32_t{20}}));
+    SAFEARRAYBOUND bounds[2] = {{2, 0}, {2, 0}};
+    Variant matrix;
+    V_VT(&matrix.get()) = VT_ARRAY | VT_R8;
+    V_ARRAY(&matrix.get()) = SafeArrayCreate(VT_R8, 2, bounds);
+    EXPECT_EQ(errorOf([&] { fromVariant(matrix.get(), objects); }), errorNumber::typeMismatch);
+}
+
+TEST(GuardBorder, ErrorsStayInsideAndAreToldOnce) {
+    BusyHost busyHost;
+    std::vector<std::wstring> reports;
+    Guard* inner = nullptr;
+    Guard guard(busyHost, [&](const std::wstring& text) {
+        reports.push_back(text);
+        // The message box lets events through, and these fail as well.
+        inner->guarded([] { throw RuntimeError(5, L"innen"); });
+    });
+    inner = &guard;
+    EXPECT_EQ(guard.guarded([] { return 7; }, 0), 7);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(guard.guarded([]() -> int { throw RuntimeError(5, L"Fehlschlag"); }, -1), -1);
+    }
+    guard.guarded([] { throw std::runtime_error("größer"); });
+    EXPECT_EQ(reports, (std::vector<std::wstring>{L"Fehlschlag", L"Unerwarteter Fehler: größer"}));
+}
+
+TEST(MessageFilter, KeepsInputBackAndHandsRefusalsOn) {
+    BusyHost busyHost;
+    std::int32_t told = 0;
+    busyHost.setHandlers(
+        {.busyFor = [&](std::int32_t milliseconds) { told = std::max(told, milliseconds); }});
+    Guard guard(busyHost, {});
+    const ComPtr<IMessageFilter> filter = makeMessageFilter(guard, busyHost);
+    EXPECT_EQ(filter->RetryRejectedCall(nullptr, 100, SERVERCALL_REJECTED), static_cast<DWORD>(-1));
+    EXPECT_EQ(filter->HandleInComingCall(CALLTYPE_TOPLEVEL, nullptr, 0, nullptr),
+              DWORD{SERVERCALL_ISHANDLED});
+    busyHost.call([&] {
+        EXPECT_EQ(filter->MessagePending(nullptr, 1500, PENDINGTYPE_TOPLEVEL),
+                  DWORD{PENDINGMSG_WAITDEFPROCESS});
+        return S_OK;
+    });
+    EXPECT_EQ(told, 1500);
+}
+
+/// Counts what arrives at a window while a call is being refused.
+struct Arrived {
+    int painted = 0;
+    int typed = 0;
+    int posted = 0;
+};
+
+LRESULT CALLBACK countArrivals(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* arrived = reinterpret_cast<Arrived*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (arrived && message == WM_PAINT) ++arrived->painted;
+    if (arrived && (message == WM_KEYDOWN || message == WM_LBUTTONDOWN)) ++arrived->typed;
+    if (arrived && (message == WM_APP || message == WM_TIMER)) ++arrived->posted;
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+TEST(BusyHostBorder, WindowsPaintButTakeNoInputWhileTheHostIsBusy) {
+    WNDCLASSW description{};
+    description.lpfnWndProc = countArrivals;
+    description.lpszClassName = L"Arrivals";
+    RegisterClassW(&description);
+    HWND window = CreateWindowW(L"Arrivals", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 200, 200, nullptr,
+                                nullptr, nullptr, nullptr);
+    Arrived arrived;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&arrived));
+    SetTimer(window, 1, 10, nullptr);
+    BusyHost busyHost;
+    int attempts = 0;
+    busyHost.call([&] {
+        if (attempts == 0) {
+            InvalidateRect(window, nullptr, TRUE);
+            PostMessageW(window, WM_KEYDOWN, VK_DELETE, 0);
+            PostMessageW(window, WM_LBUTTONDOWN, 0, 0);
+            PostMessageW(window, WM_APP, 0, 0);
+        }
+        return ++attempts < 4 ? RPC_E_CALL_REJECTED : S_OK;
+    });
+    EXPECT_EQ(attempts, 4);
+    EXPECT_GT(arrived.painted, 0);
+    EXPECT_EQ(arrived.posted, 0);
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    EXPECT_EQ(arrived.typed, 0);
+    EXPECT_GT(arrived.posted, 0);
+    DestroyWindow(window);
+}
+
+}  // namespace
+}  // namespace blattwart

@@ -1,0 +1,79 @@
+#include "Client.h"
+
+#include <algorithm>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+namespace blattwart {
+
+namespace {
+
+HANDLE startProgram(const char* file, const std::wstring& arguments) {
+    std::wstring command = L"\"" + windowsPath(file) + L"\" " + arguments;
+    STARTUPINFOW start{};
+    start.cb = sizeof(start);
+    PROCESS_INFORMATION process{};
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                        &process)) {
+        throw std::runtime_error("the program does not start");
+    }
+    CloseHandle(process.hThread);
+    return process.hProcess;
+}
+
+}  // namespace
+
+std::wstring windowsPath(const char* file) {
+    std::wstring path = L"Z:" + std::wstring(file, file + std::strlen(file));
+    std::replace(path.begin(), path.end(), L'/', L'\\');
+    return path;
+}
+
+std::wstring temporaryFile(const std::wstring& name) {
+    return (std::filesystem::temp_directory_path() / name).wstring();
+}
+
+DWORD runProgram(const char* file, const std::wstring& arguments) {
+    HANDLE process = startProgram(file, arguments);
+    WaitForSingleObject(process, 20000);
+    DWORD code = 0;
+    GetExitCodeProcess(process, &code);
+    CloseHandle(process);
+    return code;
+}
+
+RunningProgram::RunningProgram(const char* file, const std::wstring& arguments, const wchar_t* windowClass)
+    : windowClass_(windowClass), process_(startProgram(file, arguments)) {
+    for (int i = 0; i < 500 && !FindWindowW(windowClass, nullptr); ++i) Sleep(20);
+}
+
+RunningProgram::~RunningProgram() {
+    kill();
+    CloseHandle(process_);
+}
+
+void RunningProgram::kill() {
+    TerminateProcess(process_, 5);
+    WaitForSingleObject(process_, 5000);
+}
+
+std::map<std::string, int> RunningProgram::counters() const {
+    const std::wstring file = temporaryFile(L"counters.txt");
+    if (!obey(L"report " + file)) throw std::runtime_error("no report");
+    std::ifstream report{std::filesystem::path(file)};
+    std::map<std::string, int> result;
+    std::string name;
+    for (int number = 0; report >> name >> number;) result[name] = number;
+    return result;
+}
+
+ObjectPtr attach(Client& client, const wchar_t* name) {
+    ObjectPtr object;
+    for (int i = 0; i < 250 && !ignoringErrors([&] { object = client.automation.running(name); }); ++i)
+        Sleep(20);
+    return object;
+}
+
+}  // namespace blattwart

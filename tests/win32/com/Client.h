@@ -1,0 +1,65 @@
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "com/Server.h"
+#include "com/ServerWindow.h"
+#include "win32/ComAutomation.h"
+
+namespace blattwart {
+
+/// The program's way to other programs, put together as at start-up.
+struct Client {
+    explicit Client(std::chrono::milliseconds askAfter = std::chrono::seconds(10)) : busyHost(askAfter) {}
+
+    demo::Apartment apartment;
+    BusyHost busyHost;
+    std::vector<std::wstring> reports;
+    Guard guard{busyHost, [this](const std::wstring& text) { reports.push_back(text); }};
+    ComAutomation automation{guard, busyHost};
+};
+
+/// A program under test, killed at the end if it still runs.
+class RunningProgram {
+  public:
+    /// `file` as the build names it. Waits until its window is there, and after it the running instance.
+    RunningProgram(const char* file, const std::wstring& arguments, const wchar_t* windowClass);
+    RunningProgram(const RunningProgram&) = delete;
+    RunningProgram& operator=(const RunningProgram&) = delete;
+    ~RunningProgram();
+
+    void kill();
+    /// Sends the command to the program's window; false when it was not understood.
+    bool obey(const std::wstring& command) const { return demo::sendCommand(windowClass_, command); }
+    /// What the program counted so far.
+    std::map<std::string, int> counters() const;
+
+  private:
+    const wchar_t* windowClass_;
+    HANDLE process_ = nullptr;
+};
+
+/// Runs a program to its end; its exit code.
+DWORD runProgram(const char* file, const std::wstring& arguments);
+/// The running instance of the name, waiting for it at most five seconds.
+ObjectPtr attach(Client& client, const wchar_t* name);
+std::wstring temporaryFile(const std::wstring& name);
+/// A file of the build as Windows names it.
+std::wstring windowsPath(const char* file);
+
+/// The number of the error that the statement fails with, 0 when it passes.
+template <class Statement>
+std::int32_t errorOf(Statement&& statement) {
+    try {
+        statement();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+}  // namespace blattwart
