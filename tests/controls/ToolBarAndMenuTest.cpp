@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include "controls/Expectations.h"
+#include "controls/Menu.h"
+#include "controls/ToolBar.h"
+
+namespace blattwart {
+
+namespace {
+
+TEST(ShortcutTest, isNamedAsOnGermanKeyboards) {
+    struct Case {
+        Shortcut shortcut;
+        const wchar_t* text;
+    };
+    for (const Case& c : {Case{{}, L""},
+                          {{'S', true}, L"Strg+S"},
+                          {{Shortcut::del}, L"Entf"},
+                          {{Shortcut::enter}, L"Eingabe"},
+                          {{Shortcut::f1}, L"F1"},
+                          {{Shortcut::f5, true}, L"Strg+F5"}})
+        EXPECT_EQ(c.shortcut.text(), c.text);
+}
+
+TEST(ToolBarTest, clicksReachEnabledButtonsOnly) {
+    ToolBar toolBar;
+    toolBar.add({L"Open", L""});
+    toolBar.add({L"", L"", 0, ToolBarButton::Style::separator});
+    toolBar.add({L"Details", L"", 1, ToolBarButton::Style::check});
+    std::vector<std::wstring> clicked;
+    std::vector<int> told;
+    toolBar.events.buttonClick = [&](const std::wstring& key) { clicked.push_back(key); };
+    toolBar.buttonChanged = [&](int index) { told.push_back(index); };
+
+    for (const wchar_t* key : {L"Open", L"", L"Details", L"Unbekannt"}) toolBar.userClicks(key);
+    EXPECT_EQ(clicked, (std::vector<std::wstring>{L"Open", L"Details"}));
+    EXPECT_TRUE(toolBar.button(3).pressed);
+    toolBar.setButtonEnabled(1, false);
+    toolBar.setButtonEnabled(1, false);
+    toolBar.userClicks(L"Open");
+    toolBar.setEnabled(false);
+    toolBar.userClicks(L"Details");
+    EXPECT_EQ(clicked.size(), 2U);
+    EXPECT_EQ(told, (std::vector<int>{3, 1}));
+}
+
+TEST(ControlTest, sizesAreNotNegative) {
+    ToolBar toolBar;
+    int changes = 0;
+    toolBar.changed = [&] { ++changes; };
+    toolBar.setHeight(10);
+    toolBar.setHeight(10);
+    expectError(errorNumber::invalidCall, [&] { toolBar.setHeight(-1); });
+    expectError(errorNumber::invalidCall, [&] { toolBar.setWidth(-0.5F); });
+    EXPECT_EQ(toolBar.height(), 10);
+    EXPECT_EQ(changes, 1);
+}
+
+}  // namespace
+
+}  // namespace blattwart
