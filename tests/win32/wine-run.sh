@@ -5,6 +5,8 @@
 #   wine-run.sh --up SESSION               fresh prefix and display that stay, kept in the folder SESSION
 #   wine-run.sh --in SESSION PROGRAM...    runs the program in the session; on its own when there is none
 #   wine-run.sh --down SESSION             ends the session and all that runs in it
+#   wine-run.sh --resume SESSION           as --up, but with the prefix that --pause left there
+#   wine-run.sh --pause SESSION            as --down, but keeps the prefix
 #
 # Prints what the program prints and exits with its exit code; 124 when it took longer than WINE_RUN_SECONDS (120).
 # A template of the prefix is made once and kept in WINE_TEMPLATE (build/wine-template). KEEP_DISPLAY=1 uses the
@@ -69,14 +71,27 @@ enter() {
     export WINEPREFIX DISPLAY
 }
 
-up() {
-    local session=$1
-    down "$session"
-    ensure_template || { echo "wine-run: the prefix cannot be made" >&2; return 1; }
-    mkdir -p "$session"
-    cp -al "$template" "$session/prefix"
+make_prefix() {
+    local prefix=$1
+    ensure_template || return 1
+    rm -rf "$prefix.new"
+    cp -al "$template" "$prefix.new"
     # Wine writes its registry files in place, so these must not be links.
-    cp --remove-destination "$template"/*.reg "$session/prefix/"
+    cp --remove-destination "$template"/*.reg "$prefix.new/"
+    mv "$prefix.new" "$prefix"
+}
+
+up() {
+    down "$1"
+    resume "$1"
+}
+
+resume() {
+    local session=$1
+    pause "$session"
+    mkdir -p "$session"
+    [ -d "$session/prefix" ] || make_prefix "$session/prefix" ||
+        { echo "wine-run: the prefix cannot be made" >&2; return 1; }
     start_display "$session" || { echo "wine-run: no display" >&2; return 1; }
     enter "$session"
     # What Wine starts first keeps the output open that it was given.
@@ -94,16 +109,24 @@ run_in() {
     )
 }
 
-down() {
+pause() {
     local session=$1 pid
-    [ -d "$session" ] || return 0
+    [ -d "$session/prefix" ] || return 0
     (
         export WINEPREFIX=$session/prefix
         quiet wineserver -k
         quiet wineserver -w
     )
-    for pid in $(cat "$session/pids" 2>/dev/null); do kill "$pid" 2>/dev/null; done
-    rm -rf "$session"
+    # The numbers may be old: only what is still ours is ended.
+    for pid in $(cat "$session/pids" 2>/dev/null); do
+        case $(cat "/proc/$pid/comm" 2>/dev/null) in Xvfb | openbox) kill "$pid" ;; esac
+    done
+    rm -f "$session/pids" "$session/number" "$session/display" "$session/ready"
+}
+
+down() {
+    pause "$1"
+    rm -rf "$1"
 }
 
 run_alone() {
@@ -117,11 +140,13 @@ run_alone() {
 case "${1:-}" in
     --up) up "$2" ;;
     --down) down "$2" ;;
+    --resume) resume "$2" ;;
+    --pause) pause "$2" ;;
     --in)
         session=$2
         shift 2
         if [ -f "$session/ready" ]; then run_in "$session" "$@"; else run_alone "$@"; fi
         ;;
-    "" | -*) sed -n '2,12s/^# \{0,1\}//p' "${BASH_SOURCE[0]}" >&2; exit 2 ;;
+    "" | -*) sed -n '2,14s/^# \{0,1\}//p' "${BASH_SOURCE[0]}" >&2; exit 2 ;;
     *) run_alone "$@" ;;
 esac
