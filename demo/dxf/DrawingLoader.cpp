@@ -10,6 +10,7 @@ namespace {
 
 /// Handles beyond this are refused, so that counting on never overflows.
 constexpr Handle highestHandle = Handle{1} << 62;
+constexpr std::size_t mostLayouts = 256;
 
 bool isPart(const Object& object) {
     return object.type() == "VERTEX" || object.type() == "ATTRIB" || object.type() == "SEQEND";
