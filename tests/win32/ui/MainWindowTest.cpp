@@ -1,0 +1,274 @@
+#include "win32/MainWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "ControlHost.h"
+#include "shell/basMain.h"
+#include "support/TestPlatform.h"
+#include "win32/Dpi.h"
+#include "win32/Win32Desktop.h"
+#include "win32/Win32FormPresenter.h"
+
+namespace blattwart::test {
+
+namespace {
+
+/// The whole program in its real window, in a world without AutoCAD.
+class MainWindowTest : public testing::Test {
+  protected:
+    MainWindowTest() {
+        world.settings.values = {{L"MainLeft", L"1500"},
+                                 {L"MainTop", L"900"},
+                                 {L"MainWidth", L"9000"},
+                                 {L"MainHeight", L"6000"},
+                                 {L"ViewMode", L"3"}};
+        world.messages.answer(MessageAnswer::yes);
+        started = program.Main();
+        pumpFor(100);
+        world.messages.clear();
+    }
+    ~MainWindowTest() override {
+        presenter.destroyWindows();
+        pump();
+    }
+
+    MainWindow& main() { return *presenter.mainWindow(); }
+    frmMain& form() { return *program.fMainForm; }
+    HWND window() { return main().window(); }
+    HWND tree() { return childOfClass(window(), WC_TREEVIEWW); }
+    HWND list() { return childOfClass(window(), WC_LISTVIEWW); }
+    HWND toolBar() { return childOfClass(window(), TOOLBARCLASSNAMEW); }
+    HWND statusBar() { return childOfClass(window(), STATUSCLASSNAMEW); }
+
+    /// Place of a child window within the frame.
+    RECT place(HWND child) {
+        RECT rectangle{};
+        GetWindowRect(child, &rectangle);
+        MapWindowPoints(nullptr, window(), reinterpret_cast<POINT*>(&rectangle), 2);
+        return rectangle;
+    }
+    RECT client() {
+        RECT rectangle{};
+        GetClientRect(window(), &rectangle);
+        return rectangle;
+    }
+    int pixels(float twips) { return toPixels(twips, windowDpi(window())); }
+
+    /// The command number of a menu item, found in the menu as the user would.
+    UINT commandOf(HMENU menu, const std::wstring& caption) {
+        for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+            std::array<wchar_t, 100> text{};
+            GetMenuStringW(menu, static_cast<UINT>(i), text.data(), 100, MF_BYPOSITION);
+            if (std::wstring(text.data()).starts_with(caption)) return GetMenuItemID(menu, i);
+            const HMENU inner = GetSubMenu(menu, i);
+            if (const UINT found = inner ? commandOf(inner, caption) : 0) return found;
+        }
+        return 0;
+    }
+    void choose(const std::wstring& caption) {
+        SendMessageW(window(), WM_COMMAND, commandOf(GetMenu(window()), caption), 0);
+        pump();
+    }
+    bool translated(WPARAM key) {
+        const MSG message{GetFocus(), WM_KEYDOWN, key, 0, 0, {}};
+        const bool result = main().translate(message);
+        pump();
+        return result;
+    }
+    void mouse(UINT message, int x) { SendMessageW(window(), message, MK_LBUTTON, MAKELPARAM(x, 200)); }
+
+    NoAutomation automation;
+    TestPlatform world{automation};
+    BusyHost busyHost;
+    Guard guard{busyHost, {}};
+    Win32FormPresenter presenter{guard, automation};
+    basMain program{world.platform, presenter};
+    bool started = false;
+};
+
+TEST_F(MainWindowTest, StandsWhereTheSettingsSayAndLaysItsPanesOut) {
+    ASSERT_TRUE(started);
+    EXPECT_TRUE(IsWindowVisible(window()));
+    const Placement placement = main().placement();
+    EXPECT_EQ(placement.width, 9000);
+    EXPECT_EQ(placement.height, 6000);
+    EXPECT_EQ(GetFocus(), tree());
+    const RECT treePlace = place(tree());
+    const RECT listPlace = place(list());
+    EXPECT_EQ(treePlace.left, 0);
+    EXPECT_EQ(listPlace.left - treePlace.right, pixels(40));
+    EXPECT_EQ(listPlace.right, client().right) << "nothing is cut off";
+    EXPECT_EQ(treePlace.top, listPlace.top);
+    EXPECT_EQ(treePlace.bottom, place(statusBar()).top);
+    EXPECT_EQ(place(statusBar()).bottom, client().bottom);
+    EXPECT_EQ(textOf(window()), L"Blattwart");
+}
+
+TEST_F(MainWindowTest, SnapsBackToItsLeastWidth) {
+    SetWindowPos(window(), nullptr, 0, 0, 120, 300, SWP_NOMOVE | SWP_NOZORDER);
+    pump();
+    EXPECT_GE(main().width(), 3000);
+    EXPECT_LT(main().width(), 3000 + toTwips(1, windowDpi(window())));
+    EXPECT_NEAR(place(tree()).right, pixels(1500), 1);
+}
+
+TEST_F(MainWindowTest, TheSplitterIsDraggedWithTheMouse) {
+    const auto drag = [this](int to) {
+        mouse(WM_LBUTTONDOWN, place(tree()).right + 1);
+        mouse(WM_MOUSEMOVE, to);
+        EXPECT_TRUE(form().picSplitter.visible());
+        mouse(WM_LBUTTONUP, to);
+        pump();
+        EXPECT_FALSE(form().picSplitter.visible());
+        EXPECT_FALSE(GetCapture());
+    };
+    drag(pixels(3600));
+    EXPECT_EQ(place(tree()).right, pixels(3600));
+    drag(0);
+    EXPECT_EQ(place(tree()).right, pixels(1500));
+}
+
+TEST_F(MainWindowTest, BarsComeAndGo) {
+    const int top = place(tree()).top;
+    const int barHeight = place(toolBar()).bottom;
+    choose(L"&Symbolleiste");
+    EXPECT_FALSE(IsWindowVisible(toolBar()));
+    EXPECT_EQ(place(tree()).top, top - barHeight);
+    choose(L"S&tatusleiste");
+    EXPECT_EQ(place(list()).bottom, client().bottom);
+    choose(L"&Symbolleiste");
+    choose(L"S&tatusleiste");
+    EXPECT_EQ(place(tree()).top, top);
+    EXPECT_EQ(place(tree()).bottom, place(statusBar()).top);
+}
+
+TEST_F(MainWindowTest, MenusAndButtonsShowTheViewMode) {
+    const auto isChecked = [this](const std::wstring& caption) {
+        const HMENU bar = GetMenu(window());
+        for (int i = 0; i < GetMenuItemCount(bar); ++i) {
+            SendMessageW(window(), WM_INITMENUPOPUP, reinterpret_cast<WPARAM>(GetSubMenu(bar, i)), i);
+        }
+        return (GetMenuState(bar, commandOf(bar, caption), MF_BYCOMMAND) & MF_CHECKED) != 0;
+    };
+    EXPECT_TRUE(isChecked(L"&Details"));
+    choose(L"&Liste");
+    EXPECT_EQ(SendMessageW(list(), LVM_GETVIEW, 0, 0), LV_VIEW_LIST);
+    EXPECT_FALSE(isChecked(L"&Details"));
+    EXPECT_TRUE(isChecked(L"&Liste"));
+    const WPARAM firstButton = FrameControls::firstToolBarCommand;
+    EXPECT_TRUE(SendMessageW(toolBar(), TB_ISBUTTONCHECKED, firstButton + 16, 0));
+    SendMessageW(window(), WM_COMMAND, firstButton + 17, reinterpret_cast<LPARAM>(toolBar()));
+    EXPECT_EQ(form().lvListView.mode(), ListViewMode::details);
+    // Clicking the pressed button leaves it pressed.
+    SendMessageW(toolBar(), TB_CHECKBUTTON, firstButton + 17, FALSE);
+    SendMessageW(window(), WM_COMMAND, firstButton + 17, reinterpret_cast<LPARAM>(toolBar()));
+    EXPECT_TRUE(SendMessageW(toolBar(), TB_ISBUTTONCHECKED, firstButton + 17, 0));
+    EXPECT_FALSE(SendMessageW(toolBar(), TB_ISBUTTONENABLED, firstButton + 3, 0));
+}
+
+TEST_F(MainWindowTest, KeysReachCommandsAndPanes) {
+    EXPECT_TRUE(translated(VK_TAB));
+    EXPECT_EQ(GetFocus(), list());
+    EXPECT_TRUE(translated(VK_F6));
+    EXPECT_EQ(GetFocus(), tree());
+    int refreshed = 0;
+    form().item(L"mnuViewRefresh").click = [&] { ++refreshed; };
+    EXPECT_TRUE(translated(VK_F5));
+    EXPECT_EQ(refreshed, 1);
+    automation.pending = true;
+    EXPECT_TRUE(translated(VK_F5));
+    automation.pending = false;
+    EXPECT_EQ(refreshed, 1) << "not while a call is pending";
+    form().tvTreeView.startLabelEdit(L"Name");
+    EXPECT_FALSE(translated(VK_F5)) << "not while a label is edited";
+}
+
+TEST_F(MainWindowTest, TheWatchdogStepsAside) {
+    const auto ticks = [this] {
+        program.gWasForeground = 1;
+        pumpFor(1200);
+        return program.gWasForeground == 0;
+    };
+    EXPECT_TRUE(ticks());
+    EnableWindow(window(), FALSE);
+    EXPECT_FALSE(ticks()) << "under a dialog";
+    EnableWindow(window(), TRUE);
+    SetCapture(tree());
+    EXPECT_FALSE(ticks()) << "in a drag";
+    ReleaseCapture();
+    automation.pending = true;
+    EXPECT_FALSE(ticks()) << "in a call";
+    automation.pending = false;
+    EXPECT_TRUE(ticks());
+}
+
+TEST_F(MainWindowTest, ARefreshWithoutChangesPaintsNothing) {
+    program.views->RefreshTree();
+    PaintCount treePaints(tree());
+    PaintCount listPaints(list());
+    PaintCount barPaints(toolBar());
+    PaintCount statusPaints(statusBar());
+    const auto all = treePaints.during([&] {
+        EXPECT_EQ(listPaints.during([&] {
+            EXPECT_EQ(barPaints.during([&] {
+                EXPECT_EQ(statusPaints.during([&] { choose(L"&Aktualisieren"); }), 0) << "status bar";
+            }),
+                      0)
+                << "toolbar";
+        }),
+                  0)
+            << "list";
+    });
+    EXPECT_EQ(all, 0) << "tree";
+}
+
+TEST_F(MainWindowTest, TheStatusBarHasAPanelForTheBusyHost) {
+    const auto parts = [this] { return SendMessageW(statusBar(), SB_GETPARTS, 0, 0); };
+    const auto text = [this](WPARAM part) {
+        std::array<wchar_t, 200> shown{};
+        SendMessageW(statusBar(), SB_GETTEXTW, part, reinterpret_cast<LPARAM>(shown.data()));
+        return std::wstring(shown.data());
+    };
+    EXPECT_EQ(text(0), L"Keine aktive AutoCAD-Zeichnung !");
+    main().showBusy(900);
+    EXPECT_EQ(parts(), 1);
+    main().showBusy(1100);
+    EXPECT_EQ(parts(), 2);
+    EXPECT_EQ(text(1), L"AutoCAD ist beschäftigt");
+    main().showBusy(0);
+    EXPECT_EQ(parts(), 1);
+}
+
+TEST_F(MainWindowTest, ClosingSavesThePlacementUnlessMinimised) {
+    SetWindowPos(window(), nullptr, 60, 80, 700, 500, SWP_NOZORDER);
+    ShowWindow(window(), SW_MINIMIZE);
+    pump();
+    SendMessageW(window(), WM_ENDSESSION, TRUE, 0);
+    EXPECT_EQ(world.settings.values[L"MainWidth"], L"9000");
+    EXPECT_EQ(world.settings.values[L"Col_1_0"], L"5000");
+    EXPECT_TRUE(IsWindow(window()));
+    main().close();
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) && message.message != WM_QUIT)
+        DispatchMessageW(&message);
+    EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+    EXPECT_FALSE(window());
+}
+
+TEST_F(MainWindowTest, ClosingSavesWhereTheWindowStands) {
+    const int dpi = systemDpi();
+    SetWindowPos(window(), nullptr, 60, 80, 700, 500, SWP_NOZORDER);
+    RECT rectangle{};
+    GetWindowRect(window(), &rectangle);
+    main().close();
+    pump();
+    EXPECT_EQ(std::stof(world.settings.values[L"MainLeft"]), toTwips(rectangle.left, dpi));
+    EXPECT_EQ(std::stof(world.settings.values[L"MainHeight"]),
+              toTwips(rectangle.bottom - rectangle.top, dpi));
+}
+
+}  // namespace
+
+}  // namespace blattwart::test

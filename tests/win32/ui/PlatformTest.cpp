@@ -1,0 +1,228 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <thread>
+
+#include "ControlHost.h"
+#include "win32/Dpi.h"
+#include "win32/Win32Desktop.h"
+#include "win32/Win32Files.h"
+#include "win32/Win32Locale.h"
+#include "win32/Win32MessageBoxes.h"
+#include "win32/Win32Process.h"
+#include "win32/Win32Registry.h"
+#include "win32/Win32Settings.h"
+
+namespace blattwart::test {
+
+namespace {
+
+constexpr const char* testKey = "Software\\BlattwartTest";
+
+class RegistryTest : public testing::Test {
+  protected:
+    RegistryTest() {
+        HKEY created = nullptr;
+        RegCreateKeyA(HKEY_CURRENT_USER, testKey, &created);
+        RegCloseKey(created);
+    }
+    ~RegistryTest() override { RegDeleteKeyA(HKEY_CURRENT_USER, testKey); }
+
+    RegistryKey open(std::uint32_t access) {
+        RegistryKey key = 0;
+        EXPECT_EQ(registry.openKey(RegistryRoot::currentUser, testKey, access, key), Registry::success);
+        return key;
+    }
+    void store(const std::string& name, std::string_view bytes) {
+        const RegistryKey key = open(Registry::setValueAccess);
+        EXPECT_EQ(registry.setValue(key, name, Registry::textType, bytes), Registry::success);
+        registry.closeKey(key);
+    }
+    /// Result, size and buffer after reading into 256 blanks.
+    std::int32_t read(const std::string& name) {
+        const RegistryKey key = open(Registry::queryValueAccess);
+        buffer.fill(' ');
+        size = 256;
+        const std::int32_t result = registry.queryValue(key, name, type, buffer, size);
+        registry.closeKey(key);
+        return result;
+    }
+
+    Win32Registry registry;
+    std::array<char, 256> buffer{};
+    std::uint32_t size = 0;
+    std::uint32_t type = 0;
+};
+
+TEST_F(RegistryTest, ReadsAndWritesByteForByte) {
+    store("LM_Beenden", std::string_view("1x").substr(0, 1));
+    EXPECT_EQ(read("LM_Beenden"), Registry::success);
+    EXPECT_EQ(size, 1u) << "no terminating NUL is stored";
+    EXPECT_EQ(std::string_view(buffer.data(), 2), std::string_view("1\0", 2));
+    store("Pfad", std::string("C:\\Gr\xf6\xdf"
+                              "e\0",
+                              9));
+    EXPECT_EQ(read("Pfad"), Registry::success);
+    EXPECT_EQ(std::string_view(buffer.data(), size), std::string_view("C:\\Gr\xf6\xdf"
+                                                                      "e\0",
+                                                                      9));
+    store("Voll", std::string(255, 'x') + '\0');
+    EXPECT_EQ(read("Voll"), Registry::success);
+    EXPECT_EQ(size, 256u);
+}
+
+TEST_F(RegistryTest, FailuresLeaveTheBufferAlone) {
+    store("Lang", std::string(300, 'x') + '\0');
+    EXPECT_EQ(read("Lang"), ERROR_MORE_DATA);
+    EXPECT_EQ(size, 301u);
+    EXPECT_EQ(std::count(buffer.begin(), buffer.end(), ' '), 256);
+    EXPECT_EQ(read("Fehlt"), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(std::count(buffer.begin(), buffer.end(), ' '), 256);
+    RegistryKey key = 7;
+    EXPECT_EQ(registry.openKey(RegistryRoot::localMachine, "SOFTWARE\\Fehlt", 1, key), ERROR_FILE_NOT_FOUND);
+    EXPECT_EQ(key, 0u);
+}
+
+TEST(Win32SettingsTest, KeepsTexts) {
+    Win32Settings settings;
+    EXPECT_EQ(settings.get(L"TestFehlt", L"Vorgabe"), L"Vorgabe");
+    for (const std::wstring& text :
+         {std::wstring(), std::wstring(L"-1500,5"), std::wstring(L"Größe €"), std::wstring(3000, L'x')}) {
+        settings.set(L"Test", text);
+        EXPECT_EQ(settings.get(L"Test", L"Vorgabe"), text);
+    }
+    EXPECT_NE(settings.location(L"MainLeft").find(L"Software\\Blattwart\\Settings"), std::wstring::npos);
+    RegDeleteKeyValueW(HKEY_CURRENT_USER, L"Software\\Blattwart\\Settings", L"Test");
+}
+
+TEST(Win32FilesTest, ListsNormalFilesOnly) {
+    Win32Files files;
+    std::array<wchar_t, MAX_PATH> temporary{};
+    GetTempPathW(MAX_PATH, temporary.data());
+    const std::wstring folder = std::wstring(temporary.data()) + L"Blattwart größe";
+    CreateDirectoryW(folder.c_str(), nullptr);
+    const auto make = [&](const wchar_t* name, DWORD attributes) {
+        CloseHandle(CreateFileW((folder + L"\\" + name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                attributes, nullptr));
+    };
+    make(L"Plan.dwt", FILE_ATTRIBUTE_NORMAL);
+    make(L"versteckt.dwt", FILE_ATTRIBUTE_HIDDEN);
+    CreateDirectoryW((folder + L"\\Ordner.dwt").c_str(), nullptr);
+    EXPECT_EQ(files.list(folder + L"\\*.*"), std::vector<std::wstring>{L"Plan.dwt"});
+    EXPECT_TRUE(files.list(folder + L"\\*.dwg").empty());
+    EXPECT_THROW(files.list(folder + L"\\fehlt\\*.*"), RuntimeError);
+    EXPECT_TRUE(files.exists(folder + L"\\PLAN.DWT"));
+    EXPECT_FALSE(files.exists(folder + L"\\Ordner.dwt"));
+    files.remove(folder + L"\\Plan.dwt");
+    EXPECT_FALSE(files.exists(folder + L"\\Plan.dwt"));
+    EXPECT_THROW(files.remove(folder + L"\\Plan.dwt"), RuntimeError);
+    DeleteFileW((folder + L"\\versteckt.dwt").c_str());
+    RemoveDirectoryW((folder + L"\\Ordner.dwt").c_str());
+    RemoveDirectoryW(folder.c_str());
+    EXPECT_FALSE(files.applicationFolder().ends_with(L"\\"));
+    EXPECT_TRUE(files.exists(files.applicationFolder() + L"\\ui_test.exe"));
+}
+
+TEST(Win32LocaleTest, ComparesAsAFileListDoes) {
+    const Win32Locale locale;
+    const std::array<const wchar_t*, 6> ordered{L"",        L"Blatt 2", L"BLATT 10",
+                                                L"Öffnung", L"Plan",    L"Zeichnung"};
+    for (std::size_t i = 0; i + 1 < ordered.size(); ++i) {
+        EXPECT_LT(locale.compareNaturally(ordered.at(i), ordered.at(i + 1)), 0) << ordered.at(i);
+        EXPECT_GT(locale.compareNaturally(ordered.at(i + 1), ordered.at(i)), 0) << ordered.at(i);
+    }
+    EXPECT_EQ(locale.compareNaturally(L"Blatt 2", L"BLATT 2"), 0);
+    EXPECT_EQ(locale.upperCase(L"größe.dwt"), L"GRÖßE.DWT");
+    EXPECT_EQ(locale.decimalSeparator(), L",");
+    EXPECT_EQ(locale.toAnsi(L"Größe €"),
+              "Gr\xf6\xdf"
+              "e \x80");
+    EXPECT_EQ(locale.fromAnsi(locale.toAnsi(L"Größe €")), L"Größe €");
+    EXPECT_EQ(locale.fromAnsi(std::string_view("a\0b", 3)).size(), 3u);
+}
+
+TEST(DpiTest, ConvertsTwipsAndBack) {
+    for (const int dpi : {96, 120, 144, 192}) {
+        for (const int pixels : {-1920, -1, 0, 1, 433, 3840}) {
+            EXPECT_EQ(toPixels(toTwips(pixels, dpi), dpi), pixels) << dpi;
+        }
+        EXPECT_EQ(toPixels(1440, dpi), dpi);
+    }
+    EXPECT_EQ(toPixels(40, 96), 3);
+    EXPECT_EQ(toPixels(1e30F, 96), 32767) << "also what no screen has room for";
+}
+
+TEST(Win32ProcessTest, KnowsWhetherItRunsAlready) {
+    Win32Process first;
+    Win32Process second;
+    EXPECT_FALSE(first.previousInstance());
+    EXPECT_FALSE(first.previousInstance()) << "it is not its own predecessor";
+    EXPECT_TRUE(second.previousInstance());
+    EXPECT_THROW(first.start(L"C:\\fehlt\\nichts.exe"), RuntimeError);
+}
+
+/// Answers a message box from outside, as its user would.
+class MessageBoxUser {
+  public:
+    MessageBoxUser(const wchar_t* caption, WPARAM answer)
+        : thread_([this, caption, answer] {
+              for (int i = 0; i < 500 && !box_; ++i) {
+                  Sleep(10);
+                  box_ = FindWindowW(L"#32770", caption);
+                  if (box_ && !IsWindowVisible(box_)) box_ = nullptr;
+              }
+              found_ = Win32Desktop().findWindow(caption);
+              text_ = textOf(GetDlgItem(box_, 0xffff));
+              owner_ = GetWindow(box_, GW_OWNER);
+              PostMessageW(box_, WM_COMMAND, answer, 0);
+          }) {}
+    ~MessageBoxUser() {
+        if (thread_.joinable()) thread_.join();
+    }
+    void wait() { thread_.join(); }
+
+    WindowHandle found() const { return found_; }
+    const std::wstring& text() const { return text_; }
+    HWND owner() const { return owner_; }
+
+  private:
+    HWND box_ = nullptr;
+    HWND owner_ = nullptr;
+    WindowHandle found_ = 0;
+    std::wstring text_;
+    std::thread thread_;
+};
+
+TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
+    Win32Desktop desktop;
+    EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), 0);
+    const ControlHost host;
+    SetWindowTextW(host.window(), L"BlattwartProbe");
+    SetForegroundWindow(host.window());
+    pump();
+    MessageBoxUser user(L"BlattwartProbe", IDYES);
+    Win32MessageBoxes messages;
+    EXPECT_EQ(
+        messages.show(L"Größe löschen?", L"BlattwartProbe", MessageButtons::yesNo, MessageIcon::question),
+        MessageAnswer::yes);
+    user.wait();
+    EXPECT_EQ(user.found(), windowHandle(host.window()));
+    EXPECT_EQ(user.text(), L"Größe löschen?");
+    EXPECT_EQ(user.owner(), host.window());
+    EXPECT_EQ(desktop.findWindow(L"Blattwartprobe"), 0) << "exactly this caption";
+    ShowWindow(host.window(), SW_MINIMIZE);
+    pumpFor(50);
+    desktop.showNormal(windowHandle(host.window()));
+    desktop.setForeground(windowHandle(host.window()));
+    pumpFor(50);
+    EXPECT_FALSE(IsIconic(host.window()));
+    EXPECT_EQ(desktop.foreground(), windowHandle(host.window()));
+    ShowWindow(host.window(), SW_HIDE);
+    EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), 0) << "still hidden";
+}
+
+}  // namespace
+
+}  // namespace blattwart::test

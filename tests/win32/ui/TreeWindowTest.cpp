@@ -1,0 +1,237 @@
+#include "win32/TreeWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <optional>
+
+#include "ControlHost.h"
+#include "controls/Update.h"
+
+namespace blattwart::test {
+
+namespace {
+
+/// What the control shows of a node, read back from the control.
+struct Shown {
+    std::wstring text;
+    int image = 0;
+    int selectedImage = 0;
+    bool bold = false;
+    bool expanded = false;
+    bool selected = false;
+    friend bool operator==(const Shown&, const Shown&) = default;
+};
+
+class TreeWindowTest : public testing::Test {
+  protected:
+    TreeWindowTest() {
+        tree.add(nullptr, L"A", L"Geladene Zeichnungen", 2).setExpanded(true);
+        tree.add(nullptr, L"B", L"Bibliothek", 3).setExpanded(true);
+        for (const wchar_t* key : {L"Z1", L"Z2", L"Z3"}) tree.add(&tree.node(L"A"), key, key, 12, 13);
+        tree.add(&tree.node(L"Z2"), L"L4", L"Übersicht", 8, 9);
+        tree.add(&tree.node(L"B"), L"D5", L"Größe.dwt", 6, 4);
+        window.emplace(host.window(), tree, host.gate());
+        host.notify = [this](NMHDR& header) { return window->notify(header); };
+        SetWindowPos(handle(), nullptr, 0, 0, 300, 400, SWP_NOZORDER);
+        tree.events.nodeClick = [this](TreeNode& node) { happened += L"click " + node.key() + L";"; };
+        tree.events.doubleClick = [this] { happened += L"double;"; };
+        tree.events.afterLabelEdit = [this](const std::wstring& text) { happened += L"edit " + text + L";"; };
+        pump();
+    }
+    ~TreeWindowTest() override { host.notify = nullptr; }
+
+    HWND handle() const { return window->handle(); }
+
+    HTREEITEM below(HTREEITEM parent, const std::wstring& key) const {
+        const WPARAM first = parent ? TVGN_CHILD : TVGN_ROOT;
+        for (auto item = next(first, parent); item; item = next(TVGN_NEXT, item)) {
+            if (keyOf(item) == key) return item;
+            if (const HTREEITEM found = below(item, key)) return found;
+        }
+        return nullptr;
+    }
+    HTREEITEM itemOf(const std::wstring& key) const { return below(nullptr, key); }
+
+    HTREEITEM next(WPARAM relation, HTREEITEM item) const {
+        return reinterpret_cast<HTREEITEM>(
+            SendMessageW(handle(), TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(item)));
+    }
+
+    std::wstring keyOf(HTREEITEM item) const {
+        TVITEMW wanted{};
+        wanted.mask = TVIF_HANDLE | TVIF_PARAM;
+        wanted.hItem = item;
+        SendMessageW(handle(), TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&wanted));
+        return reinterpret_cast<const TreeNode*>(wanted.lParam)->key();
+    }
+
+    Shown shown(const std::wstring& key) const {
+        std::array<wchar_t, 100> text{};
+        TVITEMW item{};
+        item.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_STATE;
+        item.hItem = itemOf(key);
+        item.stateMask = TVIS_BOLD | TVIS_EXPANDED | TVIS_SELECTED;
+        item.pszText = text.data();
+        item.cchTextMax = static_cast<int>(text.size());
+        SendMessageW(handle(), TVM_GETITEMW, 0, reinterpret_cast<LPARAM>(&item));
+        return {item.pszText,
+                item.iImage,
+                item.iSelectedImage,
+                (item.state & TVIS_BOLD) != 0,
+                (item.state & TVIS_EXPANDED) != 0,
+                (item.state & TVIS_SELECTED) != 0};
+    }
+
+    POINT labelOf(const std::wstring& key) const {
+        RECT place{};
+        const HTREEITEM item = itemOf(key);
+        std::memcpy(&place, &item, sizeof item);
+        SendMessageW(handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place));
+        return {place.left + 4, (place.top + place.bottom) / 2};
+    }
+
+    std::wstring taken() { return std::exchange(happened, {}); }
+
+    ControlHost host;
+    TreeView tree;
+    std::optional<TreeWindow> window;
+    std::wstring happened;
+};
+
+TEST_F(TreeWindowTest, ShowsWhatTheModelHolds) {
+    EXPECT_EQ(shown(L"A"), (Shown{L"Geladene Zeichnungen", 2, 2, false, true, false}));
+    EXPECT_EQ(shown(L"L4"), (Shown{L"Übersicht", 8, 9, false, false, false}));
+    TreeNode& drawing = tree.node(L"Z2");
+    drawing.setText(L"Plan.dwg");
+    drawing.setBold(true);
+    drawing.setImage(7);
+    drawing.setSelectedImage(5);
+    drawing.setExpanded(true);
+    tree.select(drawing);
+    EXPECT_EQ(shown(L"Z2"), (Shown{L"Plan.dwg", 7, 5, true, true, true}));
+    tree.add(&drawing, L"L6", L"Neu");
+    drawing.setExpanded(false);
+    EXPECT_EQ(shown(L"L6").text, L"Neu");
+    EXPECT_FALSE(shown(L"Z2").expanded);
+    tree.select(tree.node(L"L4"));
+    EXPECT_TRUE(shown(L"Z2").expanded);
+    tree.clear();
+    EXPECT_EQ(SendMessageW(handle(), TVM_GETCOUNT, 0, 0), 0);
+    EXPECT_EQ(taken(), L"");
+}
+
+TEST_F(TreeWindowTest, RemovalMovesTheSelectionLikeTheModel) {
+    const std::array<std::array<const wchar_t*, 2>, 3> cases{{{L"Z2", L"Z3"}, {L"Z3", L"Z1"}, {L"Z1", L"A"}}};
+    for (const auto& [removed, selected] : cases) {
+        tree.select(tree.node(removed));
+        tree.remove(removed);
+        EXPECT_TRUE(shown(selected).selected) << selected;
+    }
+    pump();
+    EXPECT_EQ(taken(), L"");
+}
+
+TEST_F(TreeWindowTest, PaintsOnlyWhatChanges) {
+    PaintCount paints(handle());
+    const auto refresh = [this](const std::wstring& text, bool bold) {
+        const Update update(tree);
+        for (const wchar_t* key : {L"Z1", L"Z2", L"Z3"}) tree.node(key).setBold(false);
+        tree.node(L"Z2").setText(text);
+        tree.node(L"Z2").setBold(bold);
+        tree.node(L"A").setExpanded(true);
+        tree.select(tree.node(L"Z1"));
+    };
+    refresh(L"Z2", true);
+    EXPECT_EQ(paints.during([&] { refresh(L"Z2", true); }), 0);
+    EXPECT_EQ(paints.during([&] { refresh(L"Plan", false); }), 1);
+    EXPECT_EQ(paints.during([&] {
+        const Update update(tree);
+        for (int i = 10; i < 60; ++i) tree.add(&tree.node(L"A"), L"Z" + std::to_wstring(i), L"neu");
+        tree.remove(L"Z2");
+    }),
+              1);
+}
+
+TEST_F(TreeWindowTest, ClicksAndKeysAreReportedOnceEach) {
+    click(handle(), labelOf(L"Z1"));
+    EXPECT_EQ(taken(), L"click Z1;");
+    EXPECT_EQ(tree.selected(), &tree.node(L"Z1"));
+    click(handle(), labelOf(L"Z1"));
+    EXPECT_EQ(taken(), L"click Z1;") << "also on the selected node";
+    press(handle(), VK_DOWN);
+    EXPECT_EQ(taken(), L"click Z2;");
+    press(handle(), VK_RIGHT);
+    EXPECT_TRUE(tree.node(L"Z2").expanded());
+    click(handle(), {290, 390});
+    EXPECT_EQ(taken(), L"") << "beside all nodes";
+    click(handle(), labelOf(L"Z3"), WM_LBUTTONDBLCLK, WM_LBUTTONUP);
+    EXPECT_NE(taken().find(L"double;"), std::wstring::npos);
+}
+
+TEST_F(TreeWindowTest, CollapsingAboveTheSelectionIsAClick) {
+    tree.select(tree.node(L"L4"));
+    click(handle(), {8, labelOf(L"A").y});  // the button before the root
+    EXPECT_EQ(tree.selected(), &tree.node(L"A"));
+    EXPECT_FALSE(tree.node(L"A").expanded());
+    EXPECT_EQ(taken().substr(0, 8), L"click A;");
+}
+
+TEST_F(TreeWindowTest, TheContextMenuFirstSelectsWhatIsUnderTheMouse) {
+    POINT place = labelOf(L"D5");
+    ClientToScreen(handle(), &place);
+    const POINT menu = window->contextMenuAt(place);
+    pump();
+    EXPECT_EQ(taken(), L"click D5;");
+    EXPECT_EQ(menu.x, place.x);
+    POINT label = labelOf(L"D5");
+    ClientToScreen(handle(), &label);
+    const POINT byKey = window->contextMenuByKey();
+    EXPECT_EQ(byKey.x, label.x - 4);
+    EXPECT_GT(byKey.y, label.y);
+}
+
+TEST_F(TreeWindowTest, OnlyReturnTakesAnEditedLabelOver) {
+    const auto field = [this] { return childOfClass(handle(), L"Edit"); };
+    SendMessageW(handle(), TVM_EDITLABELW, 0, reinterpret_cast<LPARAM>(itemOf(L"Z1")));
+    EXPECT_FALSE(field()) << "begins by command only";
+    const auto start = [&] {
+        tree.select(tree.node(L"D5"));
+        tree.startLabelEdit(L"Vorschlag");
+        pump();
+        ASSERT_TRUE(field());
+        EXPECT_EQ(textOf(field()), L"Vorschlag");
+    };
+    start();
+    EXPECT_EQ(SendMessageW(field(), EM_GETSEL, 0, 0), MAKELONG(0, 9)) << "all selected";
+    SetWindowTextW(field(), L"Neue Größe");
+    press(field(), VK_RETURN);
+    EXPECT_EQ(taken(), L"edit Neue Größe;");
+    EXPECT_EQ(shown(L"D5").text, L"Größe.dwt") << "the model decides about the text";
+    start();
+    press(field(), VK_ESCAPE);
+    EXPECT_FALSE(tree.editedNode());
+    start();
+    SetWindowTextW(field(), L"verlassen");
+    SetFocus(host.window());
+    pump();
+    EXPECT_FALSE(tree.editedNode());
+    start();
+    tree.remove(L"D5");
+    pump();
+    EXPECT_FALSE(field());
+    EXPECT_EQ(taken(), L"");
+}
+
+TEST_F(TreeWindowTest, HighlightsTheDropTarget) {
+    tree.select(tree.node(L"Z1"));
+    tree.setDropHighlight(&tree.node(L"B"));
+    EXPECT_EQ(next(TVGN_DROPHILITE, nullptr), itemOf(L"B"));
+    tree.setDropHighlight(nullptr);
+    EXPECT_FALSE(next(TVGN_DROPHILITE, nullptr));
+}
+
+}  // namespace
+
+}  // namespace blattwart::test
