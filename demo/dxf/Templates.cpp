@@ -1,21 +1,23 @@
 #include "dxf/Templates.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace demo {
 
 namespace {
 
-/// Groups separated by | or line ends; code and value separated by the first blank.
+/// Groups separated by | or line ends; code and value separated by the first blank, which may lack before an
+/// empty value.
 Groups parsedGroups(std::string_view lines) {
     Groups groups;
     while (!lines.empty()) {
         const std::string_view line = lines.substr(0, lines.find_first_of("|\n"));
         lines.remove_prefix(line.size() + 1);
-        const auto blank = line.find(' ');
+        const auto blank = std::min(line.find(' '), line.size());
         Group group;
         std::from_chars(line.data(), line.data() + blank, group.code);
-        group.value = line.substr(blank + 1);
+        group.value = line.substr(std::min(blank + 1, line.size()));
         groups.push_back(std::move(group));
     }
     return groups;
@@ -65,7 +67,7 @@ constexpr std::string_view headerAndTables =
 0 ENDTAB
 0 TABLE|2 STYLE|5 3|330 0|100 AcDbSymbolTable|70 1
 0 STYLE|5 11|330 3|100 AcDbSymbolTableRecord|100 AcDbTextStyleTableRecord|2 Standard|70 0|40 0.0
-41 1.0|50 0.0|71 0|42 2.5|3 txt|4 
+41 1.0|50 0.0|71 0|42 2.5|3 txt|4
 0 ENDTAB
 0 TABLE|2 VIEW|5 6|330 0|100 AcDbSymbolTable|70 0
 0 ENDTAB
@@ -86,10 +88,10 @@ constexpr std::string_view headerAndTables =
 
 constexpr std::string_view blocksAndDictionaries = R"(0 SECTION|2 BLOCKS
 0 BLOCK|5 20|330 1F|100 AcDbEntity|8 0|100 AcDbBlockBegin|2 *Model_Space|70 0|10 0.0|20 0.0|30 0.0
-3 *Model_Space|1 
+3 *Model_Space|1
 0 ENDBLK|5 21|330 1F|100 AcDbEntity|8 0|100 AcDbBlockEnd
 0 BLOCK|5 1C|330 1B|100 AcDbEntity|67 1|8 0|100 AcDbBlockBegin|2 *Paper_Space|70 0|10 0.0|20 0.0
-30 0.0|3 *Paper_Space|1 
+30 0.0|3 *Paper_Space|1
 0 ENDBLK|5 1D|330 1B|100 AcDbEntity|67 1|8 0|100 AcDbBlockEnd
 0 ENDSEC
 0 SECTION|2 ENTITIES
