@@ -1,0 +1,190 @@
+#include "HostFixture.h"
+
+namespace demo {
+
+namespace {
+
+using blattwart::ShortArray;
+using blattwart::ValueArray;
+
+TEST_F(HostTest, LayoutsComeByNameAndModelIsMarked) {
+    const ObjectPtr document = open({L"Schnitt", L"Ansicht"});
+    const ObjectPtr layouts = object(document, L"Layouts");
+    EXPECT_EQ(names(layouts), (Names{L"Ansicht", L"Model", L"Schnitt"}));
+    EXPECT_EQ(get(layout(document, L"schnitt"), L"TabOrder"), Value(std::int32_t{1}));
+    EXPECT_EQ(get(layout(document, L"Model"), L"ModelType"), Value(true));
+    EXPECT_EQ(get(item(layouts, std::int32_t{0}), L"Name"), Value(L"Ansicht"));
+    EXPECT_EQ(errorOf([&] { layout(document, L"fehlt"); }), code(0x80200014));
+
+    restart({.modelName = L"Modell"});
+    const ObjectPtr german = open({L"A"});
+    EXPECT_EQ(names(object(german, L"Layouts")), (Names{L"A", L"Modell"}));
+    EXPECT_EQ(get(layout(german, L"Modell"), L"ModelType"), Value(true));
+    EXPECT_EQ(errorOf([&] { layout(german, L"Model"); }), code(0x80200014));
+}
+
+TEST_F(HostTest, ActiveLayoutAndActiveSpaceAgree) {
+    const ObjectPtr document = open({L"A", L"B"});
+    const auto current = [&] { return get(object(document, L"ActiveLayout"), L"Name"); };
+    put(document, L"ActiveLayout", layout(document, L"B"));
+    EXPECT_EQ(current(), Value(L"B"));
+    put(document, L"ActiveSpace", std::int32_t{1});
+    EXPECT_EQ(current(), Value(L"Model"));
+    EXPECT_EQ(call(document, L"GetVariable", {Value(L"TILEMODE")}), Value(std::int16_t{1}));
+    put(document, L"ActiveSpace", std::int32_t{0});
+    EXPECT_EQ(current(), Value(L"B"));
+
+    const ObjectPtr other = open({L"B"}, L"Anders.dwg");
+    EXPECT_NE(errorOf([&] { put(other, L"ActiveLayout", layout(document, L"B")); }), 0);
+    put(document, L"ActiveLayout", layout(document, L"A"));
+    EXPECT_EQ(current(), Value(L"A"));
+    EXPECT_EQ(get(other, L"Active"), Value(true));
+}
+
+TEST_F(HostTest, RenamingAndDeletingRefuseWhatTheHostRefuses) {
+    const ObjectPtr document = open({L"A", L"B"});
+    const ObjectPtr b = layout(document, L"B");
+    for (const wchar_t* wrong : {L"a", L"MODEL", L"x*y", L""}) {
+        EXPECT_NE(errorOf([&] { put(b, L"Name", wrong); }), 0);
+    }
+    EXPECT_NE(errorOf([&] { put(layout(document, L"Model"), L"Name", L"C"); }), 0);
+    put(b, L"Name", L"b");
+    EXPECT_EQ(tabs(), (Names{L"A", L"b"}));
+    EXPECT_NE(errorOf([&] { call(layout(document, L"Model"), L"Delete"); }), 0);
+    call(b, L"Delete");
+    EXPECT_NE(errorOf([&] { get(b, L"Name"); }), 0);
+    EXPECT_NE(errorOf([&] { call(layout(document, L"A"), L"Delete"); }), 0);
+    EXPECT_EQ(tabs(), (Names{L"A"}));
+}
+
+TEST_F(HostTest, TheSheetViewportAppearsWhenALayoutWasCurrent) {
+    const ObjectPtr document = open({L"A", L"B"});
+    const ObjectPtr block = object(layout(document, L"B"), L"Block");
+    EXPECT_EQ(get(block, L"Count"), Value(std::int32_t{0}));
+    put(document, L"ActiveLayout", layout(document, L"B"));
+    const auto entities = block->enumerate();
+    ASSERT_EQ(entities.size(), 1u);
+    EXPECT_EQ(get(entities[0], L"ObjectName"), Value(L"AcDbViewport"));
+    EXPECT_EQ(get(entities[0], L"EntityType"), Value(std::int32_t{35}));
+    Value types;
+    Value values;
+    call(entities[0], L"GetXData", {Value(L"Tarvix"), &types, &values});
+    EXPECT_TRUE(types.isEmpty());
+    EXPECT_EQ(get(object(block, L"Layout"), L"Name"), Value(L"B"));
+}
+
+TEST_F(HostTest, PlotSettingsComeInMillimetres) {
+    const ObjectPtr document = open({L"A"});
+    Layout& data = *host_->activeDocument()->findLayout(L"A");
+    PlotSettings settings = data.plotSettings();
+    settings.device = L"Plotter.pc3";
+    settings.paper = L"ISO_A3_(420.00_x_297.00_MM)";
+    settings.paperWidth = 420;
+    settings.paperHeight = 297;
+    settings.units = 0;
+    settings.rotation = 1;
+    data.setPlotSettings(settings);
+
+    const ObjectPtr a = layout(document, L"A");
+    Value width(0.0);
+    Value height(0.0);
+    const auto readSize = [&] { call(a, L"GetPaperSize", {&width, &height}); };
+    readSize();
+    EXPECT_EQ(width, Value(420.0));
+    EXPECT_EQ(height, Value(297.0));
+    EXPECT_EQ(get(a, L"PlotRotation"), Value(std::int32_t{1}));
+    const auto mediaName = [&] { return call(a, L"GetLocaleMediaName", {get(a, L"CanonicalMediaName")}); };
+    EXPECT_NE(errorOf(mediaName), 0) << "the device is not installed";
+    put(a, L"ConfigName", L"DWG To PDF.pc3");
+    EXPECT_EQ(mediaName(), Value(L"ISO A3 (420.00 x 297.00 MM)"));
+
+    call(a, L"RefreshPlotDeviceInfo");
+    readSize();
+    EXPECT_EQ(width, Value(420.0));
+    put(a, L"ConfigName", L"None");
+    EXPECT_EQ(get(a, L"ConfigName"), Value(L"None"));
+    call(a, L"RefreshPlotDeviceInfo");
+    readSize();
+    EXPECT_NE(width, Value(420.0)) << "asking no device spoils the paper";
+}
+
+class EntitiesTest : public HostTest {
+  protected:
+    EntitiesTest() : document_(open({L"A"})) {
+        Block& block = host_->activeDocument()->findLayout(L"A")->block();
+        add(block, "VIEWPORT",
+            {numberGroup(40, 200), numberGroup(41, 100), numberGroup(45, 5000), numberGroup(51, 90)});
+        add(block, "INSERT", {textGroup(2, L"Rahmen"), numberGroup(50, 180)});
+        add(block, "CIRCLE", {numberGroup(40, 1)});
+    }
+    void add(Block& block, const char* type, Groups groups) {
+        groups.insert(groups.begin(), textGroup(8, L"0"));
+        const Object& made = host_->activeDocument()->drawing().addEntity(block, type, std::move(groups));
+        entities_.push_back(
+            *call(document_, L"HandleToObject", {Value(handleText(made.handle()))}).as<ObjectPtr>());
+    }
+
+    ObjectPtr document_;
+    std::vector<ObjectPtr> entities_;
+};
+
+TEST_F(EntitiesTest, ReadAsTheHostGivesThem) {
+    const std::array<std::pair<const wchar_t*, std::int32_t>, 3> classes{
+        {{L"AcDbViewport", 35}, {L"AcDbBlockReference", 7}, {L"AcDbCircle", 8}}};
+    for (std::size_t i = 0; i < classes.size(); ++i) {
+        EXPECT_EQ(get(entities_[i], L"ObjectName"), Value(classes[i].first));
+        EXPECT_EQ(get(entities_[i], L"EntityType"), Value(classes[i].second));
+    }
+    EXPECT_DOUBLE_EQ(*get(entities_[0], L"CustomScale").as<double>(), 0.02);
+    EXPECT_NEAR(*get(entities_[0], L"TwistAngle").as<double>(), 1.5707963, 1e-6);
+    EXPECT_EQ(get(entities_[1], L"EffectiveName"), Value(L"Rahmen"));
+    EXPECT_NEAR(*get(entities_[1], L"Rotation").as<double>(), 3.1415926, 1e-6);
+    EXPECT_EQ(get(entities_[1], L"XScaleFactor"), Value(1.0));
+    EXPECT_EQ(errorOf([&] { get(entities_[2], L"CustomScale"); }), code(0x80020006));
+    call(entities_[2], L"Delete");
+    EXPECT_NE(errorOf([&] { get(entities_[2], L"Layer"); }), 0);
+}
+
+TEST_F(EntitiesTest, ExtendedDataComeBackInTheirTypes) {
+    const ObjectPtr viewport = entities_[0];
+    const std::wstring handle = *get(entities_[1], L"Handle").as<std::wstring>();
+    const ShortArray types{1001, 1071, 1005, 1070, 1000};
+    const ValueArray values{L"Tarvix", std::int16_t{21}, handle, std::int16_t{7}, L"Küche"};
+    call(viewport, L"SetXData", {Value(types), Value(values)});
+
+    Value readTypes;
+    Value readValues;
+    call(viewport, L"GetXData", {Value(L""), &readTypes, &readValues});
+    EXPECT_EQ(readTypes, Value(types));
+    const ValueArray expected{L"Tarvix", std::int32_t{21}, handle, std::int16_t{7}, L"Küche"};
+    EXPECT_EQ(readValues, Value(expected));
+
+    call(entities_[1], L"Delete");
+    host_->activeDocument()->drawing().audit();
+    call(viewport, L"GetXData", {Value(L"tarvix"), &readTypes, &readValues});
+    EXPECT_EQ((*readValues.as<ValueArray>())[2], Value(L"0"));
+}
+
+TEST_F(EntitiesTest, ExtendedDataThatTheHostRefuses) {
+    const auto set = [&](const ShortArray& types, const ValueArray& values) {
+        return errorOf([&] { call(entities_[0], L"SetXData", {Value(types), Value(values)}); });
+    };
+    EXPECT_NE(set({1001, 1005}, {L"Tarvix", L"kein Handle"}), 0);
+    EXPECT_NE(set({1000}, {L"ohne Namen"}), 0);
+    EXPECT_NE(set({1001, 1000}, {L"Tarvix"}), 0);
+    EXPECT_NE(set({1001, 1000}, {L"Tarvix", 1.0}), 0);
+    EXPECT_NE(set({1001, 1070}, {L"Tarvix", std::int32_t{70000}}), 0);
+    EXPECT_EQ(set({1001, 1000}, {L"Tarvix", L"geht"}), 0);
+
+    host_->options().strictXData = true;
+    EXPECT_NE(set({1001, 1000}, {L"Unbekannt", L"x"}), 0);
+    const ObjectPtr applications = object(document_, L"RegisteredApplications");
+    call(applications, L"Add", {Value(L"Unbekannt")});
+    call(applications, L"Add", {Value(L"UNBEKANNT")});
+    EXPECT_EQ(set({1001, 1000}, {L"Unbekannt", L"x"}), 0);
+    EXPECT_EQ(std::ranges::count(names(applications), L"Unbekannt"), 1);
+}
+
+}  // namespace
+
+}  // namespace demo
