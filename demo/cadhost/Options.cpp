@@ -50,6 +50,7 @@ class Reader {
     std::map<std::wstring, std::function<void()>> actions_{
         {L"register", [this] { options_.task = Task::enter; }},
         {L"unregister", [this] { options_.task = Task::remove; }},
+        {L"wait", [this] { options_.task = Task::wait; }},
         {L"Automation", [this] { options_.automation = true; }},
         {L"Embedding", [this] { options_.automation = true; }},
         {L"wide", [this] { options_.host.wideIds = true; }},

@@ -10,13 +10,14 @@
 namespace demo {
 
 /// What the program is started for.
-enum class Task { run, enter, remove };
+enum class Task { run, enter, remove, wait };
 
 /// The command line:
 ///
 ///     cadhost [options] [drawings]
 ///
 ///     /register, /unregister   enters the program in the registry, with the other options given; removes it
+///     /wait                    ends when clients find a running host, or with 1 after half a minute
 ///     /Automation, -Embedding  started for a client: invisible
 ///     /wide                    a 64-bit host
 ///     /english                 an English host

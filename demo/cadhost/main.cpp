@@ -63,6 +63,12 @@ void serve(const Options& options) {
     host->quit();
 }
 
+bool awaitHost() {
+    constexpr DWORD halfMinute = 30000;
+    const Apartment apartment;
+    return awaitRunning(hostClass, halfMinute);
+}
+
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
@@ -76,6 +82,8 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
             case Task::remove:
                 unregister(hostClass);
                 break;
+            case Task::wait:
+                return awaitHost() ? 0 : 1;
             case Task::run:
                 serve(options);
                 break;

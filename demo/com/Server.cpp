@@ -46,4 +46,14 @@ void Server::offer(const ObjectPtr& application) {
         CoRegisterClassObject(server_.id, factory.Get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &offered_));
 }
 
+bool awaitRunning(const ServerClass& server, DWORD milliseconds) {
+    constexpr DWORD step = 50;
+    for (DWORD waited = 0; waited <= milliseconds; waited += step) {
+        ComPtr<IUnknown> found;
+        if (SUCCEEDED(GetActiveObject(server.id, nullptr, &found))) return true;
+        Sleep(step);
+    }
+    return false;
+}
+
 }  // namespace demo

@@ -47,4 +47,8 @@ class Server {
     DWORD offered_ = 0;
 };
 
+/// True once clients can find the class as a running instance; false when they cannot after so many
+/// milliseconds. Needs an Apartment.
+bool awaitRunning(const ServerClass& server, DWORD milliseconds);
+
 }  // namespace demo
