@@ -21,11 +21,11 @@ void ControlWindow::setFont(HFONT font) const {
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
 }
 
-void ControlWindow::place(HDWP& moves, int dpi, float topOrigin) const {
+void ControlWindow::place(HDWP& moves, int dpi, Inset inset) const {
     if ((IsWindowEnabled(window_) != FALSE) != control_.enabled()) EnableWindow(window_, control_.enabled());
-    const float top = topOrigin + control_.top();
+    const float top = inset.top + control_.top();
     // Edges are rounded, not sizes: neighbours meet without a gap.
-    const RECT wanted{toPixels(control_.left(), dpi), toPixels(top, dpi),
+    const RECT wanted{toPixels(control_.left() + inset.left, dpi), toPixels(top, dpi),
                       toPixels(control_.left() + control_.width(), dpi),
                       toPixels(top + control_.height(), dpi)};
     RECT current{};

@@ -6,6 +6,12 @@
 
 namespace blattwart {
 
+/// Distances from where a model says, twips.
+struct Inset {
+    float left = 0;
+    float top = 0;
+};
+
 /// A child window that stands where its control model says.
 class ControlWindow {
   public:
@@ -18,8 +24,10 @@ class ControlWindow {
 
     HWND handle() const { return window_; }
     void setFont(HFONT font) const;
-    /// Adds what differs from the model, counted from `origin` (twips), to the moves; shows, hides, enables.
-    void place(HDWP& moves, int dpi, float topOrigin = 0) const;
+    /// Adds what differs from the model to the moves; shows, hides, enables. The window stands `inset.top`
+    /// (twips) lower and begins `inset.left` further right than its model.
+    void place(HDWP& moves, int dpi, Inset inset) const;
+    void place(HDWP& moves, int dpi) const { place(moves, dpi, {}); }
 
   private:
     HWND window_;

@@ -9,6 +9,7 @@ namespace {
 constexpr DWORD titleStyle = WS_VISIBLE | SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX;
 constexpr int titlePadding = 8;       // pixels at 96 dpi, above and below the text together
 constexpr float splitterWidth = 150;  // twips
+constexpr float titleInset = 60;      // twips
 constexpr UINT_PTR borderSubclass = 2;
 
 /// The borders of tree and list belong to the splitter: the gap between them alone is hard to hit.
@@ -51,8 +52,7 @@ void FrameControls::setDpi(int dpi) {
     Font font = messageFont(dpi);
     Font bold = boldFont(font.get());
     Pictures pictures = loadPictures(dpi);
-    tree_.setFont(font.get());
-    tree_.setImages(pictures.tree.get());
+    tree_.setLook(font.get(), pictures.tree.get(), dpi);
     list_.setFonts(font.get(), bold.get(), dpi);
     list_.setImages(pictures.listLarge.get(), pictures.listSmall.get());
     toolBar_.setImages(pictures.toolBar.get(), dpi);
@@ -90,11 +90,11 @@ void FrameControls::alignToFrame() {
 }
 
 void FrameControls::place() const {
-    const float titles = form_.picTitles.top();
+    const Inset strip{titleInset, form_.picTitles.top()};
     HDWP moves = BeginDeferWindowPos(7);
     splitterBar_.place(moves, dpi_);
-    treeTitle_.place(moves, dpi_, titles);
-    listTitle_.place(moves, dpi_, titles);
+    treeTitle_.place(moves, dpi_, strip);
+    listTitle_.place(moves, dpi_, strip);
     tree_.place(moves, dpi_);
     list_.place(moves, dpi_);
     toolBar_.place(moves, dpi_);

@@ -10,7 +10,10 @@ namespace {
 
 constexpr DWORD toolBarStyle =
     WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NOPARENTALIGN | CCS_NORESIZE;
-constexpr int margin = 2;  // pixels at 96 dpi, above and below the buttons
+// Pixels at 96 dpi. With this padding all buttons fit into the window as it opens for the first time.
+constexpr int horizontalPadding = 5;
+constexpr int verticalPadding = 6;
+constexpr int margin = 2;  // above and below the buttons
 
 BYTE stateOf(const ToolBarButton& button) {
     int state = 0;
@@ -47,9 +50,11 @@ void ToolBarWindow::setImages(HIMAGELIST images, int dpi) {
     // The size of the buttons follows the pictures only when they are added anew.
     while (SendMessageW(handle(), TB_DELETEBUTTON, 0, 0)) {
     }
+    const auto scaled = [dpi](int pixels) { return MulDiv(pixels, dpi, USER_DEFAULT_SCREEN_DPI); };
+    SendMessageW(handle(), TB_SETPADDING, 0, MAKELPARAM(scaled(horizontalPadding), scaled(verticalPadding)));
     addButtons();
     const DWORD size = static_cast<DWORD>(SendMessageW(handle(), TB_GETBUTTONSIZE, 0, 0));
-    const int height = HIWORD(size) + 2 * MulDiv(margin, dpi, USER_DEFAULT_SCREEN_DPI);
+    const int height = HIWORD(size) + 2 * scaled(margin);
     model_.setHeight(toTwips(height, dpi));
 }
 

@@ -2,10 +2,12 @@
 
 #include <windowsx.h>
 
+#include <algorithm>
 #include <cstring>
 #include <optional>
 #include <utility>
 
+#include "win32/Fonts.h"
 #include "win32/Scope.h"
 
 namespace blattwart {
@@ -14,6 +16,7 @@ namespace {
 
 constexpr DWORD treeStyle = WS_VISIBLE | WS_TABSTOP | TVS_HASBUTTONS | TVS_HASLINES | TVS_LINESATROOT |
                             TVS_SHOWSELALWAYS | TVS_EDITLABELS;
+constexpr int rowPadding = 4;  // pixels at 96 dpi, above and below together
 
 bool usesHighContrast() {
     HIGHCONTRASTW contrast{};
@@ -54,8 +57,14 @@ TreeWindow::~TreeWindow() {
     tree_.setListener(nullptr);
 }
 
-void TreeWindow::setImages(HIMAGELIST images) const {
+void TreeWindow::setLook(HFONT font, HIMAGELIST images, int dpi) const {
+    setFont(font);
     TreeView_SetImageList(handle(), images, TVSIL_NORMAL);
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(images, &width, &height);
+    const int row = std::max(height, lineHeight(font)) + MulDiv(rowPadding, dpi, USER_DEFAULT_SCREEN_DPI);
+    TreeView_SetItemHeight(handle(), row);
 }
 
 void TreeWindow::updateEnded() {

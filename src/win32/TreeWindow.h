@@ -21,8 +21,8 @@ class TreeWindow : public ControlWindow, private TreeViewListener {
     TreeWindow(HWND parent, TreeView& tree, EventGate& gate);
     ~TreeWindow() override;
 
-    /// Index 0 is the picture of nodes without an image.
-    void setImages(HIMAGELIST images) const;
+    /// Index 0 of the images is the picture of nodes without one.
+    void setLook(HFONT font, HIMAGELIST images, int dpi) const;
     LRESULT notify(NMHDR& header);
     /// A context menu is asked for at a place on the screen: what lies there is selected first, as by a
     /// click. Returns where the menu belongs.
