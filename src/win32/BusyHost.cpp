@@ -16,9 +16,17 @@ std::int32_t inMilliseconds(Duration duration) {
     return static_cast<std::int32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(duration).count());
 }
 
+/// Takes the next message of a range. The request to end the program comes whatever the range: it stays.
+bool takeNext(MSG& message, UINT first, UINT last) {
+    if (!PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) return false;
+    if (message.message != WM_QUIT) return true;
+    PostQuitMessage(static_cast<int>(message.wParam));
+    return false;
+}
+
 void throwAway(UINT first, UINT last) {
     MSG message;
-    while (PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) {
+    while (takeNext(message, first, last)) {
     }
 }
 
@@ -29,7 +37,7 @@ void paintOnly() {
     throwAway(WM_NCMOUSEMOVE, WM_NCXBUTTONDBLCLK);
     MSG message;
     // A window that does not validate itself would be asked to paint without end.
-    for (int i = 0; i < 50 && PeekMessageW(&message, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE); ++i) {
+    for (int i = 0; i < 50 && takeNext(message, WM_PAINT, WM_PAINT); ++i) {
         DispatchMessageW(&message);
     }
     // Mouse messages, even thrown away, let the window under the pointer set its own cursor.

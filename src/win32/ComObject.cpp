@@ -8,7 +8,7 @@ namespace blattwart {
 namespace {
 
 /// Elements asked for in one message; collections are mostly far smaller.
-constexpr ULONG elementsAtOnce = 1000;
+constexpr ULONG elementsAtOnce = 256;
 
 /// Room for elements that frees what they hold.
 class VariantBuffer {

@@ -148,13 +148,15 @@ TEST(BusyHostBorder, WindowsPaintButTakeNoInputWhileTheHostIsBusy) {
             PostMessageW(window, WM_LBUTTONDOWN, 0, 0);
             PostMessageW(window, WM_APP, 0, 0);
         }
+        if (attempts == 2) PostQuitMessage(3);
         return ++attempts < 4 ? RPC_E_CALL_REJECTED : S_OK;
     });
     EXPECT_EQ(attempts, 4);
     EXPECT_GT(arrived.painted, 0);
     EXPECT_EQ(arrived.posted, 0);
     MSG message;
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    while (GetMessageW(&message, nullptr, 0, 0)) DispatchMessageW(&message);
+    EXPECT_EQ(message.wParam, WPARAM{3});
     EXPECT_EQ(arrived.typed, 0);
     EXPECT_GT(arrived.posted, 0);
     DestroyWindow(window);

@@ -1,0 +1,73 @@
+#include <windows.h>
+
+#include <olectl.h>
+
+#include <array>
+
+#include "ado/Ado.h"
+#include "com/ClassFactory.h"
+#include "com/Registration.h"
+#include "platform/RuntimeError.h"
+
+/// The ADO stand-in under the names of the real objects, for clients in whose process it is loaded.
+namespace {
+
+using namespace demo;
+
+const std::array<ServerClass, 2> adoClasses{
+    {{{0x8e0d7b31, 0x4c8f, 0x4c55, {0xa2, 0x61, 0x0f, 0x63, 0x5d, 0x7b, 0x2c, 0x01}}, L"ADODB.Connection"},
+     {{0x8e0d7b31, 0x4c8f, 0x4c55, {0xa2, 0x61, 0x0f, 0x63, 0x5d, 0x7b, 0x2c, 0x02}}, L"ADODB.Recordset"}}};
+
+/// Connections and recordsets refer to each other, so that one exporter must know them all. It lives as long
+/// as the library, which is never unloaded.
+const std::shared_ptr<Exporter>& exporter() {
+    static const auto instance = std::make_shared<Exporter>(L"Microsoft JET Database Engine");
+    return instance;
+}
+
+/// Carries out a function of the library's border.
+template <class Body>
+HRESULT answer(Body&& body) noexcept {
+    try {
+        body();
+        return S_OK;
+    } catch (const blattwart::RuntimeError& error) {
+        return error.number();
+    } catch (const std::exception&) {
+        return E_UNEXPECTED;
+    }
+}
+
+HRESULT getClass(const ServerClass& server, REFIID interfaceId, void** object) {
+    const auto factory =
+        makeClassFactory([&server] { return exporter()->toDispatch(makeAdo(server.progId)); });
+    return factory->QueryInterface(interfaceId, object);
+}
+
+}  // namespace
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID interfaceId, void** object) {
+    if (!object) return E_POINTER;
+    *object = nullptr;
+    for (const ServerClass& server : adoClasses) {
+        if (server.id == classId) return getClass(server, interfaceId, object);
+    }
+    return CLASS_E_CLASSNOTAVAILABLE;
+}
+
+STDAPI DllCanUnloadNow() {
+    return S_FALSE;
+}
+
+STDAPI DllRegisterServer() {
+    return answer([] {
+        const std::wstring file = moduleFile(reinterpret_cast<const void*>(&DllRegisterServer));
+        for (const ServerClass& server : adoClasses) registerLibrary(server, file);
+    });
+}
+
+STDAPI DllUnregisterServer() {
+    return answer([] {
+        for (const ServerClass& server : adoClasses) unregister(server);
+    });
+}

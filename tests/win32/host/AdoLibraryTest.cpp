@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "com/Client.h"
+#include "mdb/Database.h"
+#include "mdb/DefinitionTables.h"
+
+namespace blattwart {
+namespace {
+
+/// ADO as the program finds it: a registered library.
+class AdoLibrary : public testing::Test {
+  protected:
+    AdoLibrary() {
+        HMODULE library = LoadLibraryW(windowsPath(ADO_LIBRARY).c_str());
+        const auto enter =
+            reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(GetProcAddress(library, "DllRegisterServer"));
+        EXPECT_EQ(enter(), S_OK);
+        demo::mdb::writeDatabase(file_, demo::mdb::sampleTables());
+    }
+
+    ObjectPtr connect(const std::wstring& file) {
+        const ObjectPtr connection = client_.automation.create(L"ADODB.Connection");
+        connection->put({L"Connection", L"CursorLocation"}, std::int32_t{3});
+        connection->call({L"Connection", L"Open"},
+                         {Value(L"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + file + L";"), Value(L""),
+                          Value(L""), Value(std::int32_t{-1})});
+        return connection;
+    }
+    ObjectPtr open(const ObjectPtr& connection, const wchar_t* query) {
+        const ObjectPtr recordset = client_.automation.create(L"ADODB.Recordset");
+        recordset->call({L"Recordset", L"Open"}, {Value(query), Value(connection), Value(std::int32_t{3}),
+                                                  Value(std::int32_t{3}), Value(std::int32_t{-1})});
+        return recordset;
+    }
+    Value cell(const ObjectPtr& recordset, const wchar_t* name) {
+        const Value fields = recordset->get({L"Recordset", L"Fields"});
+        const Value field = (*fields.as<ObjectPtr>())->call({L"Fields", L"Item"}, {Value(name)});
+        return (*field.as<ObjectPtr>())->get({L"Field", L"Value"});
+    }
+
+    Client client_{std::chrono::milliseconds(1)};
+    const std::wstring file_ = temporaryFile(L"Tarvix.mdb");
+};
+
+TEST_F(AdoLibrary, ReadsAJetFile) {
+    const ObjectPtr types = open(connect(file_), L"select * from Typen");
+    int rows = 0;
+    for (; types->get({L"Recordset", L"EOF"}) == Value(false); types->call({L"Recordset", L"MoveNext"})) {
+        EXPECT_TRUE(cell(types, L"TypenId").is<std::int32_t>());
+        EXPECT_TRUE(cell(types, L"typ").is<std::wstring>());
+        ++rows;
+    }
+    EXPECT_GT(rows, 0);
+    const ObjectPtr blocks = open(connect(file_), L"select * from Bloecke");
+    EXPECT_TRUE(cell(blocks, L"FaktorX").is<double>());
+    EXPECT_EQ(errorOf([&] { cell(blocks, L"Gibtsnicht"); }), static_cast<std::int32_t>(0x800A0CC1));
+}
+
+TEST_F(AdoLibrary, FailsWithTextsOfItsOwn) {
+    try {
+        connect(L"C:\\fehlt.mdb");
+        FAIL();
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.description().find(L"Automatisierungsfehler"), std::wstring::npos);
+    }
+}
+
+TEST_F(AdoLibrary, IsOpenAlsoWhenTheUserGaveUpTheHost) {
+    client_.busyHost.setHandlers({.askGiveUp = [] { return true; }});
+    client_.guard.guarded([&] {
+        EXPECT_EQ(client_.busyHost.call([] { return RPC_E_CALL_REJECTED; }), RPC_E_CALL_REJECTED);
+        EXPECT_FALSE(cell(open(connect(file_), L"select * from Typen"), L"typ").isNull());
+    });
+    EXPECT_TRUE(client_.reports.empty());
+}
+
+}  // namespace
+}  // namespace blattwart
