@@ -8,7 +8,7 @@
 #   wine-run.sh --resume SESSION           as --up, but with the prefix that --pause left there
 #   wine-run.sh --pause SESSION            as --down, but keeps the prefix
 #
-# Prints what the program prints and exits with its exit code; 124 when it took longer than WINE_RUN_SECONDS (120).
+# Prints what the program prints and exits with its exit code; 124 when it took longer than WINE_RUN_SECONDS (100).
 # A template of the prefix is made once and kept in WINE_TEMPLATE (build/wine-template). KEEP_DISPLAY=1 uses the
 # display that is there, so that one can look at the program.
 set -u
@@ -105,7 +105,13 @@ run_in() {
     shift
     (
         enter "$session"
-        timeout --kill-after=5 "${WINE_RUN_SECONDS:-120}" $wine "$@"
+        # The first window starts Wine's desktop, which outlives the program by a second and would keep a pipe open.
+        output=$(mktemp "$session/output-XXXXXX")
+        timeout --kill-after=5 "${WINE_RUN_SECONDS:-100}" $wine "$@" </dev/null >"$output" 2>&1
+        result=$?
+        cat "$output"
+        rm -f "$output"
+        exit $result
     )
 }
 
@@ -119,7 +125,7 @@ pause() {
     )
     # The numbers may be old: only what is still ours is ended.
     for pid in $(cat "$session/pids" 2>/dev/null); do
-        case $(cat "/proc/$pid/comm" 2>/dev/null) in Xvfb | openbox) kill "$pid" ;; esac
+        case $(cat "/proc/$pid/comm" 2>/dev/null) in Xvfb | openbox) kill "$pid" 2>/dev/null ;; esac
     done
     rm -f "$session/pids" "$session/number" "$session/display" "$session/ready"
 }
