@@ -185,6 +185,7 @@ void TreeView::userEndsLabelEdit(const std::wstring* text) {
     editedNode_ = nullptr;
     editText_.clear();
     if (text && events.afterLabelEdit) events.afterLabelEdit(*text);
+    if (!text && events.labelEditCancelled) events.labelEditCancelled();
 }
 
 std::vector<TreeNode*>& TreeView::siblingsOf(const TreeNode& node) {

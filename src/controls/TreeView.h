@@ -94,6 +94,11 @@ class TreeView : public Control {
         std::function<void()> doubleClick;
         std::function<void()> contextMenu;
         std::function<void(const std::wstring& text)> afterLabelEdit;
+        /// The user has broken off the edit; not raised when code cancels it.
+        std::function<void()> labelEditCancelled;
+        /// Something was dropped on the highlighted node: files, or the key of a node or list entry.
+        std::function<void(const std::vector<std::wstring>& files)> filesDropped;
+        std::function<void(const std::wstring& key)> keyDropped;
     } events;
 
     TreeView() = default;
@@ -145,8 +150,9 @@ class TreeView : public Control {
     void cancelLabelEdit();
     TreeNode* editedNode() const { return editedNode_; }
     const std::wstring& editText() const { return editText_; }
-    /// The window reports the end of the edit: no text when it was cancelled. With a text afterLabelEdit is
-    /// raised once the edit is over; the node keeps its text. Nothing happens when no edit is under way.
+    /// The window reports the end of the edit: no text when it was cancelled. Once the edit is over
+    /// afterLabelEdit or labelEditCancelled is raised; the node keeps its text. Nothing happens when no edit
+    /// is under way.
     void userEndsLabelEdit(const std::wstring* text);
 
   private:

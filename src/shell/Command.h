@@ -37,10 +37,10 @@ enum PopupGroups : unsigned { noPopup = 0, popupTemplates = 1, popupDrawings = 2
 
 /// One command: everything that menus, context menus, toolbar and shortcuts need to offer it.
 struct Command {
-    std::wstring_view item;  ///< name of the menu item; "" when it is not in the menu bar
+    std::wstring_view item = {};  ///< name of the menu item; "" when it is not in the menu bar
     MenuId menu = MenuId::none;
-    std::wstring_view caption;  ///< with access key; for menu and context menus
-    void (frmMain::*run)() = nullptr;
+    std::wstring_view caption = {};    ///< with access key; for menu and context menus
+    void (frmMain::*run)() = nullptr;  ///< null for a placeholder
     Enabling enabling = Enabling::always;
     unsigned kinds = noKind;
     Shortcut shortcut = {};

@@ -11,12 +11,52 @@ namespace {
 constexpr Shortcut key(std::uint16_t code) {
     return {code, false};
 }
+constexpr Shortcut control(wchar_t letter) {
+    return {static_cast<std::uint16_t>(letter), true};
+}
 
 constexpr unsigned allPopups = popupTemplates | popupDrawings | popupLayouts;
 
 // clang-format off
+// Rows without an operation are placeholders: they name themselves in a message box.
 constexpr std::array table{
-    Command{.item = L"mnuEnd", .menu = MenuId::file, .caption = L"&Beenden", .run = &frmMain::mnuEnd_Click},
+    Command{.item = L"mnuFileNew", .menu = MenuId::file, .caption = L"&Neu"},
+    Command{.item = L"mnuTemplate", .menu = MenuId::file, .caption = L"Neue &Zeichnung aus Vorlage",
+            .run = &frmMain::mnuTemplate_Click, .enabling = Enabling::byKind, .kinds = kindB | kindD, .button = L"New",
+            .toolTip = L"Neue Zeichnung aus Vorlage", .pop = L"popTemplate", .popups = popupTemplates},
+    Command{.item = L"mnuTemplateOpen", .menu = MenuId::file, .caption = L"&Vorlage öffnen",
+            .run = &frmMain::mnuTemplateOpen_Click, .enabling = Enabling::byKind, .kinds = kindB | kindD,
+            .pop = L"popLoad", .popups = popupTemplates},
+    Command{.item = L"mnuFileFind", .menu = MenuId::file, .caption = L"S&uchen"},
+    Command{.item = L"mnuSave", .menu = MenuId::file, .caption = L"&Speichern", .run = &frmMain::mnuSave_Click,
+            .enabling = Enabling::byKind, .kinds = kindA | kindZ, .shortcut = control(L'S'), .button = L"Save",
+            .toolTip = L"Speichern", .pop = L"popSave", .popups = popupDrawings, .separatorBefore = true},
+    Command{.item = L"mnuSaveAS", .menu = MenuId::file, .caption = L"Speichern un&ter...",
+            .run = &frmMain::mnuSaveAS_Click, .enabling = Enabling::byKind, .kinds = kindA | kindZ,
+            .pop = L"popSaveAs", .popups = popupDrawings},
+    Command{.item = L"mnuFileClose", .menu = MenuId::file, .caption = L"S&chließen",
+            .run = &frmMain::mnuFileClose_Click, .enabling = Enabling::byKind, .kinds = kindA | kindZ,
+            .pop = L"popClose", .popups = popupDrawings},
+    Command{.item = L"mnuTemplateDelete", .menu = MenuId::file, .caption = L"Vorlage lös&chen...",
+            .run = &frmMain::mnuTemplateDelete_Click, .enabling = Enabling::byKind, .kinds = kindB | kindD,
+            .shortcut = key(Shortcut::del), .pop = L"popDelVorlage", .popups = popupTemplates,
+            .separatorBefore = true},
+    Command{.item = L"mnuFileDelete", .menu = MenuId::file, .caption = L"Layout &löschen",
+            .run = &frmMain::mnuFileDelete_Click, .enabling = Enabling::deletable, .kinds = kindZ | kindL,
+            .shortcut = key(Shortcut::del), .pop = L"popDel", .popups = popupDrawings | popupLayouts},
+    Command{.item = L"mnuFileRename", .menu = MenuId::file, .caption = L"Layout &umbenennen",
+            .run = &frmMain::mnuFileRename_Click, .enabling = Enabling::byKind, .kinds = kindZ | kindL,
+            .shortcut = key(Shortcut::f2), .pop = L"popRename", .popups = popupDrawings | popupLayouts},
+    Command{.item = L"mnuFileProperties", .menu = MenuId::file, .caption = L"&Eigenschaften"},
+    Command{.item = L"mnuEnd", .menu = MenuId::file, .caption = L"&Beenden", .run = &frmMain::mnuEnd_Click,
+            .separatorBefore = true},
+
+    Command{.item = L"mnuEditUndo", .menu = MenuId::edit, .caption = L"&Rückgängig"},
+    Command{.item = L"mnuEditCut", .menu = MenuId::edit, .caption = L"&Ausschneiden", .separatorBefore = true},
+    Command{.item = L"mnuEditPaste", .menu = MenuId::edit, .caption = L"&Einfügen"},
+    Command{.item = L"mnuEditPasteSpecial", .menu = MenuId::edit, .caption = L"&Inhalte einfügen"},
+    Command{.item = L"mnuEditSelectAll", .menu = MenuId::edit, .caption = L"Alles &markieren",
+            .run = &frmMain::mnuEditSelectAll_Click, .shortcut = control(L'A'), .separatorBefore = true},
 
     Command{.item = L"mnuViewToolbar", .menu = MenuId::view, .caption = L"&Symbolleiste",
             .run = &frmMain::mnuViewToolbar_Click},
@@ -38,11 +78,63 @@ constexpr std::array table{
     Command{.item = L"mnuViewRefresh", .menu = MenuId::view, .caption = L"&Aktualisieren",
             .run = &frmMain::mnuViewRefresh_Click, .shortcut = key(Shortcut::f5), .separatorBefore = true},
 
+    Command{.item = L"mnuActive", .menu = MenuId::layout, .caption = L"&Aktivieren",
+            .run = &frmMain::mnuActive_Click, .enabling = Enabling::notActive, .kinds = kindZ | kindL,
+            .pop = L"popLayout", .popups = popupLayouts},
+    Command{.item = L"mnuDrawing", .menu = MenuId::layout, .caption = L"&Zeichnung aktivieren",
+            .run = &frmMain::mnuDrawing_Click, .enabling = Enabling::byKind, .kinds = kindA | kindZ,
+            .pop = L"popDrawing", .popups = popupDrawings},
+    Command{.item = L"mnuModel", .menu = MenuId::layout, .caption = L"&Modellbereich",
+            .run = &frmMain::mnuModel_Click, .enabling = Enabling::modelSpace, .kinds = kindA | kindZ,
+            .button = L"Model", .toolTip = L"Zum Modellbereich wechseln", .pop = L"popModel", .popups = popupDrawings},
+    Command{.item = L"mnuCreate", .menu = MenuId::layout, .caption = L"Layout &erstellen",
+            .run = &frmMain::mnuCreate_Click, .enabling = Enabling::attached, .button = L"Layout",
+            .toolTip = L"Layout erstellen", .pop = L"popCreate", .popups = popupDrawings | popupLayouts,
+            .separatorBefore = true},
+    Command{.item = L"mnuLayoutImport", .menu = MenuId::layout, .caption = L"Layout als &Vorlage in die Bibliothek",
+            .run = &frmMain::mnuLayoutImport_Click, .enabling = Enabling::byKind, .kinds = kindZ | kindL,
+            .button = L"Template", .toolTip = L"Layout als Vorlage in die Bibliothek", .pop = L"popLayoutImport",
+            .popups = popupDrawings | popupLayouts},
+
     Command{.item = L"mnuStart", .menu = MenuId::autoCAD, .caption = L"AutoCAD &starten",
             .run = &frmMain::mnuStart_Click, .enabling = Enabling::notAttached, .pop = L"popStart",
             .popups = popupDrawings},
+    Command{.item = L"mnuShow", .menu = MenuId::autoCAD, .caption = L"AutoCAD an&zeigen",
+            .run = &frmMain::mnuShow_Click, .enabling = Enabling::attached, .pop = L"popShow",
+            .popups = popupDrawings},
     Command{.item = L"mnuAutoEnd", .menu = MenuId::autoCAD, .caption = L"Mit AutoCAD &beenden",
             .run = &frmMain::mnuAutoEnd_Click, .separatorBefore = true},
+
+    Command{.item = L"mnuWindowNewWindow", .menu = MenuId::window, .caption = L"&Neues Fenster"},
+    Command{.item = L"mnuWindowCascade", .menu = MenuId::window, .caption = L"Ü&berlappend", .separatorBefore = true},
+    Command{.item = L"mnuWindowTileHorizontal", .menu = MenuId::window, .caption = L"&Untereinander"},
+    Command{.item = L"mnuWindowTileVertical", .menu = MenuId::window, .caption = L"N&ebeneinander"},
+
+    // Offered by context menus only.
+    Command{.caption = L"Layouts in die Zeichnung &einfügen", .run = &frmMain::popInsert_Click,
+            .enabling = Enabling::byKind, .kinds = kindB | kindD, .pop = L"popInsert", .popups = popupTemplates},
+    Command{.caption = L"&Ordner der Bibliothek öffnen", .run = &frmMain::popOpenVorlage_Click,
+            .pop = L"popOpenVorlage", .popups = popupTemplates},
+    Command{.caption = L"DesignCenter: &Bibliothek", .run = &frmMain::popDCB_Click, .pop = L"popDCB",
+            .popups = popupTemplates},
+    Command{.caption = L"DesignCenter: Vor&lage", .run = &frmMain::popDCD_Click, .pop = L"popDCD",
+            .popups = popupTemplates},
+
+    // Offered by the toolbar only.
+    Command{.run = &frmMain::open_Click, .enabling = Enabling::byKind, .kinds = kindB | kindD, .button = L"Open",
+            .toolTip = L"Vorlage oder Ordner der Bibliothek öffnen"},
+    Command{.run = &frmMain::delete_Click, .enabling = Enabling::deletable, .kinds = kindZ | kindL | kindB | kindD,
+            .shortcut = key(Shortcut::del), .button = L"Delete", .toolTip = L"Löschen"},
+    Command{.run = &frmMain::active_Click, .enabling = Enabling::byKind, .kinds = kindL, .button = L"Active",
+            .toolTip = L"Aktivieren und AutoCAD anzeigen"},
+    Command{.run = &frmMain::designCenter_Click, .button = L"DC", .toolTip = L"DesignCenter öffnen"},
+    Command{.run = &frmMain::sort_Click<SortOrder::ascending>, .button = L"Ascending",
+            .toolTip = L"Aufsteigend sortieren"},
+    Command{.run = &frmMain::sort_Click<SortOrder::descending>, .button = L"Descending",
+            .toolTip = L"Absteigend sortieren"},
+    Command{.button = L"Neu"},
+    Command{.button = L"Speichern"},
+    Command{.button = L"Suchen"},
 };
 // clang-format on
 

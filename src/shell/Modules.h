@@ -4,16 +4,27 @@
 #include <functional>
 
 #include "autocad/basAutoCAD.h"
+#include "autocad/basTarvix.h"
 #include "data/basRegistry.h"
+#include "views/basDateien.h"
 #include "views/basViewControls.h"
+#include "views/LayoutNames.h"
+#include "views/TemplateCreation.h"
 
 namespace blattwart {
 
 /// What the main window's handlers work with. basMain owns it all.
 struct Modules {
     basRegistry& registry;
+    basAllgemein& general;
     basAutoCAD& autoCAD;
+    basTarvix& tarvix;
+    basDatenbank& database;
+    NavigatorRecords& records;
     basViewControls& views;
+    basDateien& files;
+    TemplateCreation& templates;
+    LayoutNames& layouts;
     /// 1 while the main window was the foreground window at the last look, else 0.
     std::int16_t& gWasForeground;
     std::function<void()> ShowNodeStatus;

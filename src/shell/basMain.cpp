@@ -7,6 +7,7 @@ basMain::basMain(Platform& platform, FormPresenter& presenter)
               [this] { return autoCAD.gAcadApp ? autoCAD.gAcadApp.templateFolder() : std::wstring(); }),
       registry(platform.registry, platform.locale, platform.files),
       autoCAD(platform, records),
+      tarvix(autoCAD, platform),
       database(platform, registry, [this] { return general.GetTemplateFolder(); }),
       platform_(platform),
       presenter_(presenter) {
@@ -50,16 +51,33 @@ bool basMain::handOverToPreviousInstance() {
 void basMain::createMainWindow() {
     fMainForm = std::make_unique<frmMain>(platform_);
     gCollection.clear();
-    views = std::make_unique<basViewControls>(
-        fMainForm->tvTreeView, fMainForm->lvListView, fMainForm->lblTitle[1],
-        NavigatorContext{autoCAD, database, general, records, platform_});
-    modules_ = std::make_unique<Modules>(
-        Modules{registry, autoCAD, *views, gWasForeground, [this] { ShowNodeStatus(); }});
+    makeNavigator();
+    modules_ = std::make_unique<Modules>(Modules{registry, general, autoCAD, tarvix, database, records,
+                                                 *views, *files, *templates, *layouts, gWasForeground,
+                                                 [this] { ShowNodeStatus(); }});
     fMainForm->connect(*modules_);
-    views->hooks = {.setDragMode = [this] { fMainForm->setDragMode(); },
-                    .ShowNodeStatus = [this] { ShowNodeStatus(); },
-                    .VisbibleMnuMenu = [this] { fMainForm->VisbibleMnuMenu(); }};
     fMainForm->setWindow(&presenter_.createMainWindow(*fMainForm));
+}
+
+void basMain::makeNavigator() {
+    TreeView& treeView = fMainForm->tvTreeView;
+    ListView& list = fMainForm->lvListView;
+    const NavigatorContext context{autoCAD, database, general, records, platform_};
+    views = std::make_unique<basViewControls>(treeView, list, fMainForm->lblTitle[1], context);
+    files = std::make_unique<basDateien>(views->tree, list, context);
+    templates = std::make_unique<TemplateCreation>(views->tree, list, context);
+    layouts = std::make_unique<LayoutNames>(views->tree, list, tarvix, context);
+
+    const auto refresh = [this] { views->RefreshTree(); };
+    const auto showStatus = [this] { ShowNodeStatus(); };
+    views->hooks = {.setDragMode = [this] { fMainForm->setDragMode(); },
+                    .ShowNodeStatus = showStatus,
+                    .VisbibleMnuMenu = [this] { fMainForm->VisbibleMnuMenu(); }};
+    files->hooks = {.RefreshTree = refresh, .ShowNodeStatus = showStatus};
+    templates->hooks = {.RefreshTree = refresh,
+                        .showSelectedNode = [this] { views->showSelectedNode(); },
+                        .ShowNodeStatus = showStatus};
+    layouts->hooks = {.RefreshTree = refresh, .ShowNodeStatus = showStatus};
 }
 
 void basMain::showMainWindow() {

@@ -35,14 +35,19 @@ class basMain {
     basAllgemein general;
     basRegistry registry;
     basAutoCAD autoCAD;
+    basTarvix tarvix;
     basDatenbank database;
     std::unique_ptr<frmMain> fMainForm;
-    /// The navigator in the main window; made with it.
+    // What works in the main window; made with it.
     std::unique_ptr<basViewControls> views;
+    std::unique_ptr<basDateien> files;
+    std::unique_ptr<TemplateCreation> templates;
+    std::unique_ptr<LayoutNames> layouts;
 
   private:
     bool handOverToPreviousInstance();
     void createMainWindow();
+    void makeNavigator();
     void showMainWindow();
 
     Platform& platform_;

@@ -37,7 +37,7 @@ frmMain::frmMain(Platform& platform) : lvListView(platform.locale), platform_(pl
     buildCommands();
     item(L"mnuViewToolbar").setChecked(true);
     item(L"mnuViewStatusBar").setChecked(true);
-    tvTreeView.events.nodeClick = [this](TreeNode&) { handle([this] { tvTreeView_NodeClick(); }); };
+    connectEvents();
 }
 
 void frmMain::Form_Load() {
@@ -201,36 +201,6 @@ void frmMain::CheckAutoCAD() {
     autoCAD.ConnectAutoCAD();
     modules_->views.RefreshTree();
     modules_->gWasForeground = 1;
-}
-
-void frmMain::tvTreeView_NodeClick() {
-    setDragMode();
-    SetTreeViewViewBySetting();
-    modules_->views.showSelectedNode();
-    modules_->ShowNodeStatus();
-    VisbibleMnuMenu();
-}
-
-void frmMain::setDragMode() {
-    const std::wstring kind = modules_->views.tree.selectedKind();
-    tvTreeView.setDragAutomatic(kind != L"A" && kind != L"B");
-}
-
-void frmMain::mnuStart_Click() {
-    modules_->autoCAD.StartAutoCAD();
-}
-
-void frmMain::mnuAutoEnd_Click() {
-    modules_->registry.SetAutoEnd(item(L"mnuAutoEnd").checked() ? 0 : 1);
-    MnuOptAutoCheck();
-}
-
-void frmMain::mnuViewRefresh_Click() {
-    modules_->views.RefreshTree();
-}
-
-void frmMain::mnuEnd_Click() {
-    window_->close();
 }
 
 }  // namespace blattwart

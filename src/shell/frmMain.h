@@ -70,7 +70,23 @@ class frmMain {
     /// Attaches to AutoCAD again when the user has just come back to the window.
     void CheckAutoCAD();
 
+    // Commands of menus, context menus and toolbar.
     void mnuStart_Click();
+    void mnuShow_Click();
+    void mnuActive_Click();
+    void mnuDrawing_Click();
+    void mnuModel_Click();
+    void mnuSave_Click();
+    void mnuSaveAS_Click();
+    void mnuFileClose_Click();
+    void mnuFileDelete_Click();
+    void mnuFileRename_Click();
+    void mnuCreate_Click();
+    void mnuTemplate_Click();
+    void mnuTemplateOpen_Click();
+    void mnuTemplateDelete_Click();
+    void mnuLayoutImport_Click();
+    void mnuEditSelectAll_Click();
     void mnuAutoEnd_Click();
     void mnuViewToolbar_Click();
     void mnuViewStatusBar_Click();
@@ -80,6 +96,19 @@ class frmMain {
     void mnuListViewMode_Click() {
         SetListViewMode(static_cast<ListViewMode>(mode));
     }
+    template <SortOrder order>
+    void sort_Click() {
+        lvListView.setSortOrder(order);
+        lvListView.setSorted(true);
+    }
+    void open_Click();
+    void delete_Click();
+    void active_Click();
+    void designCenter_Click();
+    void popInsert_Click();
+    void popOpenVorlage_Click();
+    void popDCB_Click();
+    void popDCD_Click();
 
     static constexpr int timerInterval = 500;  ///< of the watchdog, milliseconds
 
@@ -108,10 +137,24 @@ class frmMain {
     void addMenuItem(MenuItem& menu, std::wstring_view name, const Command& command);
     void buildToolBar();
     void run(const Command& command);
+    void showPlaceholder(const Command& command);
     bool isEnabled(const Command& command, unsigned kind, const std::function<bool()>& modelSpacePossible);
     bool drawingHasOtherLayouts(const TreeNode* node) const;
     bool modelSpacePossible();
+    void connectEvents();
     void tvTreeView_NodeClick();
+    void tvTreeView_AfterLabelEdit(const std::wstring& newText);
+    void tvTreeView_FilesDropped(const std::vector<std::wstring>& files);
+    void tvTreeView_KeyDropped(const std::wstring& key);
+    bool isDropTarget();
+    void lvListView_AfterLabelEdit(const std::wstring& newText);
+    void lvListView_ColumnClick(int column);
+    void popUpContextMenu();
+    void OpenListItem();
+    std::wstring selectedKind() const;
+
+    /// What an in-place edit of a tree label means.
+    enum class LabelEdit : std::int16_t { none = 0, newTemplate = 1, renameLayout = 2 };
 
     Platform& platform_;
     Modules* modules_ = nullptr;
@@ -120,6 +163,7 @@ class frmMain {
     std::vector<std::pair<const Command*, MenuItem*>> commandItems_;
     bool splitterDragging_ = false;
     bool handling_ = false;
+    LabelEdit labelEdit_ = LabelEdit::none;
 };
 
 /// Makes the windows that show the program's forms.

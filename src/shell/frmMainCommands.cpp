@@ -107,7 +107,19 @@ MenuItem& frmMain::item(std::wstring_view name) {
 }
 
 void frmMain::run(const Command& command) {
-    handle([&] { (this->*command.run)(); });
+    handle([&] {
+        if (command.run) {
+            (this->*command.run)();
+        } else {
+            showPlaceholder(command);
+        }
+    });
+}
+
+void frmMain::showPlaceholder(const Command& command) {
+    const std::wstring text = command.item.empty() ? L"Schaltflächencode für '" + std::wstring(command.button)
+                                                   : L"Code für '" + std::wstring(command.item) + L"_Click";
+    platform_.messages.show(text + L"' hinzufügen.", applicationTitle, MessageButtons::ok, MessageIcon::none);
 }
 
 void frmMain::VisbibleMnuMenu() {

@@ -86,6 +86,13 @@ void basDateien::ClearListBold() {
     for (int row = 0; row < list_.count(); ++row) list_.row(row).setBold(false);
 }
 
+void basDateien::OpenSelectedNode(bool flag) {
+    const std::wstring kind = tree_.selectedKind();
+    if (kind == L"Z") ActivateSelection(false, true, !flag);
+    if (kind == L"L") ActivateSelection(true, true, false);
+    if (kind == L"D") OpenTemplate(true);
+}
+
 void basDateien::open(const std::wstring& file) {
     try {
         autoCAD_.gAcadDoc = autoCAD_.gAcadApp.Documents().Open(file);

@@ -32,6 +32,9 @@ class basDateien {
     std::wstring GetSelectedTemplateFile(bool fromList);
     /// Makes the selected drawing the active document or the selected layout the active layout.
     void ActivateSelection(bool isLayout, bool askFirst, bool fromList);
+    /// What a double click on the selected node does: a drawing or layout is activated, a template opened,
+    /// each after a question. For a drawing without the flag, the layout selected in the list is meant.
+    void OpenSelectedNode(bool flag);
     /// Opens the selected template file in AutoCAD, unless it is open already.
     void OpenTemplate(bool askFirst);
     /// Types the close command for the selected drawing; AutoCAD itself asks about unsaved changes.

@@ -1,0 +1,125 @@
+// What the user does in tree and list, led to the navigator's operations.
+
+#include <utility>
+
+#include "shell/frmMain.h"
+#include "shell/Modules.h"
+
+namespace blattwart {
+
+void frmMain::connectEvents() {
+    tvTreeView.events = {
+        .nodeClick = [this](TreeNode&) { handle([this] { tvTreeView_NodeClick(); }); },
+        .doubleClick = [this] { handle([this] { modules_->files.OpenSelectedNode(true); }); },
+        .contextMenu = [this] { popUpContextMenu(); },
+        .afterLabelEdit =
+            [this](const std::wstring& text) { handle([&] { tvTreeView_AfterLabelEdit(text); }); },
+        .labelEditCancelled = [this] { handle([this] { modules_->templates.CancelNewTemplate(); }); },
+        .filesDropped = [this](const auto& files) { handle([&] { tvTreeView_FilesDropped(files); }); },
+        .keyDropped = [this](const std::wstring& key) { handle([&] { tvTreeView_KeyDropped(key); }); }};
+    lvListView.events = {
+        .doubleClick = [this] { handle([this] { OpenListItem(); }); },
+        // In the lists of details there is nothing to choose.
+        .contextMenu =
+            [this] {
+                if (std::wstring_view(L"ABZ").find(selectedKind()) != std::wstring_view::npos)
+                    popUpContextMenu();
+            },
+        // Only the drawing selected among several decides anything.
+        .selectionChange =
+            [this] {
+                if (selectedKind() == L"A") handle([this] { VisbibleMnuMenu(); });
+            },
+        .columnClick = [this](int column) { lvListView_ColumnClick(column); },
+        .afterLabelEdit =
+            [this](const std::wstring& text) { handle([&] { lvListView_AfterLabelEdit(text); }); }};
+}
+
+void frmMain::tvTreeView_NodeClick() {
+    setDragMode();
+    modules_->templates.CancelNewTemplate();
+    SetTreeViewViewBySetting();
+    modules_->views.showSelectedNode();
+    modules_->ShowNodeStatus();
+    VisbibleMnuMenu();
+}
+
+void frmMain::setDragMode() {
+    const std::wstring kind = selectedKind();
+    tvTreeView.setDragAutomatic(kind != L"A" && kind != L"B");
+}
+
+void frmMain::tvTreeView_AfterLabelEdit(const std::wstring& newText) {
+    const LabelEdit meaning = std::exchange(labelEdit_, LabelEdit::none);
+    if (modules_->general.CheckInvalidChars(newText)) {
+        modules_->templates.CancelNewTemplate();
+        return;
+    }
+    if (meaning == LabelEdit::newTemplate) modules_->templates.CreateTemplateFromLayout(newText);
+    if (meaning == LabelEdit::renameLayout) modules_->layouts.RenameByLabelEdit(false, newText);
+}
+
+void frmMain::lvListView_AfterLabelEdit(const std::wstring& newText) {
+    modules_->layouts.RenameByLabelEdit(true, newText);
+}
+
+void frmMain::lvListView_ColumnClick(int column) {
+    const int sortKey = column - 1;
+    if (sortKey == lvListView.sortKey()) {
+        const bool ascending = lvListView.sortOrder() == SortOrder::ascending;
+        lvListView.setSortOrder(ascending ? SortOrder::descending : SortOrder::ascending);
+    }
+    lvListView.setSortKey(sortKey);
+    lvListView.setSorted(true);
+}
+
+void frmMain::popUpContextMenu() {
+    handle([this] { VisbibleMnuMenu(); });
+    const std::wstring kind = selectedKind();
+    // The menu runs what was chosen when it has closed, so it pops up outside of any handling.
+    if (kind == L"B" || kind == L"D") window_->popUpMenu(popupTemplateMenu);
+    if (kind == L"A" || kind == L"Z") window_->popUpMenu(popupDrawingMenu);
+    if (kind == L"L") window_->popUpMenu(popupLayoutMenu);
+}
+
+void frmMain::OpenListItem() {
+    const ListItem* entry = lvListView.selected();
+    if (!entry) return;
+    TreeNode* node = tvTreeView.find(entry->key());
+    const wchar_t kind = entry->key().front();
+    if (!node || (kind != L'A' && kind != L'B' && kind != L'Z')) return;
+    tvTreeView.select(*node);
+    node->setExpanded(true);
+    SetTreeViewViewBySetting();
+    modules_->views.showSelectedNode();
+    setDragMode();
+    modules_->ShowNodeStatus();
+    VisbibleMnuMenu();
+}
+
+bool frmMain::isDropTarget() {
+    const TreeNode* target = tvTreeView.dropHighlight();
+    if (!target) return false;
+    const wchar_t kind = target->key().front();
+    if (kind == L'A' || kind == L'B') return true;
+    platform_.messages.show(L"Objekte können nur in die Bibliothek eingefügt oder geladen werden!",
+                            applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
+    return false;
+}
+
+void frmMain::tvTreeView_FilesDropped(const std::vector<std::wstring>& files) {
+    if (!isDropTarget() || tvTreeView.dropHighlight()->key() != L"A" || !modules_->autoCAD.gAcadApp) return;
+    for (const std::wstring& file : files) modules_->files.OpenDroppedFile(file);
+    modules_->views.RefreshTree();
+}
+
+void frmMain::tvTreeView_KeyDropped(const std::wstring& key) {
+    if (!isDropTarget()) return;
+    const std::wstring target = tvTreeView.dropHighlight()->key();
+    const bool isNode = tvTreeView.selected() && tvTreeView.selected()->key() == key;
+    const bool isEntry = lvListView.selected() && lvListView.selected()->key() == key;
+    if (isNode && key.starts_with(L'D') && target == L"A") mnuTemplate_Click();
+    if ((isNode || isEntry) && key.starts_with(L'L') && target == L"B") mnuLayoutImport_Click();
+}
+
+}  // namespace blattwart

@@ -1,0 +1,164 @@
+// What the commands of menus, context menus and toolbar do.
+
+#include "shell/frmMain.h"
+#include "shell/Modules.h"
+
+namespace blattwart {
+
+std::wstring frmMain::selectedKind() const {
+    return modules_->views.tree.selectedKind();
+}
+
+bool frmMain::modelSpacePossible() {
+    std::wstring drawing;
+    ignoringErrors([&] { drawing = modules_->files.GetSelectedDrawingFile(selectedKind() == L"A"); });
+    return !drawing.empty() && modules_->autoCAD.GetActiveLayoutName(drawing) != L"Model";
+}
+
+void frmMain::mnuStart_Click() {
+    modules_->autoCAD.StartAutoCAD();
+}
+
+void frmMain::mnuShow_Click() {
+    modules_->autoCAD.BringAutoCADToFront();
+}
+
+void frmMain::mnuActive_Click() {
+    modules_->autoCAD.BringAutoCADToFront();
+    modules_->files.OpenSelectedNode(true);
+}
+
+void frmMain::mnuDrawing_Click() {
+    modules_->files.ActivateSelection(false, false, false);
+    modules_->autoCAD.BringAutoCADToFront();
+}
+
+void frmMain::active_Click() {
+    const std::wstring kind = selectedKind();
+    if (kind == L"A") modules_->files.ActivateSelection(false, false, false);
+    if (kind == L"L") modules_->files.ActivateSelection(true, false, false);
+    modules_->autoCAD.BringAutoCADToFront();
+}
+
+void frmMain::mnuModel_Click() {
+    modules_->files.SwitchToModelSpace();
+}
+
+void frmMain::mnuSave_Click() {
+    modules_->files.SaveDrawing(false);
+}
+
+void frmMain::mnuSaveAS_Click() {
+    modules_->files.SaveDrawing(true);
+}
+
+void frmMain::mnuFileClose_Click() {
+    modules_->files.CloseDrawing();
+}
+
+void frmMain::mnuFileDelete_Click() {
+    modules_->layouts.DeleteLayouts();
+}
+
+void frmMain::mnuTemplateDelete_Click() {
+    modules_->templates.DeleteTemplate();
+}
+
+void frmMain::delete_Click() {
+    const std::wstring kind = selectedKind();
+    if (kind == L"B" || kind == L"D") {
+        mnuTemplateDelete_Click();
+    } else {
+        mnuFileDelete_Click();
+    }
+}
+
+void frmMain::mnuFileRename_Click() {
+    const std::wstring kind = selectedKind();
+    if (kind == L"L") {
+        labelEdit_ = LabelEdit::renameLayout;
+        tvTreeView.startLabelEdit(tvTreeView.selected()->text());
+    } else if (kind == L"Z") {
+        if (ListItem* item = lvListView.selected()) lvListView.startLabelEdit(*item);
+    }
+}
+
+void frmMain::mnuCreate_Click() {
+    // Only with the root selected is the drawing looked up; with a drawing selected the layout goes into the
+    // document that is active already. Required so.
+    std::wstring drawing;
+    if (selectedKind() == L"A") {
+        try {
+            drawing = modules_->files.GetSelectedDrawingFile(true);
+        } catch (const RuntimeError& error) {
+            platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok,
+                                    MessageIcon::none);
+            return;
+        }
+    }
+    modules_->tarvix.CreateLayout(drawing);
+}
+
+void frmMain::mnuTemplate_Click() {
+    modules_->autoCAD.NewDrawingFromTemplate(modules_->files.GetSelectedTemplateFile(selectedKind() == L"B"));
+}
+
+void frmMain::mnuTemplateOpen_Click() {
+    modules_->files.OpenTemplate(false);
+}
+
+void frmMain::mnuLayoutImport_Click() {
+    modules_->templates.BeginNewTemplate();
+    if (modules_->templates.newTemplatePending()) labelEdit_ = LabelEdit::newTemplate;
+}
+
+void frmMain::mnuEditSelectAll_Click() {
+    lvListView.selectAll();
+}
+
+void frmMain::open_Click() {
+    const std::wstring kind = selectedKind();
+    if (kind == L"B") popOpenVorlage_Click();
+    if (kind == L"D") modules_->files.OpenTemplate(false);
+}
+
+void frmMain::designCenter_Click() {
+    if (selectedKind() == L"B") {
+        popDCB_Click();
+    } else {
+        popDCD_Click();
+    }
+}
+
+void frmMain::popInsert_Click() {
+    modules_->files.InsertLayoutFromTemplate();
+}
+
+void frmMain::popOpenVorlage_Click() {
+    ignoringErrors([this] { platform_.process.start(L"explorer.exe " + modules_->records.TemplateFolder); });
+}
+
+void frmMain::popDCB_Click() {
+    std::wstring folder;
+    ignoringErrors([&] { folder = modules_->database.types().Item(L"1")->Verzeichnis; });
+    modules_->autoCAD.NavigateDesignCenter(folder);
+}
+
+void frmMain::popDCD_Click() {
+    modules_->autoCAD.NavigateDesignCenter(modules_->files.GetSelectedTemplateFile(selectedKind() == L"B"));
+}
+
+void frmMain::mnuAutoEnd_Click() {
+    modules_->registry.SetAutoEnd(item(L"mnuAutoEnd").checked() ? 0 : 1);
+    MnuOptAutoCheck();
+}
+
+void frmMain::mnuViewRefresh_Click() {
+    modules_->views.RefreshTree();
+}
+
+void frmMain::mnuEnd_Click() {
+    window_->close();
+}
+
+}  // namespace blattwart
