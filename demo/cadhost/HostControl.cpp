@@ -21,7 +21,7 @@ std::string utf8(const std::wstring& text) {
 }
 
 /// The ends of answers made visible, so that each text stands on one line.
-std::wstring onOneLine(std::wstring text) {
+std::wstring onOneLine(const std::wstring& text) {
     std::wstring result;
     for (const wchar_t letter : text) {
         if (letter == L'\r') {
@@ -73,8 +73,8 @@ bool HostControl::withDocument(const std::wstring& name, void (Host::*operation)
     const auto found = std::ranges::find_if(
         host_.documents(), [&](const DocumentPtr& document) { return document->name() == name; });
     if (found == host_.documents().end()) return false;
-    const DocumentPtr document = *found;
-    (host_.*operation)(document);
+    // A reference of our own: closing takes the document off the list.
+    (host_.*operation)(DocumentPtr(*found));
     return true;
 }
 

@@ -119,7 +119,7 @@ void HostScreen::paint(HDC canvas, const RECT& area) const {
     RECT place = area;
     InflateRect(&place, -8, -8);
     SetBkMode(canvas, TRANSPARENT);
-    const HGDIOBJ before = SelectObject(canvas, GetStockObject(DEFAULT_GUI_FONT));
+    HGDIOBJ before = SelectObject(canvas, GetStockObject(DEFAULT_GUI_FONT));
     DrawTextW(canvas, content_.c_str(), -1, &place, DT_LEFT | DT_NOPREFIX | DT_EXPANDTABS);
     SelectObject(canvas, before);
 }

@@ -7,6 +7,7 @@ namespace {
 class ClassFactory final : public IClassFactory {
   public:
     explicit ClassFactory(Maker maker) : maker_(std::move(maker)) {}
+    virtual ~ClassFactory() = default;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
         if (!object) return E_POINTER;
@@ -38,8 +39,6 @@ class ClassFactory final : public IClassFactory {
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
   private:
-    ~ClassFactory() = default;
-
     Maker maker_;
     ULONG references_ = 0;
 };

@@ -12,6 +12,9 @@ class ExportedObject final : public IDispatch {
   public:
     ExportedObject(std::shared_ptr<Exporter> exporter, std::shared_ptr<DispatchObject> object)
         : exporter_(std::move(exporter)), object_(std::move(object)) {}
+    ExportedObject(const ExportedObject&) = delete;
+    ExportedObject& operator=(const ExportedObject&) = delete;
+    virtual ~ExportedObject() { exporter_->forget(object_.get()); }
 
     const std::shared_ptr<DispatchObject>& object() const { return object_; }
 
@@ -25,8 +28,6 @@ class ExportedObject final : public IDispatch {
                                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
   private:
-    ~ExportedObject() { exporter_->forget(object_.get()); }
-
     HRESULT carryOut(DISPID id, WORD flags, DISPPARAMS& parameters, VARIANT* result);
     HRESULT newEnumerator(VARIANT* result);
     HRESULT answer(const blattwart::RuntimeError& error, EXCEPINFO* exception) const;
@@ -42,6 +43,7 @@ class ExportedEnumerator final : public IEnumVARIANT {
     ExportedEnumerator(std::shared_ptr<Exporter> exporter, std::vector<ObjectPtr> elements,
                        std::size_t position = 0)
         : exporter_(std::move(exporter)), elements_(std::move(elements)), position_(position) {}
+    virtual ~ExportedEnumerator() = default;
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
@@ -52,8 +54,6 @@ class ExportedEnumerator final : public IEnumVARIANT {
     HRESULT STDMETHODCALLTYPE Clone(IEnumVARIANT** copy) override;
 
   private:
-    ~ExportedEnumerator() = default;
-
     std::shared_ptr<Exporter> exporter_;
     std::vector<ObjectPtr> elements_;
     std::size_t position_;

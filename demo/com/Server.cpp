@@ -18,8 +18,8 @@ Apartment::~Apartment() {
     CoUninitialize();
 }
 
-Server::Server(const ServerClass& server, const std::wstring& source)
-    : server_(server),
+Server::Server(ServerClass server, const std::wstring& source)
+    : server_(std::move(server)),
       behaviour_(std::make_shared<Behaviour>()),
       // Calls may still come in while the objects outlive the server.
       exporter_(

@@ -22,7 +22,7 @@ class Apartment {
 class Server {
   public:
     /// `source` is what exceptions name as their origin.
-    Server(const ServerClass& server, const std::wstring& source);
+    Server(ServerClass server, const std::wstring& source);
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
     ~Server();

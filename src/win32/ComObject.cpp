@@ -125,7 +125,7 @@ std::vector<ObjectPtr> ComObject::itemByItem() {
     for (std::int32_t i = 0; i < V_I4(&count.get()); ++i) {
         const Argument index{Value(i)};
         const Value value = invokeWith(item, std::span(&index, 1));
-        const ObjectPtr* object = value.as<ObjectPtr>();
+        const auto* object = value.as<ObjectPtr>();
         if (!object) throwIfFailed(DISP_E_TYPEMISMATCH);
         elements.push_back(*object);
     }
@@ -134,7 +134,7 @@ std::vector<ObjectPtr> ComObject::itemByItem() {
 
 ObjectPtr ComObject::element(const VARIANT& variant) {
     const Value value = fromVariant(variant, *session_);
-    const ObjectPtr* object = value.as<ObjectPtr>();
+    const auto* object = value.as<ObjectPtr>();
     if (!object || !*object) throwIfFailed(DISP_E_TYPEMISMATCH);
     return *object;
 }

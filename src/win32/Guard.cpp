@@ -32,7 +32,7 @@ std::wstring describe(const std::exception_ptr& failure) {
 
 }  // namespace
 
-void Guard::reportFailure(std::exception_ptr failure) noexcept {
+void Guard::reportFailure(const std::exception_ptr& failure) noexcept {
     if (reporting_ || !report_) return;
     reporting_ = true;
     try {

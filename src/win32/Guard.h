@@ -46,7 +46,7 @@ class Guard {
     }
 
   private:
-    void reportFailure(std::exception_ptr failure) noexcept;
+    void reportFailure(const std::exception_ptr& failure) noexcept;
     bool isRepeated(const std::wstring& text) const;
 
     BusyHost& busyHost_;
