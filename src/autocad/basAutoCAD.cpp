@@ -49,6 +49,12 @@ std::wstring basAutoCAD::GetActiveDrawingName() {
     return name;
 }
 
+std::wstring basAutoCAD::templateFolder() {
+    if (!gAcadApp) return {};
+    ignoringErrors([&] { templateFolder_ = gAcadApp.templateFolder(); });
+    return templateFolder_;
+}
+
 void basAutoCAD::BringWindowToFront(WindowHandle window) {
     platform_.desktop.setForeground(window);
 }

@@ -36,6 +36,10 @@ class basAutoCAD {
     /// Folder, backslash and file name of gAcadDoc; "" when there is none or it does not answer.
     std::wstring GetActiveDrawingName();
 
+    /// The attached host's folder of drawing templates; the last one told where it does not answer (as
+    /// without an open drawing), "" without a host.
+    std::wstring templateFolder();
+
     void BringWindowToFront(WindowHandle window);
     /// Brings the host's main window to the front; nothing happens when it does not answer.
     void BringAutoCADToFront();
@@ -70,6 +74,7 @@ class basAutoCAD {
     Platform& platform_;
     NavigatorRecords& records_;
     std::vector<host::Document> fileDialogsStillOff_;
+    std::wstring templateFolder_;
 };
 
 }  // namespace blattwart

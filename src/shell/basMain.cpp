@@ -3,8 +3,7 @@
 namespace blattwart {
 
 basMain::basMain(Platform& platform, FormPresenter& presenter)
-    : general(platform,
-              [this] { return autoCAD.gAcadApp ? autoCAD.gAcadApp.templateFolder() : std::wstring(); }),
+    : general(platform, [this] { return autoCAD.templateFolder(); }),
       registry(platform.registry, platform.locale, platform.files),
       autoCAD(platform, records),
       tarvix(autoCAD, platform),

@@ -104,13 +104,6 @@ TEST_F(Navigator, DrawingsOfOneNameAreBothActive) {
     EXPECT_FALSE(tree().node(L"Z1").bold());
 }
 
-TEST_F(Navigator, ModelSpaceGetsNoNode) {
-    host().addDocument(L"C:\\Haus 3", L"Nur Modell.dwg", std::vector<std::wstring>{});
-    start();
-    EXPECT_TRUE(tree().node(L"Z6").children().empty());
-    EXPECT_EQ(treeText().find(L"Model\n"), std::wstring::npos);
-}
-
 TEST_F(Navigator, HostFailureIsToldAndLeavesTheTree) {
     start();
     const std::size_t perRefresh = [&] {

@@ -169,8 +169,8 @@ TEST_F(Watchdog, AttachesToANewHost) {
     EXPECT_TRUE(world.messages.shown.empty());
     EXPECT_EQ(treeText().substr(0, treeText().find(L"B ")),
               L"A Geladene Zeichnungen*\n"
-              L"  Z9 Anders.dwg*\n"
-              L"    L10 Blatt 9*\n");
+              L"  Z5 Anders.dwg*<\n"
+              L"    L6 Blatt 9*\n");
 
     // Closed behind the program's back and started again on its question.
     demo.end();
