@@ -34,7 +34,8 @@ class EventGate {
     void runPosted();
     void clear() { posted_.clear(); }
 
-    bool busy() const { return depth_ > 0 || automation_.callPending(); }
+    bool callPending() const { return automation_.callPending(); }
+    bool busy() const { return depth_ > 0 || callPending(); }
 
     /// Told after each event, when all that it changed is known.
     std::function<void()> afterEvent;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "win32/DragSource.h"
 #include "win32/Scope.h"
 
 namespace blattwart {
@@ -182,6 +183,9 @@ LRESULT ListWindow::notify(NMHDR& header) {
         case NM_DBLCLK:
             doubleClicked(reinterpret_cast<NMITEMACTIVATE&>(header));
             return 0;
+        case LVN_BEGINDRAG:
+            beginDrag(reinterpret_cast<NMLISTVIEW&>(header).iItem);
+            return 0;
         case LVN_BEGINLABELEDITW:
             return labelEdit_.refuses();
         case LVN_ENDLABELEDITW:
@@ -254,6 +258,13 @@ void ListWindow::doubleClicked(const NMITEMACTIVATE& click) {
     if (click.iItem < 0) return;
     gate_.post([this] {
         if (list_.events.doubleClick) list_.events.doubleClick();
+    });
+}
+
+void ListWindow::beginDrag(int row) {
+    if (row < 0 || row >= list_.count()) return;
+    gate_.post([key = list_.row(row).key()] {
+        if (GetKeyState(VK_LBUTTON) < 0) dragText(key);
     });
 }
 

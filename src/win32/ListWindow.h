@@ -49,6 +49,7 @@ class ListWindow : public ControlWindow, private ListViewListener {
     void reportSelection();
     void columnClicked(int column);
     void doubleClicked(const NMITEMACTIVATE& click);
+    void beginDrag(int row);
 
     ListView& list_;
     EventGate& gate_;

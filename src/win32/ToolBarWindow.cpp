@@ -11,9 +11,8 @@ namespace {
 constexpr DWORD toolBarStyle =
     WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NOPARENTALIGN | CCS_NORESIZE;
 // Pixels at 96 dpi. With this padding all buttons fit into the window as it opens for the first time.
-constexpr int horizontalPadding = 5;
-constexpr int verticalPadding = 6;
-constexpr int margin = 2;  // above and below the buttons
+constexpr int padding = 6;  // of a button round its picture, both sides together
+constexpr int margin = 2;   // above and below the buttons
 
 BYTE stateOf(const ToolBarButton& button) {
     int state = 0;
@@ -51,11 +50,13 @@ void ToolBarWindow::setImages(HIMAGELIST images, int dpi) {
     while (SendMessageW(handle(), TB_DELETEBUTTON, 0, 0)) {
     }
     const auto scaled = [dpi](int pixels) { return MulDiv(pixels, dpi, USER_DEFAULT_SCREEN_DPI); };
-    SendMessageW(handle(), TB_SETPADDING, 0, MAKELPARAM(scaled(horizontalPadding), scaled(verticalPadding)));
+    int width = 0;
+    int height = 0;
+    ImageList_GetIconSize(images, &width, &height);
+    const int buttonHeight = height + scaled(padding);
+    SendMessageW(handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(width + scaled(padding), buttonHeight));
     addButtons();
-    const DWORD size = static_cast<DWORD>(SendMessageW(handle(), TB_GETBUTTONSIZE, 0, 0));
-    const int height = HIWORD(size) + 2 * scaled(margin);
-    model_.setHeight(toTwips(height, dpi));
+    model_.setHeight(toTwips(buttonHeight + 2 * scaled(margin), dpi));
 }
 
 void ToolBarWindow::addButtons() {

@@ -7,6 +7,7 @@
 #include <optional>
 #include <utility>
 
+#include "win32/DragSource.h"
 #include "win32/Fonts.h"
 #include "win32/Scope.h"
 
@@ -40,13 +41,23 @@ std::optional<RECT> placeOf(HWND tree, HTREEITEM item, bool labelOnly) {
     return place;
 }
 
+/// Brings more of the tree into sight while something is dragged along its upper or lower edge.
+void scrollNearEdge(HWND tree, POINT place) {
+    RECT client{};
+    GetClientRect(tree, &client);
+    const int edge = TreeView_GetItemHeight(tree);
+    if (place.y < edge) SendMessageW(tree, WM_VSCROLL, SB_LINEUP, 0);
+    if (place.y > client.bottom - edge) SendMessageW(tree, WM_VSCROLL, SB_LINEDOWN, 0);
+}
+
 }  // namespace
 
 TreeWindow::TreeWindow(HWND parent, TreeView& tree, EventGate& gate)
     : ControlWindow(parent, tree, WC_TREEVIEWW, treeStyle, WS_EX_CLIENTEDGE),
       tree_(tree),
       gate_(gate),
-      labelEdit_(gate, [this](const std::wstring* text) { tree_.userEndsLabelEdit(text); }) {
+      labelEdit_(gate, [this](const std::wstring* text) { tree_.userEndsLabelEdit(text); }),
+      dropRegistration_(handle(), gate.guard(), dropHandlers()) {
     SendMessageW(handle(), TVM_SETEXTENDEDSTYLE, TVS_EX_DOUBLEBUFFER, TVS_EX_DOUBLEBUFFER);
     tree_.forEach([this](const TreeNode& node) { nodeAdded(node); });
     selectionChanged();
@@ -227,6 +238,9 @@ LRESULT TreeWindow::notify(NMHDR& header) {
         case NM_DBLCLK:
             doubleClicked();
             return 0;
+        case TVN_BEGINDRAGW:
+            beginDrag(node(reinterpret_cast<NMTREEVIEWW&>(header).itemNew.hItem));
+            return 0;
         case TVN_BEGINLABELEDITW:
             return labelEdit_.refuses();
         case TVN_ENDLABELEDITW:
@@ -274,6 +288,50 @@ void TreeWindow::doubleClicked() {
     if (!nodeUnderPointer()) return;
     gate_.post([this] {
         if (tree_.events.doubleClick) tree_.events.doubleClick();
+    });
+}
+
+/// What is dragged is selected first; whether it can be dragged is known then.
+void TreeWindow::beginDrag(const TreeNode& dragged) {
+    gate_.post([this, key = dragged.key()] {
+        TreeNode* node = tree_.find(key);
+        if (!node) return;
+        if (node != tree_.selected()) tree_.userClicks(*node);
+        if (tree_.dragAutomatic() && GetKeyState(VK_LBUTTON) < 0) dragText(key);
+    });
+}
+
+DropHandlers TreeWindow::dropHandlers() {
+    return {.over = [this](POINT screen) { return draggedOver(screen); },
+            .left = [this] { tree_.setDropHighlight(nullptr); },
+            .files =
+                [this](const std::vector<std::wstring>& files) {
+                    postDrop([this, files] {
+                        if (tree_.events.filesDropped) tree_.events.filesDropped(files);
+                    });
+                },
+            .text =
+                [this](const std::wstring& key) {
+                    postDrop([this, key] {
+                        if (tree_.events.keyDropped) tree_.events.keyDropped(key);
+                    });
+                }};
+}
+
+bool TreeWindow::draggedOver(POINT screen) {
+    POINT place = screen;
+    ScreenToClient(handle(), &place);
+    scrollNearEdge(handle(), place);
+    // A dialog is in front, or the host has not answered yet.
+    const bool blocked = !IsWindowEnabled(GetAncestor(handle(), GA_ROOT)) || gate_.callPending();
+    tree_.setDropHighlight(blocked ? nullptr : nodeAt(place));
+    return tree_.dropHighlight() != nullptr;
+}
+
+void TreeWindow::postDrop(std::function<void()> event) {
+    gate_.post([this, event = std::move(event)] {
+        event();
+        tree_.setDropHighlight(nullptr);
     });
 }
 

@@ -9,6 +9,7 @@
 
 #include "controls/TreeView.h"
 #include "win32/ControlWindow.h"
+#include "win32/DropTarget.h"
 #include "win32/EventGate.h"
 #include "win32/LabelEdit.h"
 
@@ -56,10 +57,17 @@ class TreeWindow : public ControlWindow, private TreeViewListener {
     void selected(const NMTREEVIEWW& change);
     void expanded(const NMTREEVIEWW& change);
     void doubleClicked();
+    void beginDrag(const TreeNode& dragged);
+
+    DropHandlers dropHandlers();
+    bool draggedOver(POINT screen);
+    /// Runs the drop's event between messages, with its target highlighted.
+    void postDrop(std::function<void()> event);
 
     TreeView& tree_;
     EventGate& gate_;
     LabelEdit labelEdit_;
+    DropRegistration dropRegistration_;
     std::unordered_map<const TreeNode*, HTREEITEM> items_;
     std::wstring clickedKey_;
     int updates_ = 0;

@@ -1,5 +1,7 @@
 #include "ControlHost.h"
 
+#include <ole2.h>
+
 namespace blattwart::test {
 
 void pump() {
@@ -45,6 +47,7 @@ HWND childOfClass(HWND parent, const wchar_t* className) {
 }
 
 ControlHost::ControlHost() {
+    OleInitialize(nullptr);
     WNDCLASSW description{};
     description.lpfnWndProc = procedure;
     description.hInstance = GetModuleHandleW(nullptr);
@@ -62,6 +65,7 @@ ControlHost::ControlHost() {
 ControlHost::~ControlHost() {
     DestroyWindow(window_);
     pump();
+    OleUninitialize();
 }
 
 LRESULT CALLBACK ControlHost::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

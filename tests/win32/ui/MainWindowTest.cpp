@@ -165,7 +165,7 @@ TEST_F(MainWindowTest, MenusAndButtonsShowTheViewMode) {
     SendMessageW(toolBar(), TB_CHECKBUTTON, firstButton + 17, FALSE);
     SendMessageW(window(), WM_COMMAND, firstButton + 17, reinterpret_cast<LPARAM>(toolBar()));
     EXPECT_TRUE(SendMessageW(toolBar(), TB_ISBUTTONCHECKED, firstButton + 17, 0));
-    EXPECT_FALSE(SendMessageW(toolBar(), TB_ISBUTTONENABLED, firstButton + 3, 0));
+    EXPECT_FALSE(SendMessageW(toolBar(), TB_ISBUTTONENABLED, firstButton + 6, 0));
 }
 
 TEST_F(MainWindowTest, KeysReachCommandsAndPanes) {

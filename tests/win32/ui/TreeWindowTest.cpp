@@ -1,13 +1,17 @@
 #include "win32/TreeWindow.h"
 
 #include <gtest/gtest.h>
+#include <ole2.h>
+#include <shlobj.h>
 
 #include <array>
 #include <cstring>
 #include <optional>
+#include <thread>
 
 #include "ControlHost.h"
 #include "controls/Update.h"
+#include "win32/DragSource.h"
 
 namespace blattwart::test {
 
@@ -224,12 +228,108 @@ TEST_F(TreeWindowTest, OnlyReturnTakesAnEditedLabelOver) {
     EXPECT_EQ(taken(), L"");
 }
 
-TEST_F(TreeWindowTest, HighlightsTheDropTarget) {
+/// What the system does with a drag over the tree, by way of the registered target.
+class Drag {
+  public:
+    Drag(HWND tree, CLIPFORMAT format, std::string bytes)
+        : tree_(tree),
+          target_(static_cast<IDropTarget*>(GetPropW(tree, L"OleDropTargetInterface"))),
+          data_(makeDragData(format, std::move(bytes))) {}
+
+    DWORD over(POINT client) {
+        DWORD effect = DROPEFFECT_COPY;
+        target_->DragEnter(data_.Get(), MK_LBUTTON, screen(client), &effect);
+        return effect;
+    }
+    void leave() { target_->DragLeave(); }
+    void drop(POINT client) {
+        DWORD effect = DROPEFFECT_COPY;
+        target_->Drop(data_.Get(), 0, screen(client), &effect);
+    }
+
+  private:
+    POINTL screen(POINT client) const {
+        ClientToScreen(tree_, &client);
+        return {client.x, client.y};
+    }
+
+    HWND tree_;
+    IDropTarget* target_;
+    Microsoft::WRL::ComPtr<IDataObject> data_;
+};
+
+TEST_F(TreeWindowTest, TakesDroppedFilesAndKeys) {
     tree.select(tree.node(L"Z1"));
-    tree.setDropHighlight(&tree.node(L"B"));
+    tree.events.keyDropped = [this](const std::wstring& key) {
+        happened += key + L" on " + tree.dropHighlight()->key() + L";";
+    };
+    tree.events.filesDropped = [this](const std::vector<std::wstring>& files) {
+        for (const std::wstring& file : files) happened += file + L";";
+    };
+    Drag text(handle(), CF_TEXT, std::string("D5\0", 3));
+    EXPECT_EQ(text.over(labelOf(L"B")), static_cast<DWORD>(DROPEFFECT_COPY));
     EXPECT_EQ(next(TVGN_DROPHILITE, nullptr), itemOf(L"B"));
-    tree.setDropHighlight(nullptr);
+    EXPECT_EQ(text.over({290, 390}), static_cast<DWORD>(DROPEFFECT_NONE)) << "beside all nodes";
+    text.over(labelOf(L"B"));
+    text.leave();
     EXPECT_FALSE(next(TVGN_DROPHILITE, nullptr));
+    text.over(labelOf(L"A"));
+    text.drop(labelOf(L"A"));
+    EXPECT_EQ(taken(), L"") << "the work is done after the drop";
+    pump();
+    EXPECT_EQ(taken(), L"D5 on A;");
+    EXPECT_FALSE(tree.dropHighlight());
+
+    const std::wstring names =
+        L"C:\\Größe.dwg" + std::wstring(1, L'\0') + L"C:\\b.dxf" + std::wstring(2, L'\0');
+    const DROPFILES header{sizeof(DROPFILES), {}, FALSE, TRUE};
+    std::string bytes(reinterpret_cast<const char*>(&header), sizeof header);
+    bytes.append(reinterpret_cast<const char*>(names.data()), names.size() * sizeof(wchar_t));
+    Drag files(handle(), CF_HDROP, bytes);
+    files.over(labelOf(L"A"));
+    EnableWindow(host.window(), FALSE);
+    files.drop(labelOf(L"A"));
+    EnableWindow(host.window(), TRUE);
+    pump();
+    EXPECT_EQ(taken(), L"") << "not under a dialog";
+    files.drop(labelOf(L"A"));
+    pump();
+    EXPECT_EQ(taken(), L"C:\\Größe.dwg;C:\\b.dxf;");
+}
+
+TEST_F(TreeWindowTest, DragsNodesButNoRoots) {
+    tree.events.nodeClick = [this](TreeNode& node) {
+        happened += L"click " + node.key() + L";";
+        tree.setDragAutomatic(node.parent() != nullptr);
+    };
+    tree.events.keyDropped = [this](const std::wstring& key) { happened += L"dropped " + key + L";"; };
+    const auto drag = [this](const std::wstring& from, const std::wstring& to) {
+        POINT start = labelOf(from);
+        POINT end = labelOf(to);
+        ClientToScreen(handle(), &start);
+        ClientToScreen(handle(), &end);
+        std::thread hand([=] {
+            const auto move = [](POINT place) {
+                SetCursorPos(place.x, place.y);
+                mouse_event(MOUSEEVENTF_MOVE, 0, 0, 0, 0);
+                Sleep(60);
+            };
+            move(start);
+            mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+            Sleep(60);
+            for (int step = 1; step <= 4; ++step) {
+                move({start.x + (end.x - start.x) * step / 4, start.y + (end.y - start.y) * step / 4});
+            }
+            mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+        });
+        pumpFor(1200);
+        hand.join();
+        pump();
+    };
+    drag(L"D5", L"A");
+    EXPECT_EQ(taken(), L"click D5;dropped D5;");
+    drag(L"B", L"A");
+    EXPECT_EQ(taken(), L"click B;");
 }
 
 }  // namespace
