@@ -64,7 +64,10 @@ void frmMain::Form_Resize() {
         if (window_->width() < minimumWindowWidth) window_->setWidth(minimumWindowWidth);
     });
     ignoringErrors([this] { SizeControls(imgSplitter.left()); });
+    resized_ = true;
 }
+
+void frmMain::Form_Paint() { resized_ = false; }
 
 void frmMain::SizeControls(float x) {
     const float width = window_->width();

@@ -162,6 +162,7 @@ class frmMain {
     std::map<std::wstring, MenuItem*, std::less<>> items_;
     std::vector<std::pair<const Command*, MenuItem*>> commandItems_;
     bool splitterDragging_ = false;
+    bool resized_ = false;  ///< since the last repaint
     bool handling_ = false;
     LabelEdit labelEdit_ = LabelEdit::none;
 };
