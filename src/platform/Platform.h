@@ -3,6 +3,7 @@
 #include "platform/Automation.h"
 #include "platform/Desktop.h"
 #include "platform/Files.h"
+#include "platform/HelpViewer.h"
 #include "platform/Locale.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Process.h"
@@ -24,6 +25,7 @@ struct Platform {
     Desktop& desktop;
     Process& process;
     Locale& locale;
+    HelpViewer& help;
 };
 
 }  // namespace blattwart

@@ -11,6 +11,7 @@
 #include "win32/Win32Desktop.h"
 #include "win32/Win32Files.h"
 #include "win32/Win32FormPresenter.h"
+#include "win32/Win32HelpViewer.h"
 #include "win32/Win32Locale.h"
 #include "win32/Win32MessageBoxes.h"
 #include "win32/Win32Process.h"
@@ -57,6 +58,7 @@ class Application {
         basMain program(platform_, presenter_);
         int result = 0;
         if (guard_.guarded([&] { return program.Main(); }, false)) result = loop();
+        help_.closeAll();
         presenter_.destroyWindows();
         return result;
     }
@@ -99,7 +101,9 @@ class Application {
     Win32Desktop desktop_;
     Win32Process process_;
     Win32Locale locale_;
-    Platform platform_{automation_, registry_, settings_, files_, messages_, desktop_, process_, locale_};
+    Win32HelpViewer help_;
+    Platform platform_{automation_, registry_, settings_, files_, messages_,
+                       desktop_,    process_,  locale_,   help_};
     Win32FormPresenter presenter_{guard_, automation_};
 };
 

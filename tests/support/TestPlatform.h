@@ -3,6 +3,7 @@
 #include "platform/Platform.h"
 #include "support/FakeDesktop.h"
 #include "support/FakeFiles.h"
+#include "support/FakeHelp.h"
 #include "support/FakeMessages.h"
 #include "support/FakeProcess.h"
 #include "support/FakeRegistry.h"
@@ -14,7 +15,7 @@ namespace blattwart::test {
 /// A whole world of fakes round the given automation objects, which it does not own.
 struct TestPlatform {
     explicit TestPlatform(Automation& automation)
-        : platform{automation, registry, settings, files, messages, desktop, process, locale} {}
+        : platform{automation, registry, settings, files, messages, desktop, process, locale, help} {}
     TestPlatform(const TestPlatform&) = delete;
     TestPlatform& operator=(const TestPlatform&) = delete;
 
@@ -25,6 +26,7 @@ struct TestPlatform {
     FakeDesktop desktop;
     FakeProcess process;
     GermanLocale locale;
+    FakeHelp help;
     Platform platform;
 };
 
