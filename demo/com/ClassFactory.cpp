@@ -1,28 +1,14 @@
 #include "com/ClassFactory.h"
 
+#include "win32/ComBase.h"
+
 namespace demo {
 
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public blattwart::ComBase<IClassFactory> {
   public:
     explicit ClassFactory(Maker maker) : maker_(std::move(maker)) {}
-    virtual ~ClassFactory() = default;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        if (!object) return E_POINTER;
-        const bool known = id == IID_IUnknown || id == IID_IClassFactory;
-        *object = known ? static_cast<IClassFactory*>(this) : nullptr;
-        if (!known) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** object) override {
         if (!object) return E_POINTER;
@@ -40,13 +26,12 @@ class ClassFactory final : public IClassFactory {
 
   private:
     Maker maker_;
-    ULONG references_ = 0;
 };
 
 }  // namespace
 
 ComPtr<IClassFactory> makeClassFactory(Maker maker) {
-    return ComPtr<IClassFactory>(new ClassFactory(std::move(maker)));
+    return blattwart::makeCom<ClassFactory>(std::move(maker));
 }
 
 }  // namespace demo

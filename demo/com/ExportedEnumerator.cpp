@@ -8,21 +8,6 @@ using blattwart::RuntimeError;
 using blattwart::toVariant;
 using blattwart::Value;
 
-HRESULT ExportedEnumerator::QueryInterface(REFIID id, void** object) {
-    if (!object) return E_POINTER;
-    const bool known = id == IID_IUnknown || id == IID_IEnumVARIANT;
-    *object = known ? static_cast<IEnumVARIANT*>(this) : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-ULONG ExportedEnumerator::Release() {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-}
-
 HRESULT ExportedEnumerator::Next(ULONG count, VARIANT* elements, ULONG* fetched) {
     if (fetched) *fetched = 0;
     if (const HRESULT admitted = exporter_->admit(); admitted != S_OK) return admitted;
@@ -53,8 +38,7 @@ HRESULT ExportedEnumerator::Reset() {
 
 HRESULT ExportedEnumerator::Clone(IEnumVARIANT** copy) {
     if (!copy) return E_POINTER;
-    *copy = new ExportedEnumerator(exporter_, elements_, position_);
-    (*copy)->AddRef();
+    *copy = blattwart::makeCom<ExportedEnumerator>(exporter_, elements_, position_).Detach();
     return S_OK;
 }
 

@@ -26,21 +26,6 @@ HRESULT resultOf(const RuntimeError& error) {
 
 }  // namespace
 
-HRESULT ExportedObject::QueryInterface(REFIID id, void** object) {
-    if (!object) return E_POINTER;
-    const bool known = id == IID_IUnknown || id == IID_IDispatch;
-    *object = known ? static_cast<IDispatch*>(this) : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-ULONG ExportedObject::Release() {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-}
-
 HRESULT ExportedObject::GetTypeInfoCount(UINT* count) {
     if (!count) return E_POINTER;
     *count = 0;
@@ -96,9 +81,9 @@ HRESULT ExportedObject::carryOut(DISPID id, WORD flags, DISPPARAMS& parameters, 
 
 HRESULT ExportedObject::newEnumerator(VARIANT* result) {
     if (!result) return E_POINTER;
-    const ComPtr<IUnknown> enumerator(new ExportedEnumerator(exporter_, object_->enumerate()));
+    auto enumerator = blattwart::makeCom<ExportedEnumerator>(exporter_, object_->enumerate());
     V_VT(result) = VT_UNKNOWN;
-    V_UNKNOWN(result) = ComPtr<IUnknown>(enumerator).Detach();
+    V_UNKNOWN(result) = enumerator.Detach();
     return S_OK;
 }
 

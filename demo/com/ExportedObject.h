@@ -4,23 +4,19 @@
 #include <vector>
 
 #include "com/Exporter.h"
+#include "win32/ComBase.h"
 
 namespace demo {
 
 /// One object as other processes see it.
-class ExportedObject final : public IDispatch {
+class ExportedObject final : public blattwart::ComBase<IDispatch> {
   public:
     ExportedObject(std::shared_ptr<Exporter> exporter, std::shared_ptr<DispatchObject> object)
         : exporter_(std::move(exporter)), object_(std::move(object)) {}
-    ExportedObject(const ExportedObject&) = delete;
-    ExportedObject& operator=(const ExportedObject&) = delete;
-    virtual ~ExportedObject() { exporter_->forget(object_.get()); }
+    ~ExportedObject() override { exporter_->forget(object_.get()); }
 
     const std::shared_ptr<DispatchObject>& object() const { return object_; }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override;
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** info) override;
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) override;
@@ -34,20 +30,15 @@ class ExportedObject final : public IDispatch {
 
     std::shared_ptr<Exporter> exporter_;
     std::shared_ptr<DispatchObject> object_;
-    ULONG references_ = 0;
 };
 
 /// Runs through the elements that a collection had when the enumeration began.
-class ExportedEnumerator final : public IEnumVARIANT {
+class ExportedEnumerator final : public blattwart::ComBase<IEnumVARIANT> {
   public:
     ExportedEnumerator(std::shared_ptr<Exporter> exporter, std::vector<ObjectPtr> elements,
                        std::size_t position = 0)
         : exporter_(std::move(exporter)), elements_(std::move(elements)), position_(position) {}
-    virtual ~ExportedEnumerator() = default;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override;
     HRESULT STDMETHODCALLTYPE Next(ULONG count, VARIANT* elements, ULONG* fetched) override;
     HRESULT STDMETHODCALLTYPE Skip(ULONG count) override;
     HRESULT STDMETHODCALLTYPE Reset() override;
@@ -57,7 +48,6 @@ class ExportedEnumerator final : public IEnumVARIANT {
     std::shared_ptr<Exporter> exporter_;
     std::vector<ObjectPtr> elements_;
     std::size_t position_;
-    ULONG references_ = 0;
 };
 
 }  // namespace demo

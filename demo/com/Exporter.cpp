@@ -10,7 +10,7 @@ ComPtr<IDispatch> Exporter::toDispatch(const ObjectPtr& object) {
     if (const auto known = alive_.find(object.get()); known != alive_.end()) return known->second;
     auto dispatchObject = std::dynamic_pointer_cast<DispatchObject>(object);
     if (!dispatchObject) throw RuntimeError(DISP_E_TYPEMISMATCH, L"");
-    const ComPtr<ExportedObject> made(new ExportedObject(shared_from_this(), std::move(dispatchObject)));
+    const auto made = blattwart::makeCom<ExportedObject>(shared_from_this(), std::move(dispatchObject));
     alive_.emplace(object.get(), made.Get());
     ++counters_.objects;
     return made;

@@ -3,10 +3,13 @@
 #include <windows.h>
 
 #include <unknwn.h>
+#include <wrl/client.h>
+
+#include <utility>
 
 namespace blattwart {
 
-/// Reference counting of an object with one COM interface; begins with one reference.
+/// Reference counting of an object with one COM interface; begins with one reference, see `makeCom`.
 template <class Interface>
 class ComBase : public Interface {
   public:
@@ -33,5 +36,14 @@ class ComBase : public Interface {
   private:
     ULONG references_ = 1;
 };
+
+/// Makes an object and takes over its first reference. `Attach` of the compiler's own ComPtr would add
+/// another one.
+template <class Object, class... Arguments>
+Microsoft::WRL::ComPtr<Object> makeCom(Arguments&&... arguments) {
+    Microsoft::WRL::ComPtr<Object> object;
+    *object.GetAddressOf() = new Object(std::forward<Arguments>(arguments)...);
+    return object;
+}
 
 }  // namespace blattwart

@@ -68,23 +68,16 @@ class DragSource : public ComBase<IDropSource> {
     HRESULT STDMETHODCALLTYPE GiveFeedback(DWORD) override { return DRAGDROP_S_USEDEFAULTCURSORS; }
 };
 
-template <class Object, class... Arguments>
-ComPtr<Object> make(Arguments&&... arguments) {
-    ComPtr<Object> object;
-    object.Attach(new Object(std::forward<Arguments>(arguments)...));
-    return object;
-}
-
 }  // namespace
 
 ComPtr<IDataObject> makeDragData(CLIPFORMAT format, std::string bytes) {
-    return make<DragData>(format, std::move(bytes));
+    return makeCom<DragData>(format, std::move(bytes));
 }
 
 void dragText(const std::wstring& text) {
     const std::string ansi = Win32Locale().toAnsi(text);
     const ComPtr<IDataObject> data = makeDragData(CF_TEXT, std::string(ansi.c_str(), ansi.size() + 1));
-    const ComPtr<DragSource> source = make<DragSource>();
+    const ComPtr<DragSource> source = makeCom<DragSource>();
     DWORD effect = DROPEFFECT_NONE;
     DoDragDrop(data.Get(), source.Get(), DROPEFFECT_COPY, &effect);
 }

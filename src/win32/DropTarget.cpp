@@ -103,8 +103,7 @@ class DropTarget : public ComBase<IDropTarget> {
 }  // namespace
 
 DropRegistration::DropRegistration(HWND window, Guard& guard, DropHandlers handlers) : window_(window) {
-    ComPtr<IDropTarget> target;
-    target.Attach(new DropTarget(guard, std::move(handlers)));
+    const ComPtr<IDropTarget> target = makeCom<DropTarget>(guard, std::move(handlers));
     RegisterDragDrop(window_, target.Get());
 }
 

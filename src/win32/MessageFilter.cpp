@@ -3,6 +3,7 @@
 #include <objbase.h>
 
 #include "platform/RuntimeError.h"
+#include "win32/ComBase.h"
 
 namespace blattwart {
 
@@ -10,25 +11,9 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-class MessageFilter : public IMessageFilter {
+class MessageFilter : public ComBase<IMessageFilter> {
   public:
     MessageFilter(Guard& guard, BusyHost& busyHost) : guard_(guard), busyHost_(busyHost) {}
-    virtual ~MessageFilter() = default;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
-        if (!object) return E_POINTER;
-        const bool known = id == IID_IUnknown || id == IID_IMessageFilter;
-        *object = known ? static_cast<IMessageFilter*>(this) : nullptr;
-        if (!known) return E_NOINTERFACE;
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) override {
         return SERVERCALL_ISHANDLED;
@@ -46,13 +31,12 @@ class MessageFilter : public IMessageFilter {
   private:
     Guard& guard_;
     BusyHost& busyHost_;
-    ULONG references_ = 0;
 };
 
 }  // namespace
 
 ComPtr<IMessageFilter> makeMessageFilter(Guard& guard, BusyHost& busyHost) {
-    return ComPtr<IMessageFilter>(new MessageFilter(guard, busyHost));
+    return makeCom<MessageFilter>(guard, busyHost);
 }
 
 MessageFilterRegistration::MessageFilterRegistration(Guard& guard, BusyHost& busyHost) {

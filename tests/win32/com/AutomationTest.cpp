@@ -143,6 +143,7 @@ TEST_F(Automation, EnumeratesWithFewMessages) {
             EXPECT_EQ(elements.back()->get({L"Child", L"Name"}),
                       Value(L"Kind " + std::to_wstring(count - 1)));
         }
+        EXPECT_EQ(sent("released", [&] { elements.clear(); }), count);
     }
 }
 
