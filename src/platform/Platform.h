@@ -2,6 +2,7 @@
 
 #include "platform/Automation.h"
 #include "platform/Desktop.h"
+#include "platform/FileDialogs.h"
 #include "platform/Files.h"
 #include "platform/HelpViewer.h"
 #include "platform/Locale.h"
@@ -22,6 +23,7 @@ struct Platform {
     Settings& settings;
     Files& files;
     MessageBoxes& messages;
+    FileDialogs& fileDialogs;
     Desktop& desktop;
     Process& process;
     Locale& locale;

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include "win32/OwnWindow.h"
+
 namespace blattwart {
 
 namespace {
@@ -12,21 +14,6 @@ static_assert(static_cast<UINT>(MessageIcon::question) == MB_ICONQUESTION);
 static_assert(static_cast<UINT>(MessageIcon::exclamation) == MB_ICONEXCLAMATION);
 static_assert(static_cast<UINT>(MessageIcon::information) == MB_ICONASTERISK);
 static_assert(static_cast<int>(MessageAnswer::no) == IDNO && static_cast<int>(MessageAnswer::yes) == IDYES);
-
-BOOL CALLBACK findVisible(HWND window, LPARAM result) {
-    if (!IsWindowVisible(window) || GetWindow(window, GW_OWNER)) return TRUE;
-    *reinterpret_cast<HWND*>(result) = window;
-    return FALSE;
-}
-
-/// The window of ours that the user works in; also while another program is in front, so that the box always
-/// blocks what lies under it.
-HWND ownWindow() {
-    if (const HWND active = GetActiveWindow()) return active;
-    HWND window = nullptr;
-    EnumThreadWindows(GetCurrentThreadId(), findVisible, reinterpret_cast<LPARAM>(&window));
-    return window ? GetLastActivePopup(window) : nullptr;
-}
 
 }  // namespace
 

@@ -9,6 +9,7 @@
 #include "win32/ComAutomation.h"
 #include "win32/Guard.h"
 #include "win32/Win32Desktop.h"
+#include "win32/Win32FileDialogs.h"
 #include "win32/Win32Files.h"
 #include "win32/Win32FormPresenter.h"
 #include "win32/Win32HelpViewer.h"
@@ -98,12 +99,13 @@ class Application {
     Win32Registry registry_;
     Win32Settings settings_;
     Win32Files files_;
+    Win32FileDialogs fileDialogs_;
     Win32Desktop desktop_;
     Win32Process process_;
     Win32Locale locale_;
     Win32HelpViewer help_;
-    Platform platform_{automation_, registry_, settings_, files_, messages_,
-                       desktop_,    process_,  locale_,   help_};
+    Platform platform_{automation_,  registry_, settings_, files_,  messages_,
+                       fileDialogs_, desktop_,  process_,  locale_, help_};
     Win32FormPresenter presenter_{guard_, automation_};
 };
 

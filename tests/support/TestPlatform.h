@@ -2,6 +2,7 @@
 
 #include "platform/Platform.h"
 #include "support/FakeDesktop.h"
+#include "support/FakeFileDialogs.h"
 #include "support/FakeFiles.h"
 #include "support/FakeHelp.h"
 #include "support/FakeMessages.h"
@@ -15,7 +16,8 @@ namespace blattwart::test {
 /// A whole world of fakes round the given automation objects, which it does not own.
 struct TestPlatform {
     explicit TestPlatform(Automation& automation)
-        : platform{automation, registry, settings, files, messages, desktop, process, locale, help} {}
+        : platform{automation,  registry, settings, files,  messages,
+                   fileDialogs, desktop,  process,  locale, help} {}
     TestPlatform(const TestPlatform&) = delete;
     TestPlatform& operator=(const TestPlatform&) = delete;
 
@@ -23,6 +25,7 @@ struct TestPlatform {
     FakeSettings settings;
     FakeFiles files;
     FakeMessages messages;
+    FakeFileDialogs fileDialogs;
     FakeDesktop desktop;
     FakeProcess process;
     GermanLocale locale;
