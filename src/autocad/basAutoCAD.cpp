@@ -1,7 +1,6 @@
 #include "autocad/basAutoCAD.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace blattwart {
 
@@ -16,12 +15,11 @@ bool basAutoCAD::IsAutoCADRunning() {
 }
 
 void basAutoCAD::ConnectAutoCAD() {
-    for (const host::Document& document : std::exchange(fileDialogsStillOff_, {}))
-        switchFileDialogsOn(document);
     gAcadDoc = {};
     gAcadApp = {};
     ignoringErrors([&] { gAcadApp = host::Application(platform_.automation.running(automationName)); });
     if (gAcadApp) ignoringErrors([&] { gAcadDoc = gAcadApp.ActiveDocument(); });
+    if (fileDialogsStillOff_ && gAcadDoc) switchFileDialogsOn(gAcadDoc);
 }
 
 void basAutoCAD::StartAutoCAD() {
@@ -73,23 +71,25 @@ std::vector<host::Document> basAutoCAD::documentsNamed(const std::wstring& fullN
     const std::wstring wanted = platform_.locale.upperCase(fullName);
     const std::wstring wantedName = wanted.substr(wanted.rfind(L'\\') + 1);
     std::vector<host::Document> found;
-    ignoringErrors([&] {
-        for (const host::Document& document : gAcadApp.Documents().all())
-            ignoringErrors([&] {
-                // The folder is asked for only where the file's name fits.
-                const std::wstring name = platform_.locale.upperCase(document.Name());
-                if (name != wantedName) return;
-                if (platform_.locale.upperCase(document.Path()) + L"\\" + name == wanted)
-                    found.push_back(document);
-            });
-    });
+    for (const host::Document& document : gAcadApp.Documents().all()) {
+        try {
+            // The folder is asked for only where the file's name fits.
+            const std::wstring name = platform_.locale.upperCase(document.Name());
+            if (name == wantedName && platform_.locale.upperCase(document.Path()) + L"\\" + name == wanted)
+                found.push_back(document);
+        } catch (const RuntimeError& error) {
+            if (!isGone(error)) throw;
+        }
+    }
     return found;
 }
 
 std::wstring basAutoCAD::GetActiveLayoutName(const std::wstring& fullName) {
     std::wstring name;
-    for (const host::Document& document : documentsNamed(fullName))
-        ignoringErrors([&] { name = document.ActiveLayout().Name(); });
+    ignoringErrors([&] {
+        for (const host::Document& document : documentsNamed(fullName))
+            ignoringErrors([&] { name = document.ActiveLayout().Name(); });
+    });
     return name;
 }
 
@@ -99,7 +99,7 @@ void basAutoCAD::activate(const host::Document& document) {
 }
 
 void basAutoCAD::NewDrawingFromTemplate(const std::wstring& templateFile) {
-    ignoringErrors([&] { gAcadApp.Documents().Add(templateFile); });
+    ignoringErrors([&] { gAcadDoc = gAcadApp.Documents().Add(templateFile); });
     BringAutoCADToFront();
 }
 
@@ -114,10 +114,7 @@ bool basAutoCAD::typeCommand(const host::Document& document,
     std::wstring text;
     for (const std::wstring_view answer : answers) {
         // A carriage return inside a name would end the answer and make the rest a command of its own.
-        if (std::ranges::any_of(answer, [](wchar_t c) { return c < L' ' || c == 0x7F; })) {
-            warn(L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!");
-            return false;
-        }
+        if (refusesControlCharacters(answer)) return false;
         text.append(answer).push_back(L'\r');
     }
     bool commandRuns = false;
@@ -130,13 +127,16 @@ bool basAutoCAD::typeCommand(const host::Document& document,
     return true;
 }
 
+bool basAutoCAD::refusesControlCharacters(std::wstring_view name) {
+    constexpr auto isControl = [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); };
+    if (std::ranges::none_of(name, isControl)) return false;
+    warn(L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!");
+    return true;
+}
+
 void basAutoCAD::switchFileDialogsOn(const host::Document& document) {
     const auto switchOn = [&] { document.SetVariable(L"FILEDIA", 1); };
-    try {
-        if (!ignoringErrors(switchOn)) switchOn();
-    } catch (const RuntimeError& error) {
-        if (!isGone(error)) fileDialogsStillOff_.push_back(document);
-    }
+    fileDialogsStillOff_ = !ignoringErrors(switchOn) && !ignoringErrors(switchOn);
 }
 
 void basAutoCAD::warn(const std::wstring& text) {

@@ -46,13 +46,14 @@ class basAutoCAD {
     /// The open document of the drawing record with this key ("Z7"); the last one where several match, empty
     /// where none does.
     host::Document GetDocumentByKey(std::wstring_view key);
-    /// All open documents with this full name, case ignored, in the host's order. Documents that do not
-    /// answer are passed over.
+    /// All open documents with this full name, case ignored, in the host's order. Documents that are closed
+    /// meanwhile are passed over; throws when the host does not answer.
     std::vector<host::Document> documentsNamed(const std::wstring& fullName);
     /// Name of the active layout of the open document with this full name, "" when there is none.
     std::wstring GetActiveLayoutName(const std::wstring& fullName);
     /// Makes the document AutoCAD's active one and gAcadDoc. Throws when the host refuses.
     void activate(const host::Document& document);
+    /// Has AutoCAD make a new drawing, which becomes gAcadDoc, and brings AutoCAD to the front.
     void NewDrawingFromTemplate(const std::wstring& templateFile);
     /// Opens the DesignCenter at a folder or file and brings AutoCAD to the front.
     void NavigateDesignCenter(const std::wstring& target);
@@ -61,8 +62,11 @@ class basAutoCAD {
     /// a command is running. Throws when the host refuses the text.
     bool typeCommand(const host::Document& document, std::initializer_list<std::wstring_view> answers);
 
-    /// Sets the document's "FILEDIA" to 1. Where the host does not take it, the next ConnectAutoCAD tries
-    /// again.
+    /// Whether a name holds control characters, which must not reach the host; the user has been told then.
+    bool refusesControlCharacters(std::wstring_view name);
+
+    /// Sets "FILEDIA" to 1, in all drawings, since it is one variable of the host. Where the host does not
+    /// take it, the next ConnectAutoCAD tries again.
     void switchFileDialogsOn(const host::Document& document);
 
     /// Asks whether AutoCAD is to be started, No ending the program. Returns whether the answer was Yes.
@@ -73,7 +77,7 @@ class basAutoCAD {
 
     Platform& platform_;
     NavigatorRecords& records_;
-    std::vector<host::Document> fileDialogsStillOff_;
+    bool fileDialogsStillOff_ = false;
     std::wstring templateFolder_;
 };
 

@@ -28,8 +28,7 @@ bool basTarvix::RunHostMacro(const std::wstring& name) {
 
 void basTarvix::CreateLayout(const std::wstring& drawing) {
     if (!drawing.empty())
-        for (const host::Document& document : autoCAD_.documentsNamed(drawing))
-            ignoringErrors([&] { autoCAD_.activate(document); });
+        for (const host::Document& document : autoCAD_.documentsNamed(drawing)) autoCAD_.activate(document);
     RunHostMacro(L"TX_Layout");
     autoCAD_.BringAutoCADToFront();
 }

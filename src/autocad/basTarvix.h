@@ -17,7 +17,8 @@ class basTarvix {
     /// it is missing. Returns whether the routine ran; otherwise the user has been told.
     bool RunHostMacro(const std::wstring& name);
     /// Creates a layout in gAcadDoc's host session. `drawing` is the full name of the drawing whose document
-    /// is made the active one first; empty: the document that is active already.
+    /// is made the active one first; empty: the document that is active already. Throws when the host refuses
+    /// that, so that no other drawing gets the layout.
     void CreateLayout(const std::wstring& drawing);
     /// Names of all layouts of the document in upper case. Empty where the host does not answer.
     std::set<std::wstring> layoutNames(const host::Document& document);

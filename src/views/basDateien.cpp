@@ -54,14 +54,15 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
     });
 }
 
-// Returns false when the user stays with the drawing that is active.
+// Returns whether the drawing is the active one now: the user may stay with another, or it is closed.
 bool basDateien::switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout,
                                bool askFirst) {
     if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return true;
     if (askFirst && !ask(chosen.text + L" zum aktiven Dokument machen?")) return false;
     if (tree_.selectedKind() == L"Z" && !isLayout) tree_.view().selected()->setExpanded(true);
-    for (const host::Document& document : autoCAD_.documentsNamed(drawing)) makeActive(document);
-    return true;
+    const auto documents = autoCAD_.documentsNamed(drawing);
+    for (const host::Document& document : documents) makeActive(document);
+    return !documents.empty();
 }
 
 void basDateien::switchLayout(const std::wstring& layout) {
