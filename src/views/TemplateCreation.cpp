@@ -34,6 +34,10 @@ void TemplateCreation::BeginNewTemplate() {
 void TemplateCreation::CancelNewTemplate() {
     if (!pending_) return;
     pending_ = false;
+    TreeView& tree = tree_.view();
+    TreeNode* source = tree.find(sourceKey_);
+    // The list still shows the source; unless the user has gone elsewhere, he is back there.
+    if (source && tree.selected()->key() == placeholderKey) tree.select(*source);
     tree_.removeNode(placeholderKey);
 }
 

@@ -35,7 +35,7 @@ class TemplateCreation {
     /// The user has typed the template's name. Refuses an empty or taken one; otherwise has AutoCAD save the
     /// layout. The placeholder becomes the template's node or goes.
     void CreateTemplateFromLayout(const std::wstring& newName);
-    /// Takes a pending placeholder away.
+    /// Takes a pending placeholder away; while it is selected, its source is selected instead.
     void CancelNewTemplate();
     /// Asks and deletes the selected template's file.
     void DeleteTemplate();
