@@ -14,6 +14,10 @@ void LayoutNames::warn(const std::wstring& text) {
     platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
 }
 
+void LayoutNames::warnNotRenamed(const RuntimeError& error) {
+    warn(L"Das Layout kann nicht umbenannt werden!\n\n" + error.description());
+}
+
 void LayoutNames::DeleteLayouts() {
     const TreeNode* node = tree_.view().selected();
     if (!node) return;
@@ -26,6 +30,8 @@ void LayoutNames::DeleteLayouts() {
             return;
         }
     } else if (drawingKey.starts_with(L'L')) {
+        // A drawing must keep one layout; the command may have been enabled before another one went.
+        if (node->parent()->children().size() < 2) return;
         keys.push_back(drawingKey);
         drawingKey = node->parent()->key();
     }
@@ -75,6 +81,7 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
         warn(L"Bezeichnung ist bereits vergeben!");
         return true;
     }
+    if (autoCAD_.refusesControlCharacters(newName)) return true;
     try {
         const auto record = records_.LayoutRecords.Item(recordKey(key));
         if (record->Layout == newName) return false;
@@ -82,7 +89,7 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
         if (documents.empty()) return true;
         rename(documents.back().Layouts(), *record, newName);
     } catch (const RuntimeError& error) {
-        warn(error.description());
+        warnNotRenamed(error);
         return true;
     }
     showName(key, newName);
@@ -102,6 +109,7 @@ void LayoutNames::showName(const std::wstring& key, const std::wstring& name) {
 }
 
 void LayoutNames::RenameSelectedLayouts(const std::wstring& baseName, std::int16_t& counter) {
+    if (autoCAD_.refusesControlCharacters(baseName)) return;
     try {
         const host::Layouts layouts = autoCAD_.gAcadDoc.Layouts();
         std::set<std::wstring> names = tarvix_.layoutNames(autoCAD_.gAcadDoc);
@@ -116,7 +124,7 @@ void LayoutNames::RenameSelectedLayouts(const std::wstring& baseName, std::int16
             showName(key, newName);
         }
     } catch (const RuntimeError& error) {
-        warn(error.description());
+        warnNotRenamed(error);
     }
 }
 

@@ -38,6 +38,7 @@ class LayoutNames {
 
   private:
     void warn(const std::wstring& text);
+    void warnNotRenamed(const RuntimeError& error);
     void deleteLayouts(const std::wstring& drawingKey, const std::vector<std::wstring>& keys);
     bool isTaken(bool fromList, const std::wstring& key, const std::wstring& newName) const;
     void rename(const host::Layouts& layouts, CAcadobj& record, const std::wstring& newName);
