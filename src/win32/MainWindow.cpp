@@ -355,7 +355,10 @@ bool MainWindow::runShortcut(WPARAM key) {
     const bool ofSelection = key == Shortcut::enter || key == Shortcut::del || key == Shortcut::f2;
     const HWND focus = GetFocus();
     if (ofSelection && !controls_->isTree(focus) && !controls_->isList(focus)) return false;
-    if (item->enabled() && item->click) gate_.runCommand(item->click);
+    // The menu offers what Enter does in the tree.
+    const bool opensListItem = key == Shortcut::enter && controls_->isList(focus);
+    const auto& action = opensListItem ? form_.lvListView.events.doubleClick : item->click;
+    if (action) gate_.runCommand(action);
     return true;
 }
 

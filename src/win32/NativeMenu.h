@@ -22,7 +22,7 @@ class NativeMenu {
     void opening(HMENU popup);
     /// The item of a command; null when it is none of this menu's.
     MenuItem* item(int command) const;
-    /// The item with this shortcut, or null.
+    /// The enabled item with this shortcut, or null.
     MenuItem* item(const Shortcut& shortcut) const;
 
   private:
