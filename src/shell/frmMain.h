@@ -83,9 +83,11 @@ class frmMain {
     void mnuFileRename_Click();
     void mnuCreate_Click();
     void mnuTemplate_Click();
+    void mnuFileOpen_Click();
     void mnuTemplateOpen_Click();
     void mnuTemplateDelete_Click();
     void mnuLayoutImport_Click();
+    void mnuEditOpen_Click();
     void mnuEditSelectAll_Click();
     void mnuAutoEnd_Click();
     void mnuViewToolbar_Click();
@@ -143,6 +145,7 @@ class frmMain {
     bool modelSpacePossible();
     void connectEvents();
     void tvTreeView_NodeClick();
+    void showStateOfSelection();
     void tvTreeView_AfterLabelEdit(const std::wstring& newText);
     void tvTreeView_FilesDropped(const std::vector<std::wstring>& files);
     void tvTreeView_KeyDropped(const std::wstring& key);

@@ -40,6 +40,10 @@ void frmMain::tvTreeView_NodeClick() {
     modules_->templates.CancelNewTemplate();
     SetTreeViewViewBySetting();
     modules_->views.showSelectedNode();
+    showStateOfSelection();
+}
+
+void frmMain::showStateOfSelection() {
     modules_->ShowNodeStatus();
     VisbibleMnuMenu();
 }
@@ -55,7 +59,11 @@ void frmMain::tvTreeView_AfterLabelEdit(const std::wstring& newText) {
         modules_->templates.CancelNewTemplate();
         return;
     }
-    if (meaning == LabelEdit::newTemplate) modules_->templates.CreateTemplateFromLayout(newText);
+    if (meaning == LabelEdit::newTemplate) {
+        modules_->templates.CreateTemplateFromLayout(newText);
+        setDragMode();
+        showStateOfSelection();
+    }
     if (meaning == LabelEdit::renameLayout) modules_->layouts.RenameByLabelEdit(false, newText);
 }
 
@@ -93,8 +101,7 @@ void frmMain::OpenListItem() {
     SetTreeViewViewBySetting();
     modules_->views.showSelectedNode();
     setDragMode();
-    modules_->ShowNodeStatus();
-    VisbibleMnuMenu();
+    showStateOfSelection();
 }
 
 bool frmMain::isDropTarget() {

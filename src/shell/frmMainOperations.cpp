@@ -86,21 +86,24 @@ void frmMain::mnuFileRename_Click() {
 void frmMain::mnuCreate_Click() {
     // Only with the root selected is the drawing looked up; with a drawing selected the layout goes into the
     // document that is active already. Required so.
-    std::wstring drawing;
-    if (selectedKind() == L"A") {
-        try {
-            drawing = modules_->files.GetSelectedDrawingFile(true);
-        } catch (const RuntimeError& error) {
-            platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok,
-                                    MessageIcon::none);
-            return;
-        }
+    try {
+        std::wstring drawing;
+        if (selectedKind() == L"A") drawing = modules_->files.GetSelectedDrawingFile(true);
+        modules_->tarvix.CreateLayout(drawing);
+    } catch (const RuntimeError& error) {
+        platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok, MessageIcon::none);
     }
-    modules_->tarvix.CreateLayout(drawing);
 }
 
 void frmMain::mnuTemplate_Click() {
     modules_->autoCAD.NewDrawingFromTemplate(modules_->files.GetSelectedTemplateFile(selectedKind() == L"B"));
+}
+
+void frmMain::mnuFileOpen_Click() {
+    const auto file = platform_.fileDialogs.open(L"Öffnen", L"Alle Dateien (*.*)|*.*");
+    if (!file) return;
+    modules_->files.OpenDroppedFile(*file);
+    modules_->views.RefreshTree();
 }
 
 void frmMain::mnuTemplateOpen_Click() {
@@ -110,6 +113,10 @@ void frmMain::mnuTemplateOpen_Click() {
 void frmMain::mnuLayoutImport_Click() {
     modules_->templates.BeginNewTemplate();
     if (modules_->templates.newTemplatePending()) labelEdit_ = LabelEdit::newTemplate;
+}
+
+void frmMain::mnuEditOpen_Click() {
+    modules_->files.OpenSelectedNode(true);
 }
 
 void frmMain::mnuEditSelectAll_Click() {
