@@ -8,6 +8,7 @@
 #include "platform/Locale.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Process.h"
+#include "platform/ReadingWatch.h"
 #include "platform/Registry.h"
 #include "platform/Settings.h"
 
@@ -28,6 +29,7 @@ struct Platform {
     Process& process;
     Locale& locale;
     HelpViewer& help;
+    ReadingWatch& readings;
 };
 
 }  // namespace blattwart

@@ -1,6 +1,7 @@
 #include "views/LayoutDetails.h"
 
 #include <array>
+#include <optional>
 
 #include "platform/Conversions.h"
 #include "views/ListIcons.h"
@@ -36,6 +37,11 @@ constexpr std::array<Slot, 3> slots{{{8, 2, L"IStempel"}, {9, 4, L"INordpfeil"},
 
 constexpr const wchar_t* notPresent = L"Nicht vorhanden";
 
+/// Of a viewport's scale, paper to model; 0 when the host gives none.
+double scaleFactor(double customScale) {
+    return customScale > 0 ? 1 / customScale : 0;
+}
+
 bool isBlockReference(const std::wstring& objectName) {
     return objectName == L"AcDbBlockReference" || objectName == L"AcDbMInsertBlock";
 }
@@ -45,15 +51,14 @@ bool isBlockReference(const std::wstring& objectName) {
 /// What the layout's block holds of the system's own.
 struct LayoutDetails::Contents {
     std::vector<CAFenster> viewports;
-    std::array<std::wstring, slots.size()> labels{notPresent, notPresent, notPresent};
+    std::array<std::optional<std::wstring>, slots.size()> labels;
+    bool complete = false;  ///< whether all objects were seen
 };
 
 void LayoutDetails::FillLayoutDetails() {
     const TreeNode* node = tree_.selected();
     const Update update(list_);
-    const ListItem* selected = list_.selected();
-    const std::wstring selectedKey = selected ? selected->key() : std::wstring();
-    list_.clear();
+    list_.clear();  // within the update: a row that comes back keeps its selection
     addRows(node->text());
 
     host::Layout layout;
@@ -66,12 +71,8 @@ void LayoutDetails::FillLayoutDetails() {
         contents = readContents(layout);
     }
     addViewports(contents.viewports);
-    for (std::size_t i = 0; i < slots.size(); ++i) setValue(slots[i].row, contents.labels[i]);
-
-    if (ListItem* item = list_.find(selectedKey)) {
-        list_.setSelected(*item, true);
-        list_.setFocused(item);
-    }
+    for (std::size_t i = 0; i < slots.size(); ++i)
+        setValue(slots[i].row, contents.labels[i].value_or(contents.complete ? notPresent : L""));
 }
 
 void LayoutDetails::addRows(const std::wstring& layoutName) {
@@ -93,8 +94,12 @@ LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout) 
     Contents contents;
     XDataReport report(context_.platform.messages);
     ignoringErrors([&] {
-        for (const host::Entity& entity : layout.Block().entities())
+        LongRead reading(context_.platform.readings);
+        for (const host::Entity& entity : layout.Block().entities()) {
+            if (!reading.goOn()) return;
             ignoringErrors([&] { readEntity(entity, report, contents); });
+        }
+        contents.complete = true;
     });
     return contents;
 }
@@ -108,22 +113,22 @@ void LayoutDetails::readEntity(const host::Entity& entity, XDataReport& report, 
     values.GetAfenwerte(
         {.document = {}, .object = entity, .report = report, .locale = context_.platform.locale});
     if (isViewport && values.Tarvix != 0) {
-        ignoringErrors([&] { values.Faktor = 1 / entity.viewportCustomScale(); });
+        ignoringErrors([&] { values.Faktor = scaleFactor(entity.viewportCustomScale()); });
         contents.viewports.push_back(values);
     }
     if (isViewport) return;
     for (std::size_t i = 0; i < slots.size(); ++i) {
         if (values.Tarvix != slots[i].marker) continue;
-        const std::wstring label = definitionLabel(slots[i].typeId, entity.blockEffectiveName());
-        if (!label.empty()) contents.labels[i] = label;
+        if (const CBlock* definition = this->definition(slots[i].typeId, entity.blockEffectiveName()))
+            contents.labels[i] = definition->Bezeichnung;
     }
 }
 
-std::wstring LayoutDetails::definitionLabel(std::int32_t typeId, const std::wstring& blockName) const {
+const CBlock* LayoutDetails::definition(std::int32_t typeId, const std::wstring& blockName) const {
     for (const auto& block : context_.database.blocks())
         if (block->TypenId == typeId && context_.platform.locale.equalIgnoringCase(block->block, blockName))
-            return block->Bezeichnung;
-    return {};
+            return block.get();
+    return nullptr;
 }
 
 void LayoutDetails::addViewports(const std::vector<CAFenster>& viewports) {
@@ -132,10 +137,15 @@ void LayoutDetails::addViewports(const std::vector<CAFenster>& viewports) {
         const std::wstring key = L"IAnsichtsfenster" + number;
         list_.add(key, viewports.size() == 1 ? L"Ansichtsfenster" : L"Ansichtsfenster " + number,
                   listIcon::detail);
-        const std::wstring& label = viewports[i].Bezeichnung;
-        setValue(key, (label.empty() ? L"Unbenannt" : label) + L" (1:" +
-                          context_.general.FormatZahl(viewports[i].Faktor) + L")");
+        setValue(key, viewportText(viewports[i]));
     }
+}
+
+std::wstring LayoutDetails::viewportText(const CAFenster& viewport) const {
+    if (viewport.Faktor == 0) return {};
+    const std::wstring& label = viewport.Bezeichnung;
+    return (label.empty() ? L"Unbenannt" : label) + L" (1:" + context_.general.FormatZahl(viewport.Faktor) +
+           L")";
 }
 
 void LayoutDetails::setValue(std::wstring_view key, std::wstring text) {

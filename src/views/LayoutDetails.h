@@ -27,8 +27,10 @@ class LayoutDetails {
     Contents readContents(const host::Layout& layout);
     void readEntity(const host::Entity& entity, XDataReport& report, Contents& contents);
     void addViewports(const std::vector<CAFenster>& viewports);
+    /// Label and scale; "" when the host did not tell the scale.
+    std::wstring viewportText(const CAFenster& viewport) const;
     void setValue(std::wstring_view key, std::wstring text);
-    std::wstring definitionLabel(std::int32_t typeId, const std::wstring& blockName) const;
+    const CBlock* definition(std::int32_t typeId, const std::wstring& blockName) const;
 
     TreeView& tree_;
     ListView& list_;

@@ -10,6 +10,7 @@ ListContents::ListContents(TreeView& tree, ListView& list, const NavigatorContex
       list_(list),
       autoCAD_(context.autoCAD),
       records_(context.records),
+      platform_(context.platform),
       details_(tree, list, context) {}
 
 void ListContents::addChildren(const TreeNode& parent, int icon) {
@@ -35,7 +36,9 @@ void ListContents::FillLayoutList() {
     host::Layouts layouts;
     ignoringErrors([&] { layouts = document.Layouts(); });
     if (!layouts) return;
+    LongRead reading(platform_.readings);
     for (const auto& node : drawing->children()) {
+        if (!reading.goOn()) return;
         ListItem& item = *list_.find(node->key());
         host::Layout layout;
         ignoringErrors([&] { layout = layouts.Item(item.text()); });

@@ -25,6 +25,7 @@ class ListContents {
     ListView& list_;
     basAutoCAD& autoCAD_;
     NavigatorRecords& records_;
+    Platform& platform_;
     LayoutDetails details_;
 };
 

@@ -137,8 +137,11 @@ void MainWindow::popUpMenu(MenuItem& menu) {
 }
 
 void MainWindow::showBusy(std::int32_t milliseconds) {
-    if (controls_)
-        controls_->statusBar().showBusy(milliseconds < busyShownAfter ? L"" : L"AutoCAD ist beschäftigt");
+    showWork(milliseconds < busyShownAfter ? L"" : L"AutoCAD ist beschäftigt");
+}
+
+void MainWindow::showWork(const std::wstring& text) {
+    if (controls_) controls_->statusBar().showBusy(text);
 }
 
 LRESULT CALLBACK MainWindow::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {

@@ -38,6 +38,8 @@ class MainWindow : public FormWindow {
     bool translate(const MSG& message);
     /// Shows for how long the host has been busy, in milliseconds; 0 when it no longer is.
     void showBusy(std::int32_t milliseconds);
+    /// Shows what the program is doing where it otherwise shows that the host is busy; "" when it is done.
+    void showWork(const std::wstring& text);
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);

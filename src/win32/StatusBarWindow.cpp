@@ -12,7 +12,7 @@ namespace blattwart {
 namespace {
 
 constexpr DWORD statusBarStyle = WS_VISIBLE | SBARS_SIZEGRIP | CCS_NOPARENTALIGN | CCS_NORESIZE;
-constexpr int busyWidth = 180;  // pixels at 96 dpi
+constexpr int busyWidth = 240;  // pixels at 96 dpi
 constexpr int padding = 6;      // pixels at 96 dpi, of the text
 constexpr int busyPart = 1;
 

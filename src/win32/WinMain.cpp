@@ -16,6 +16,7 @@
 #include "win32/Win32Locale.h"
 #include "win32/Win32MessageBoxes.h"
 #include "win32/Win32Process.h"
+#include "win32/Win32ReadingWatch.h"
 #include "win32/Win32Registry.h"
 #include "win32/Win32Settings.h"
 
@@ -80,6 +81,10 @@ class Application {
         if (MainWindow* window = presenter_.mainWindow()) window->showBusy(milliseconds);
     }
 
+    void showWork(const std::wstring& text) {
+        if (MainWindow* window = presenter_.mainWindow()) window->showWork(text);
+    }
+
     bool askGiveUp() {
         const MessageAnswer answer =
             messages_.show(L"AutoCAD ist beschäftigt und nimmt keine Befehle an. Weiter warten?",
@@ -104,8 +109,9 @@ class Application {
     Win32Process process_;
     Win32Locale locale_;
     Win32HelpViewer help_;
-    Platform platform_{automation_,  registry_, settings_, files_,  messages_,
-                       fileDialogs_, desktop_,  process_,  locale_, help_};
+    Win32ReadingWatch readings_{[this](const std::wstring& text) { showWork(text); }};
+    Platform platform_{automation_, registry_, settings_, files_, messages_, fileDialogs_,
+                       desktop_,    process_,  locale_,   help_,  readings_};
     Win32FormPresenter presenter_{guard_, automation_};
 };
 

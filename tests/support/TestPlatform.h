@@ -7,6 +7,7 @@
 #include "support/FakeHelp.h"
 #include "support/FakeMessages.h"
 #include "support/FakeProcess.h"
+#include "support/FakeReadingWatch.h"
 #include "support/FakeRegistry.h"
 #include "support/FakeSettings.h"
 #include "support/GermanLocale.h"
@@ -16,8 +17,8 @@ namespace blattwart::test {
 /// A whole world of fakes round the given automation objects, which it does not own.
 struct TestPlatform {
     explicit TestPlatform(Automation& automation)
-        : platform{automation,  registry, settings, files,  messages,
-                   fileDialogs, desktop,  process,  locale, help} {}
+        : platform{automation, registry, settings, files, messages, fileDialogs,
+                   desktop,    process,  locale,   help,  readings} {}
     TestPlatform(const TestPlatform&) = delete;
     TestPlatform& operator=(const TestPlatform&) = delete;
 
@@ -30,6 +31,7 @@ struct TestPlatform {
     FakeProcess process;
     GermanLocale locale;
     FakeHelp help;
+    FakeReadingWatch readings;
     Platform platform;
 };
 

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "platform/ReadingWatch.h"
+
+namespace blattwart {
+
+/// Looks for Esc among the keys that wait for this thread's windows, without handling any message.
+class Win32ReadingWatch : public ReadingWatch {
+  public:
+    /// `showWork` shows the user a text about what is going on, "" when it is over. It must not throw.
+    explicit Win32ReadingWatch(std::function<void(const std::wstring&)> showWork)
+        : showWork_(std::move(showWork)) {}
+
+    void begin() override;
+    bool goOn() override;
+    void end() override;
+
+  private:
+    std::function<void(const std::wstring&)> showWork_;
+    std::uint64_t begunAt_ = 0;
+    HCURSOR cursorBefore_ = nullptr;
+    bool shown_ = false;
+};
+
+}  // namespace blattwart
