@@ -83,7 +83,7 @@ void ListColumns::StoreColumnWidths() {
     if (ListMode == ListKind::none) return;
     std::vector<std::int32_t>& kept = widths(ListMode);
     for (std::size_t i = 0; i < kept.size() && i < list_.columns().size(); ++i)
-        kept[i] = toInt32(static_cast<double>(list_.columns()[i].width));
+        ignoringErrors([&] { kept[i] = toInt32(static_cast<double>(list_.columns()[i].width)); });
 }
 
 void ListColumns::setHeaders(ListKind kind) {
