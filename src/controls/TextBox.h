@@ -12,6 +12,8 @@ class TextBox : public Control {
   public:
     struct Events {
         std::function<void()> change;
+        /// The user leaves the field; returns true to keep him in it.
+        std::function<bool()> validate;
     } events;
 
     const std::wstring& text() const { return text_; }

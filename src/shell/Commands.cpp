@@ -55,6 +55,10 @@ constexpr std::array table{
 
     Command{.item = L"mnuEditUndo", .menu = MenuId::edit, .caption = L"&Rückgängig"},
     Command{.item = L"mnuEditCut", .menu = MenuId::edit, .caption = L"&Ausschneiden", .separatorBefore = true},
+    Command{.item = L"mnuEditCopy", .menu = MenuId::edit, .caption = L"&Kopieren...",
+            .run = &frmMain::mnuEditCopy_Click, .enabling = Enabling::byKind, .kinds = kindZ | kindL,
+            .shortcut = control(L'C'), .button = L"Copy", .toolTip = L"Layout kopieren", .pop = L"popCopy",
+            .popups = popupDrawings | popupLayouts},
     Command{.item = L"mnuEditPaste", .menu = MenuId::edit, .caption = L"&Einfügen"},
     Command{.item = L"mnuEditPasteSpecial", .menu = MenuId::edit, .caption = L"&Inhalte einfügen"},
     Command{.item = L"mnuEditOpen", .menu = MenuId::edit, .caption = L"Auswahl &öffnen oder aktivieren",
@@ -113,6 +117,13 @@ constexpr std::array table{
     Command{.item = L"mnuWindowCascade", .menu = MenuId::window, .caption = L"Ü&berlappend", .separatorBefore = true},
     Command{.item = L"mnuWindowTileHorizontal", .menu = MenuId::window, .caption = L"&Untereinander"},
     Command{.item = L"mnuWindowTileVertical", .menu = MenuId::window, .caption = L"N&ebeneinander"},
+
+    Command{.item = L"mnuHelpContents", .menu = MenuId::help, .caption = L"&Inhalt",
+            .run = &frmMain::mnuHelpContents_Click, .shortcut = key(Shortcut::f1)},
+    Command{.item = L"mnuHelpSearchForHelpOn", .menu = MenuId::help, .caption = L"Hilfe &suchen",
+            .run = &frmMain::mnuHelpSearchForHelpOn_Click, .button = L"Hilfe", .toolTip = L"Hilfe suchen"},
+    Command{.item = L"mnuHelpAbout", .menu = MenuId::help, .caption = L"Inf&o über Blattwart...",
+            .run = &frmMain::mnuHelpAbout_Click, .separatorBefore = true},
 
     // Offered by context menus only.
     Command{.caption = L"Layout als &Vorlage in die Bibliothek", .run = &frmMain::mnuLayoutImport_Click,

@@ -6,6 +6,8 @@
 #include "autocad/basAutoCAD.h"
 #include "autocad/basTarvix.h"
 #include "data/basRegistry.h"
+#include "dialogs/basHTMLHelp.h"
+#include "shell/FormPresenter.h"
 #include "views/basDateien.h"
 #include "views/basViewControls.h"
 #include "views/LayoutNames.h"
@@ -25,6 +27,8 @@ struct Modules {
     basDateien& files;
     TemplateCreation& templates;
     LayoutNames& layouts;
+    basHTMLHelp& help;
+    FormPresenter& presenter;
     /// 1 while the main window was the foreground window at the last look, else 0.
     std::int16_t& gWasForeground;
     std::function<void()> ShowNodeStatus;

@@ -8,6 +8,7 @@ basMain::basMain(Platform& platform, FormPresenter& presenter)
       autoCAD(platform, records),
       tarvix(autoCAD, platform),
       database(platform, registry, [this] { return general.GetTemplateFolder(); }),
+      help(platform, [this] { return fMainForm->window().handle(); }),
       platform_(platform),
       presenter_(presenter) {
     autoCAD.LoadTypes = [this] { database.LoadTypes(); };
@@ -52,8 +53,8 @@ void basMain::createMainWindow() {
     gCollection.clear();
     makeNavigator();
     modules_ = std::make_unique<Modules>(Modules{registry, general, autoCAD, tarvix, database, records,
-                                                 *views, *files, *templates, *layouts, gWasForeground,
-                                                 [this] { ShowNodeStatus(); }});
+                                                 *views, *files, *templates, *layouts, help, presenter_,
+                                                 gWasForeground, [this] { ShowNodeStatus(); }});
     fMainForm->connect(*modules_);
     fMainForm->setWindow(&presenter_.createMainWindow(*fMainForm));
 }

@@ -8,6 +8,8 @@
 #include "data/basDatenbank.h"
 #include "data/basRegistry.h"
 #include "dialogs/basAllgemein.h"
+#include "dialogs/basHTMLHelp.h"
+#include "shell/FormPresenter.h"
 #include "shell/frmMain.h"
 #include "shell/Modules.h"
 #include "views/basViewControls.h"
@@ -37,6 +39,7 @@ class basMain {
     basAutoCAD autoCAD;
     basTarvix tarvix;
     basDatenbank database;
+    basHTMLHelp help;
     std::unique_ptr<frmMain> fMainForm;
     // What works in the main window; made with it.
     std::unique_ptr<basViewControls> views;

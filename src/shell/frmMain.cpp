@@ -162,6 +162,7 @@ void frmMain::MnuOptAutoCheck() {
 void frmMain::Form_Unload() {
     ListColumns& columns = modules_->views.columns;
     columns.leave();
+    modules_->presenter.closeDialogs();
     if (!window_->minimised()) {
         const Placement placement = window_->placement();
         const auto save = [this](std::wstring_view key, float twips) {

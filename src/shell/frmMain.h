@@ -18,6 +18,7 @@
 
 namespace blattwart {
 
+struct LayoutDialogContext;
 struct Modules;
 
 /// The main window: navigator tree, list, splitter, title strip, toolbar, status bar. All measures are twips.
@@ -87,6 +88,7 @@ class frmMain {
     void mnuTemplateOpen_Click();
     void mnuTemplateDelete_Click();
     void mnuLayoutImport_Click();
+    void mnuEditCopy_Click();
     void mnuEditOpen_Click();
     void mnuEditSelectAll_Click();
     void mnuAutoEnd_Click();
@@ -94,6 +96,9 @@ class frmMain {
     void mnuViewStatusBar_Click();
     void mnuViewRefresh_Click();
     void mnuEnd_Click();
+    void mnuHelpContents_Click();
+    void mnuHelpSearchForHelpOn_Click();
+    void mnuHelpAbout_Click();
     template <int mode>
     void mnuListViewMode_Click() {
         SetListViewMode(static_cast<ListViewMode>(mode));
@@ -155,6 +160,7 @@ class frmMain {
     void popUpContextMenu();
     void OpenListItem();
     std::wstring selectedKind() const;
+    LayoutDialogContext dialogContext();
 
     /// What an in-place edit of a tree label means.
     enum class LabelEdit : std::int16_t { none = 0, newTemplate = 1, renameLayout = 2 };
@@ -168,14 +174,6 @@ class frmMain {
     bool resized_ = false;  ///< since the last repaint
     bool handling_ = false;
     LabelEdit labelEdit_ = LabelEdit::none;
-};
-
-/// Makes the windows that show the program's forms.
-class FormPresenter {
-  public:
-    virtual ~FormPresenter() = default;
-    /// Makes the (still hidden) window of the main form. The window lives until the form is unloaded.
-    virtual FormWindow& createMainWindow(frmMain& form) = 0;
 };
 
 }  // namespace blattwart

@@ -1,5 +1,9 @@
 // What the commands of menus, context menus and toolbar do.
 
+#include "dialogs/frmHilfe.h"
+#include "dialogs/frmInfo.h"
+#include "dialogs/frmKopieren.h"
+#include "dialogs/frmUmbenennen.h"
 #include "shell/frmMain.h"
 #include "shell/Modules.h"
 
@@ -79,8 +83,23 @@ void frmMain::mnuFileRename_Click() {
         labelEdit_ = LabelEdit::renameLayout;
         tvTreeView.startLabelEdit(tvTreeView.selected()->text());
     } else if (kind == L"Z") {
-        if (ListItem* item = lvListView.selected()) lvListView.startLabelEdit(*item);
+        const auto selected = lvListView.selectedItems();
+        if (selected.size() == 1) lvListView.startLabelEdit(*selected.front());
+        if (selected.size() > 1) {
+            frmUmbenennen dialog(dialogContext(), modules_->layouts);
+            dialog.Form_Load();
+            modules_->presenter.showModal(dialog);
+        }
     }
+}
+
+void frmMain::mnuEditCopy_Click() {
+    frmKopieren dialog(dialogContext(), modules_->tarvix);
+    if (dialog.Form_Load()) modules_->presenter.showModal(dialog);
+}
+
+LayoutDialogContext frmMain::dialogContext() {
+    return {modules_->views, lvListView, modules_->autoCAD, modules_->general, modules_->help, platform_};
 }
 
 void frmMain::mnuCreate_Click() {
@@ -166,6 +185,20 @@ void frmMain::mnuViewRefresh_Click() {
 
 void frmMain::mnuEnd_Click() {
     window_->close();
+}
+
+void frmMain::mnuHelpContents_Click() {
+    frmHilfe(modules_->help).ShowStartHelp();
+}
+
+void frmMain::mnuHelpSearchForHelpOn_Click() {
+    modules_->help.ShowHelpTopic(helpTopic::search);
+}
+
+void frmMain::mnuHelpAbout_Click() {
+    frmInfo dialog(modules_->help, platform_);
+    dialog.Form_Load();
+    modules_->presenter.showModal(dialog);
 }
 
 }  // namespace blattwart

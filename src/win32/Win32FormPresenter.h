@@ -1,13 +1,17 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "platform/Automation.h"
-#include "shell/frmMain.h"
+#include "shell/FormPresenter.h"
 #include "win32/Guard.h"
 #include "win32/MainWindow.h"
 
 namespace blattwart {
+
+class DialogWindow;
+class FormDialog;
 
 class Win32FormPresenter : public FormPresenter {
   public:
@@ -17,6 +21,10 @@ class Win32FormPresenter : public FormPresenter {
         mainWindow_ = std::make_unique<MainWindow>(form, guard_, automation_);
         return *mainWindow_;
     }
+    void showModal(frmKopieren& form) override;
+    void showModal(frmUmbenennen& form) override;
+    void showModal(frmInfo& form) override;
+    void closeDialogs() override;
 
     /// The main window, or null before it is made.
     MainWindow* mainWindow() const { return mainWindow_.get(); }
@@ -24,9 +32,12 @@ class Win32FormPresenter : public FormPresenter {
     void destroyWindows() { mainWindow_.reset(); }
 
   private:
+    void show(FormDialog& dialog, int templateId);
+
     Guard& guard_;
     const Automation& automation_;
     std::unique_ptr<MainWindow> mainWindow_;
+    std::vector<DialogWindow*> dialogs_;  // open, the last one on top
 };
 
 }  // namespace blattwart

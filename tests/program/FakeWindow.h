@@ -1,5 +1,9 @@
 #pragma once
 
+#include "dialogs/frmInfo.h"
+#include "dialogs/frmKopieren.h"
+#include "dialogs/frmUmbenennen.h"
+#include "shell/FormPresenter.h"
 #include "shell/frmMain.h"
 #include "support/FakeDesktop.h"
 
@@ -36,6 +40,16 @@ class FakeWindow : public FormWindow {
     FakeDesktop& desktop_;
 };
 
+/// The window of a modal form; what is asked of it is kept.
+class FakeDialogWindow : public DialogWindow {
+  public:
+    bool closed = false;
+    const TextBox* focus = nullptr;
+
+    void setFocus(TextBox& field) override { focus = &field; }
+    void close() override { closed = true; }
+};
+
 /// Gives the main form its fake window and the measures that a real one has at 96 DPI.
 class FakePresenter : public FormPresenter {
   public:
@@ -47,6 +61,12 @@ class FakePresenter : public FormPresenter {
     explicit FakePresenter(FakeDesktop& desktop) : window(desktop) {}
 
     FakeWindow window;
+    FakeDialogWindow dialog;  ///< of the modal form that is or was open
+    int dialogsShown = 0;
+    // What the user does in each form while it is open.
+    std::function<void(frmKopieren&)> inKopieren;
+    std::function<void(frmUmbenennen&)> inUmbenennen;
+    std::function<void(frmInfo&)> inInfo;
 
     FormWindow& createMainWindow(frmMain& form) override {
         form.tbToolBar.setHeight(toolBarHeight);
@@ -54,6 +74,20 @@ class FakePresenter : public FormPresenter {
         form.sbStatusBar.setHeight(statusHeight);
         form.imgSplitter.setWidth(splitterWidth);
         return window;
+    }
+    void showModal(frmKopieren& form) override { show(form, inKopieren); }
+    void showModal(frmUmbenennen& form) override { show(form, inUmbenennen); }
+    void showModal(frmInfo& form) override { show(form, inInfo); }
+    void closeDialogs() override { dialog.close(); }
+
+  private:
+    template <class Form>
+    void show(Form& form, const std::function<void(Form&)>& user) {
+        ++dialogsShown;
+        dialog = {};
+        form.setWindow(&dialog);
+        if (user) user(form);
+        form.setWindow(nullptr);
     }
 };
 

@@ -1,0 +1,79 @@
+#include "dialogs/LayoutDialog.h"
+
+#include <cmath>
+
+#include "platform/Conversions.h"
+
+namespace blattwart {
+
+LayoutDialog::LayoutDialog(const LayoutDialogContext& context) : context_(context) {
+    txtAnzahl.setText(L"1");
+    txtLayout.events = {.change = [this] { txtLayout_Change(); },
+                        .validate = [this] { return txtLayout_Validate(); }};
+    txtAnzahl.events = {.change = [this] { txtAnzahl_Change(); },
+                        .validate = [this] { return txtAnzahl_Validate(); }};
+    cmdStart.events.click = [this] { cmdStart_Click(); };
+    cmdCancel.events.click = [this] { cmdCancel_Click(); };
+}
+
+void LayoutDialog::takeDrawing() {
+    const TreeNode* node = selectedNode();
+    if (!node->key().starts_with(L'Z')) node = node->parent();
+    txtDokument.setText(node->text());
+    drawingKey_ = node->key();
+}
+
+void LayoutDialog::enableStart() {
+    cmdStart.setEnabled(!txtLayout.text().empty() && !txtAnzahl.text().empty());
+}
+
+void LayoutDialog::warn(const std::wstring& text) {
+    context_.platform.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
+}
+
+bool LayoutDialog::txtLayout_Validate() {
+    return context_.general.CheckInvalidChars(txtLayout.text());
+}
+
+// There is no upper limit here: what does not fit is refused on start.
+bool LayoutDialog::txtAnzahl_Validate() {
+    double number = 0;
+    if (!ignoringErrors([&] { number = userNumber(txtAnzahl.text(), context_.platform.locale); })) {
+        warn(L"Eingabe ist ungültig!");
+        return true;
+    }
+    if (number >= 1 && number - std::trunc(number) == 0) return false;
+    warn(L"Ungültige Anzahl!");
+    return true;
+}
+
+std::optional<std::int16_t> LayoutDialog::number() {
+    std::optional<std::int16_t> number;
+    const Locale& locale = context_.platform.locale;
+    if (!ignoringErrors([&] { number = toInt16(userNumber(txtAnzahl.text(), locale)); }))
+        warn(L"Die Anzahl ist zu groß! Es sind höchstens 32767 möglich.");
+    return number;
+}
+
+bool LayoutDialog::takeDocument() {
+    const host::Document document = context_.autoCAD.GetDocumentByKey(drawingKey_);
+    if (document) {
+        context_.autoCAD.gAcadDoc = document;
+        return true;
+    }
+    warn(L"Die Zeichnung '" + txtDokument.text() + L"' ist in AutoCAD nicht mehr geöffnet!");
+    context_.views.RefreshTree();
+    return false;
+}
+
+// The enter key starts without leaving the field, so both are looked at again.
+void LayoutDialog::cmdStart_Click() {
+    if (txtLayout_Validate()) return window().setFocus(txtLayout);
+    if (txtAnzahl_Validate()) return window().setFocus(txtAnzahl);
+    const std::optional<std::int16_t> count = number();
+    if (!count) return window().setFocus(txtAnzahl);
+    if (takeDocument()) start(txtLayout.text(), *count);
+    window().close();
+}
+
+}  // namespace blattwart
