@@ -10,6 +10,7 @@
 #include "ControlHost.h"
 #include "controls/Update.h"
 #include "win32/Dpi.h"
+#include "win32/Fonts.h"
 #include "win32/Win32Locale.h"
 
 namespace blattwart::test {
@@ -28,6 +29,7 @@ class ListWindowTest : public testing::Test {
         fill({L"Blatt 10", L"Blatt 2", L"Änderung"});
         window.emplace(host.window(), list, host.gate());
         host.notify = [this](NMHDR& header) { return window->notify(header); };
+        window->setFonts(font.get(), bold.get(), windowDpi(handle()));
         SetWindowPos(handle(), nullptr, 0, 0, 660, 300, SWP_NOZORDER);
         list.events.selectionChange = [this] { happened += L"selection;"; };
         list.events.columnClick = [this](int column) {
@@ -106,6 +108,8 @@ class ListWindowTest : public testing::Test {
 
     ControlHost host;
     Win32Locale locale;
+    Font font = messageFont(96);
+    Font bold = boldFont(font.get());
     ListView list{locale};
     std::optional<ListWindow> window;
     std::wstring happened;
@@ -156,9 +160,9 @@ TEST_F(ListWindowTest, TheHeaderReportsDraggingAndResizing) {
     EXPECT_EQ(shownOrder(), (std::vector<int>{1, 2, 0, 3, 4}));
     EXPECT_EQ(list.columns()[0].position, 2);
     EXPECT_EQ(list.columns()[1].position, 0);
-    const RECT last = headerPlace(4);
-    dragHeader(last.right - 1, last.right + 39);
-    EXPECT_EQ(list.columns()[4].width, toTwips(last.right - last.left + 40, windowDpi(handle())));
+    const RECT leading = headerPlace(1);
+    dragHeader(leading.right - 1, leading.right + 39);
+    EXPECT_EQ(list.columns()[1].width, toTwips(leading.right - leading.left + 40, windowDpi(handle())));
 }
 
 TEST_F(ListWindowTest, TheArrowShowsTheSortOrder) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
+#include <thread>
 
 #include "ControlHost.h"
 #include "shell/basMain.h"
@@ -183,6 +185,59 @@ TEST_F(MainWindowTest, KeysReachCommandsAndPanes) {
     EXPECT_EQ(refreshed, 1) << "not while a call is pending";
     form().tvTreeView.startLabelEdit(L"Name");
     EXPECT_FALSE(translated(VK_F5)) << "not while a label is edited";
+}
+
+TEST_F(MainWindowTest, OnlyComingFromAnotherProgramIsActivation) {
+    // Activation brings the commands' states up to date: without AutoCAD it can be started.
+    const auto activates = [this](const std::function<void()>& action) {
+        form().item(L"mnuStart").setEnabled(false);
+        action();
+        pumpFor(100);
+        return form().item(L"mnuStart").enabled();
+    };
+    const auto switchTo = [this](HWND other) {
+        SetForegroundWindow(other);
+        pumpFor(100);
+        SetForegroundWindow(window());
+    };
+    SetForegroundWindow(window());
+    pumpFor(100);
+    const ControlHost own;
+    EXPECT_FALSE(activates([&] { switchTo(own.window()); }));
+    // Windows tell threads apart as they do programs.
+    std::atomic<HWND> foreign = nullptr;
+    std::thread other([&] {
+        const ControlHost host;
+        foreign = host.window();
+        pumpFor(1500);
+    });
+    while (!foreign) Sleep(10);
+    EXPECT_TRUE(activates([&] { switchTo(foreign); }));
+    other.join();
+}
+
+TEST_F(MainWindowTest, AContextMenuRunsItsCommandWhenItIsClosed) {
+    MenuItem menu;
+    std::wstring happened;
+    menu.add(L"a", L"&Eins").setEnabled(false);
+    menu.addSeparator();
+    menu.add(L"b", L"&Zwei").click = [&] { happened += L"zwei;"; };
+    form().tvTreeView.events.contextMenu = [&] {
+        main().popUpMenu(menu);
+        happened += L"closed;";
+    };
+    std::thread user([] {
+        HWND popup = nullptr;
+        for (int i = 0; i < 300 && !popup; ++i) {
+            Sleep(10);
+            popup = FindWindowW(L"#32768", nullptr);
+        }
+        PostMessageW(popup, WM_CHAR, L'z', 0);
+    });
+    SendMessageW(window(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(tree()), -1);
+    pumpFor(300);
+    user.join();
+    EXPECT_EQ(happened, L"closed;zwei;");
 }
 
 TEST_F(MainWindowTest, TheWatchdogStepsAside) {
