@@ -140,7 +140,10 @@ run_alone() {
     session=$(mktemp -d "$build/wine-XXXXXX")
     trap 'down "$session"' EXIT
     trap 'exit 130' INT TERM
-    up "$session" && run_in "$session" "$@"
+    up "$session" || return
+    # In the background, so that the trap does not wait for the program.
+    run_in "$session" "$@" &
+    wait $!
 }
 
 case "${1:-}" in
