@@ -312,18 +312,6 @@ TEST_F(MainWindowTest, ClosingSavesThePlacementUnlessMinimised) {
     EXPECT_FALSE(window());
 }
 
-TEST_F(MainWindowTest, ClosingSavesWhereTheWindowStands) {
-    const int dpi = systemDpi();
-    SetWindowPos(window(), nullptr, 60, 80, 700, 500, SWP_NOZORDER);
-    RECT rectangle{};
-    GetWindowRect(window(), &rectangle);
-    main().close();
-    pump();
-    EXPECT_EQ(std::stof(world.settings.values[L"MainLeft"]), toTwips(rectangle.left, dpi));
-    EXPECT_EQ(std::stof(world.settings.values[L"MainHeight"]),
-              toTwips(rectangle.bottom - rectangle.top, dpi));
-}
-
 }  // namespace
 
 }  // namespace blattwart::test
