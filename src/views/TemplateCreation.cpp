@@ -1,5 +1,7 @@
 #include "views/TemplateCreation.h"
 
+#include <algorithm>
+
 namespace blattwart {
 
 namespace {
@@ -53,11 +55,15 @@ bool TemplateCreation::isAcceptable(const std::wstring& newName) {
         refuse(L"Bezeichnung der neuen Vorlage eingeben!");
         return false;
     }
-    for (const auto& record : records_.TemplateRecords)
-        if (platform_.locale.equalIgnoringCase(record->Datei, newName + L".dwt")) {
-            refuse(L"Vorlage bereits vorhanden!");
-            return false;
-        }
+    const std::wstring file = newName + L".dwt";
+    const bool listed = std::ranges::any_of(records_.TemplateRecords, [&](const auto& record) {
+        return platform_.locale.equalIgnoringCase(record->Datei, file);
+    });
+    // A file not listed yet would leave the host waiting for an answer to its own question.
+    if (listed || platform_.files.exists(records_.TemplateFolder + L"\\" + file)) {
+        refuse(L"Vorlage bereits vorhanden!");
+        return false;
+    }
     return true;
 }
 
