@@ -69,14 +69,16 @@ void Program::choose(std::wstring_view item) {
     if (entry.enabled()) entry.click();
 }
 
-std::size_t hostCalls(const demo::CallRecorder& calls) {
+bool isOfHost(const demo::RecordedCall& call) {
     using Kind = demo::RecordedCall::Kind;
     // The objects of the database have class names of their own; its objects are never enumerated.
-    return static_cast<std::size_t>(std::ranges::count_if(calls.calls(), [](const demo::RecordedCall& call) {
-        const bool database = call.className == L"Connection" || call.className == L"Recordset" ||
-                              call.className == L"Fields" || call.className == L"Field";
-        return !database && call.kind != Kind::create && call.kind != Kind::running;
-    }));
+    const bool database = call.className == L"Connection" || call.className == L"Recordset" ||
+                          call.className == L"Fields" || call.className == L"Field";
+    return !database && call.kind != Kind::create && call.kind != Kind::running;
+}
+
+std::size_t hostCalls(const demo::CallRecorder& calls) {
+    return static_cast<std::size_t>(std::ranges::count_if(calls.calls(), isOfHost));
 }
 
 }  // namespace blattwart::test

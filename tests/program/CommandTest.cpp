@@ -1,0 +1,228 @@
+#include "Operations.h"
+
+#include <cwctype>
+#include <set>
+
+#include "shell/Commands.h"
+
+namespace blattwart::test {
+namespace {
+
+class CommandTable : public Operations {
+  protected:
+    /// Names of the enabled items without "mnu", then the indices of the enabled buttons.
+    std::wstring enabled() {
+        std::wstring result;
+        for (const std::wstring& name :
+             split(L"Start,Show,Create,FileClose,Save,SaveAS,Drawing,Model,Active,FileDelete,FileRename,"
+                   L"LayoutImport,EditCopy,Template,TemplateOpen,TemplateDelete"))
+            if (form().item(L"mnu" + name).enabled()) result += name + L" ";
+        result += L"|";
+        for (const int index : {1, 2, 3, 5, 6, 10, 11})
+            if (form().tbToolBar.button(index).enabled) result += L" " + std::to_wstring(index);
+        return result;
+    }
+
+    /// Visits every entry of a menu and of its sub-menus.
+    static void visit(const MenuItem& menu, const std::function<void(const MenuItem&)>& visitor) {
+        for (const auto& entry : menu.items()) {
+            visitor(*entry);
+            visit(*entry, visitor);
+        }
+    }
+};
+
+TEST_F(CommandTable, EnablesByNodeKindAndState) {
+    struct Case {
+        const wchar_t* node;
+        const wchar_t* listItem;
+        const wchar_t* enabled;
+    };
+    const auto check = [this](std::initializer_list<Case> cases) {
+        for (const Case& c : cases) {
+            click(c.node);
+            if (*c.listItem) selectInList({c.listItem});
+            EXPECT_EQ(enabled(), c.enabled) << testing::PrintToString(std::wstring(c.node));
+            std::set<std::wstring> shortcuts;
+            visit(form().menuBar, [&](const MenuItem& item) {
+                if (!item.enabled() || !item.shortcut().key) return;
+                EXPECT_TRUE(shortcuts.insert(item.shortcut().text()).second)
+                    << testing::PrintToString(item.name());
+            });
+        }
+    };
+    check({{L"A", L"", L"Show Create FileClose Save SaveAS Drawing | 3"},
+           {L"A", L"Z3", L"Show Create FileClose Save SaveAS Drawing Model | 3 10"},
+           {L"Z1", L"",
+            L"Show Create FileClose Save SaveAS Drawing Model Active FileRename LayoutImport EditCopy | 3 5 "
+            L"10"},
+           {L"Z3", L"",
+            L"Show Create FileClose Save SaveAS Drawing Model FileDelete FileRename LayoutImport EditCopy | "
+            L"3 5 6 10"},
+           {L"L2", L"", L"Show Create Active FileRename LayoutImport EditCopy | 5 11"},
+           {L"L5", L"", L"Show Create Active FileDelete FileRename LayoutImport EditCopy | 5 6 11"},
+           {L"B", L"", L"Show Create Template TemplateOpen TemplateDelete | 1 2 6"},
+           {L"D7", L"", L"Show Create Template TemplateOpen TemplateDelete | 1 2 6"}});
+
+    choose(L"mnuModel");
+    click(L"Z3");
+    choose(L"mnuModel");
+    EXPECT_EQ(hostState(), L"Plan.dwg/Model 2");
+    EXPECT_FALSE(form().item(L"mnuModel").enabled());
+    EXPECT_FALSE(form().tbToolBar.button(10).enabled);
+
+    demo.end();
+    main->autoCAD.ConnectAutoCAD();
+    refresh();
+    check({{L"A", L"", L"Start FileClose Save SaveAS Drawing | 3"},
+           {L"D7", L"", L"Start Template TemplateOpen TemplateDelete | 1 2 6"}});
+}
+
+TEST_F(CommandTable, ToolBarHasItsOrderAndMenusTheirKeys) {
+    const auto keys = split(
+        L"New,Open,Save,,Copy,Delete,,Layout,Template,Model,Active,DC,,Große Symbole anzeigen,Kleine Symbole "
+        L"anzeigen,Liste anzeigen,Details anzeigen,,Ascending,Descending,,Hilfe,Öffnen,Neu,Speichern,Suchen");
+    const auto& buttons = form().tbToolBar.buttons();
+    ASSERT_EQ(buttons.size(), keys.size());
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        EXPECT_EQ(buttons[i].key, keys[i]);
+        EXPECT_EQ(buttons[i].visible, i < 22);
+        using Style = ToolBarButton::Style;
+        EXPECT_EQ(buttons[i].style, keys[i].empty()      ? Style::separator
+                                    : i >= 13 && i <= 16 ? Style::check
+                                                         : Style::button);
+    }
+    EXPECT_EQ(buttons[2].toolTip, L"Speichern (Strg+S)");
+
+    const auto items = split(
+        L"mnuFileRename,mnuFileDelete,mnuTemplateDelete,mnuViewRefresh,mnuEditOpen,mnuEditSelectAll,"
+        L"mnuSave,mnuEditCopy,mnuHelpContents");
+    const auto shortcuts = split(L"F2,Entf,Entf,F5,Eingabe,Strg+A,Strg+S,Strg+C,F1");
+    for (std::size_t i = 0; i < items.size(); ++i)
+        EXPECT_EQ(form().item(items[i]).shortcut().text(), shortcuts[i]);
+
+    const auto checkAccessKeys = [](const MenuItem& menu) {
+        std::set<wchar_t> taken;
+        for (const auto& entry : menu.items()) {
+            if (entry->isSeparator()) continue;
+            const std::size_t mark = entry->caption().find(L'&');
+            ASSERT_NE(mark, std::wstring::npos) << testing::PrintToString(entry->caption());
+            EXPECT_TRUE(taken.insert(std::towlower(entry->caption()[mark + 1])).second)
+                << testing::PrintToString(entry->caption());
+        }
+    };
+    checkAccessKeys(form().menuBar);
+    for (const auto& menu : form().menuBar.items()) checkAccessKeys(*menu);
+    for (const MenuItem* menu :
+         {&form().popupTemplateMenu, &form().popupDrawingMenu, &form().popupLayoutMenu})
+        checkAccessKeys(*menu);
+}
+
+TEST_F(CommandTable, PlaceholdersShowTheirTextAndChangeNothing) {
+    const std::wstring before = treeText();
+    for (const std::wstring& name :
+         split(L"mnuWindowTileVertical,mnuWindowTileHorizontal,mnuWindowCascade,mnuWindowNewWindow,"
+               L"mnuEditPasteSpecial,mnuEditPaste,mnuEditCut,mnuEditUndo,mnuFileProperties,mnuFileNew,"
+               L"mnuFileFind")) {
+        choose(name);
+        EXPECT_EQ(world.messages.shown.back(),
+                  told(L"Code für '" + name + L"_Click' hinzufügen.", MessageIcon::none));
+    }
+    for (const wchar_t* key : {L"Neu", L"Speichern", L"Suchen"}) {
+        form().tbToolBar.userClicks(key);
+        EXPECT_EQ(world.messages.shown.back(),
+                  told(L"Schaltflächencode für '" + std::wstring(key) + L"' hinzufügen.", MessageIcon::none));
+    }
+    EXPECT_EQ(world.messages.shown.size(), 14U);
+    EXPECT_EQ(calls.count(), 0U);
+    EXPECT_EQ(treeText(), before);
+}
+
+TEST_F(CommandTable, ContextMenusFollowTheNodeKind) {
+    struct Case {
+        const wchar_t* node;
+        const MenuItem& menu;
+        bool inList;
+        const wchar_t* first;
+    };
+    for (const Case& c : {Case{L"A", form().popupDrawingMenu, true, L"popSave"},
+                          Case{L"Z3", form().popupDrawingMenu, true, L"popSave"},
+                          Case{L"L5", form().popupLayoutMenu, false, L"popDel"},
+                          Case{L"B", form().popupTemplateMenu, true, L"popTemplate"},
+                          Case{L"D7", form().popupTemplateMenu, false, L"popTemplate"}}) {
+        click(c.node);
+        tree().events.contextMenu();
+        EXPECT_EQ(presenter.window.poppedUp, &c.menu);
+        EXPECT_EQ(c.menu.items().front()->name(), c.first);
+        presenter.window.poppedUp = nullptr;
+        list().events.contextMenu();
+        EXPECT_EQ(presenter.window.poppedUp, c.inList ? &c.menu : nullptr);
+    }
+    std::set<std::wstring> names;
+    for (const MenuItem* menu :
+         {&form().popupTemplateMenu, &form().popupDrawingMenu, &form().popupLayoutMenu})
+        visit(*menu, [&](const MenuItem& item) { names.insert(item.name()); });
+    for (const std::wstring& name :
+         split(L"popStart,popShow,popLayout,popDrawing,popModel,popSave,popSaveAs,popClose,popDel,popRename,"
+               L"popCreate,popTemplate,popVorlage,popLayoutImport,popDelVorlage,popCopy,popLoad,popInsert,"
+               L"popOpenVorlage,popDCB,popDCD,popListViewModeD(0),popListViewModeZ(1),popListViewModeL(3)"))
+        EXPECT_TRUE(names.contains(name)) << testing::PrintToString(name);
+}
+
+TEST_F(CommandTable, CommandsOfTheWindowItself) {
+    click(L"B");
+    form().tbToolBar.userClicks(L"Open");
+    choose(L"popOpenVorlage");
+    EXPECT_EQ(world.process.started,
+              (std::vector<std::wstring>{L"explorer.exe C:\\Vorlagen", L"explorer.exe C:\\Vorlagen"}));
+
+    form().tbToolBar.userClicks(L"Descending");
+    EXPECT_EQ(list().row(0).key(), L"D8");
+    form().tbToolBar.userClicks(L"Ascending");
+    EXPECT_EQ(list().row(0).key(), L"D7");
+    choose(L"mnuEditSelectAll");
+    EXPECT_EQ(list().selectedItems().size(), 2U);
+
+    const bool endsWithHost = form().item(L"mnuAutoEnd").checked();
+    choose(L"mnuAutoEnd");
+    EXPECT_NE(form().item(L"mnuAutoEnd").checked(), endsWithHost);
+    choose(L"mnuAutoEnd");
+    EXPECT_EQ(form().item(L"mnuAutoEnd").checked(), endsWithHost);
+    choose(L"mnuEnd");
+    EXPECT_TRUE(presenter.window.closed);
+}
+
+TEST_F(CommandTable, OpensAnyDrawingByTheFileDialog) {
+    host().close(document(L"Haus.dwg"));
+    struct Case {
+        std::optional<std::wstring> chosen;
+        const wchar_t* state;
+        std::vector<ShownBox> shown;
+    };
+    host().addDocument(L"C:\\Projekte", L"Neu.dwg", {L"Blatt 1"})->save();
+    host().close(document(L"Neu.dwg"));
+    for (const Case& c :
+         {Case{std::nullopt, L"Plan.dwg/Blatt 1 1", {}},
+          Case{L"C:\\Projekte\\Liste.txt", L"Plan.dwg/Blatt 1 1", {}},
+          Case{L"C:\\Projekte\\Fehlt.dwg",
+               L"Plan.dwg/Blatt 1 1",
+               {told(L"C:\\Projekte\\Fehlt.dwg kann nicht geöffnet werden!\n\nDateifehler")}},
+          // Listed once in this run, so it counts as loaded although it is closed.
+          Case{L"c:\\projekte\\HAUS.dwg",
+               L"Plan.dwg/Blatt 1 1",
+               {told(L"C:\\Projekte\\Haus.dwg ist bereits geladen!", MessageIcon::information)}},
+          Case{L"C:\\Projekte\\Neu.dwg", L"Neu.dwg/Blatt 1 2", {}}}) {
+        world.messages.clear();
+        world.fileDialogs.chosen = c.chosen;
+        form().tbToolBar.userClicks(L"Öffnen");
+        EXPECT_EQ(world.fileDialogs.shown.back(),
+                  (FakeFileDialogs::Shown{L"Öffnen", L"Alle Dateien (*.*)|*.*"}));
+        EXPECT_EQ(hostState(), c.state);
+        EXPECT_EQ(world.messages.shown, c.shown);
+    }
+    EXPECT_TRUE(activeDocumentIsRight());
+    EXPECT_NE(treeText().find(L"Neu.dwg*"), std::wstring::npos);
+}
+
+}  // namespace
+}  // namespace blattwart::test
