@@ -62,6 +62,8 @@ bool LayoutDialog::takeDocument() {
         return true;
     }
     warn(L"Die Zeichnung '" + txtDokument.text() + L"' ist in AutoCAD nicht mehr geöffnet!");
+    // The watchdog steps aside while a dialog is open, so the tree still shows what was before.
+    context_.autoCAD.ConnectAutoCAD();
     context_.views.RefreshTree();
     return false;
 }

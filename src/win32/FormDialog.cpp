@@ -20,6 +20,26 @@ std::wstring textOf(HWND window) {
     return text;
 }
 
+/// Moves a window into the middle of its owner, but not off the screen.
+void centreOverOwner(HWND window) {
+    RECT owner{};
+    RECT own{};
+    GetWindowRect(GetWindow(window, GW_OWNER), &owner);
+    GetWindowRect(window, &own);
+    MONITORINFO monitor{};
+    monitor.cbSize = sizeof monitor;
+    GetMonitorInfoW(MonitorFromRect(&owner, MONITOR_DEFAULTTONEAREST), &monitor);
+    const auto placed = [](LONG ownerMiddle, LONG size, LONG begin, LONG end) {
+        return static_cast<int>(std::max(begin, std::min(ownerMiddle - size / 2, end - size)));
+    };
+    SetWindowPos(window, nullptr,
+                 placed((owner.left + owner.right) / 2, own.right - own.left, monitor.rcWork.left,
+                        monitor.rcWork.right),
+                 placed((owner.top + owner.bottom) / 2, own.bottom - own.top, monitor.rcWork.top,
+                        monitor.rcWork.bottom),
+                 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 }  // namespace
 
 FormDialog::FormDialog(Dialog& form, std::vector<BoundControl> controls, Guard& guard,
@@ -80,6 +100,7 @@ INT_PTR FormDialog::handleMessage(UINT message, WPARAM wParam, LPARAM) {
 
 INT_PTR FormDialog::begin() {
     gate_.setWindow(window_);
+    centreOverOwner(window_);
     showModels();
     for (const BoundControl& bound : controls_) controlOf(bound).changed = [this] { showModels(); };
     begun_ = true;
