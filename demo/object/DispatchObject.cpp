@@ -12,7 +12,9 @@ std::int32_t DispatchObject::idOf(const Member& member) const {
     throw RuntimeError(blattwart::hresult::unknownName, L"Unbekannter Name.");
 }
 
-Value DispatchObject::get(const Member& member) { return invoke(idOf(member), Access::get, {}); }
+Value DispatchObject::get(const Member& member) {
+    return invoke(idOf(member), Access::get, {});
+}
 
 void DispatchObject::put(const Member& member, const Value& value) {
     const Argument argument(value);

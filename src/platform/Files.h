@@ -11,8 +11,8 @@ class Files {
 
     /// The folder of the executable, without a backslash at its end.
     virtual std::wstring applicationFolder() const = 0;
-    /// Names of the normal files (no folders, no hidden or system files) that match the pattern, in the order of
-    /// the file system. Throws RuntimeError when the folder is missing or unreadable.
+    /// Names of the normal files (no folders, no hidden or system files) that match the pattern, in the order
+    /// of the file system. Throws RuntimeError when the folder is missing or unreadable.
     virtual std::vector<std::wstring> list(const std::wstring& pattern) = 0;
     virtual bool exists(const std::wstring& path) = 0;
     /// Deletes a file. Throws RuntimeError when that fails.

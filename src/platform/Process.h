@@ -13,7 +13,8 @@ class Process {
     virtual bool previousInstance() = 0;
     /// Starts a program in a normal window with the focus. Throws RuntimeError when that fails.
     virtual void start(const std::wstring& commandLine) = 0;
-    /// Ends the program at once; nothing is unloaded or saved. Returns; the program ends with the current event.
+    /// Ends the program at once; nothing is unloaded or saved. Returns; the program ends with the current
+    /// event.
     virtual void end() = 0;
 };
 

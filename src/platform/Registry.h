@@ -24,8 +24,8 @@ class Registry {
 
     virtual std::int32_t openKey(RegistryRoot root, const std::string& path, std::uint32_t access,
                                  RegistryKey& key) = 0;
-    /// Reads a value into the buffer. `size` is the buffer's size in bytes before and the value's after; a value
-    /// that does not fit leaves the buffer untouched.
+    /// Reads a value into the buffer. `size` is the buffer's size in bytes before and the value's after; a
+    /// value that does not fit leaves the buffer untouched.
     virtual std::int32_t queryValue(RegistryKey key, const std::string& name, std::uint32_t& type,
                                     std::span<char> buffer, std::uint32_t& size) = 0;
     virtual std::int32_t setValue(RegistryKey key, const std::string& name, std::uint32_t type,

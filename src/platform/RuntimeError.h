@@ -20,7 +20,8 @@ inline constexpr std::int32_t duplicateKey = 457;
 inline constexpr std::int32_t elementNotFound = 35601;
 }  // namespace errorNumber
 
-/// What every failing platform call, conversion and keyed lookup throws. The description is text for the user.
+/// What every failing platform call, conversion and keyed lookup throws. The description is text for the
+/// user.
 class RuntimeError : public std::exception {
   public:
     RuntimeError(std::int32_t number, std::wstring description)

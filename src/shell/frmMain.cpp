@@ -67,7 +67,9 @@ void frmMain::Form_Resize() {
     resized_ = true;
 }
 
-void frmMain::Form_Paint() { resized_ = false; }
+void frmMain::Form_Paint() {
+    resized_ = false;
+}
 
 void frmMain::SizeControls(float x) {
     const float width = window_->width();
