@@ -141,7 +141,7 @@ std::vector<std::wstring> layoutNames(std::size_t count) {
 demo::Drawing crowdedDrawing() {
     constexpr int objects = 2000;
     constexpr int viewports = 17;
-    demo::Drawing drawing;
+    demo::Drawing drawing = demo::Drawing::createEmpty();
     drawing.registerApplication(L"Tarvix");
     demo::Layout& sheet = drawing.addLayout(L"Blatt");
     const auto add = [&](const char* type, demo::Groups groups, const wchar_t* marker) {

@@ -46,7 +46,7 @@ void measureAll() {
                 "click on a drawing of " + std::to_string(layouts) + " layouts",
                 [](Session& session) { return session.clickDrawing(); });
     const std::wstring crowded = temporaryFile(L"Voll.dwg");
-    crowdedDrawing().save(crowded);
+    crowdedDrawing().saveFile(crowded);
     measure(L"/silent \"" + crowded + L"\"", "click on a layout of 2000 objects",
             [](Session& session) { return session.clickLayout(L"Blatt"); });
 }
