@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "win32/ControlWindow.h"
+#include "win32/DialogTemplate.h"
 #include "win32/SystemError.h"
 
 namespace blattwart {
@@ -54,8 +55,9 @@ FormDialog::~FormDialog() {
 }
 
 void FormDialog::show(HWND owner, int templateId) {
-    const INT_PTR result = DialogBoxParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(templateId), owner,
-                                           procedure, reinterpret_cast<LPARAM>(this));
+    const DialogTemplate description(templateId);
+    const INT_PTR result = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), description.get(), owner,
+                                                   procedure, reinterpret_cast<LPARAM>(this));
     if (result == -1) throwSystemError();
 }
 

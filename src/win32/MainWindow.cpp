@@ -340,15 +340,33 @@ void MainWindow::contextMenu(HWND control, LPARAM position) {
 }
 
 bool MainWindow::translate(const MSG& message) {
-    if (message.message != WM_KEYDOWN || !controls_ || controls_->editing()) return false;
+    if (!controls_ || controls_->editing()) return false;
     if (message.hwnd != window_ && !IsChild(window_, message.hwnd)) return false;
-    if (GetKeyState(VK_MENU) < 0) return false;
-    const bool inTree = controls_->isTree(GetFocus());
-    if (message.wParam == VK_F6 || (message.wParam == VK_TAB && GetKeyState(VK_CONTROL) >= 0)) {
-        SetFocus(inTree ? controls_->list().handle() : controls_->tree().handle());
+    const bool shift = GetKeyState(VK_SHIFT) < 0;
+    if (message.message == WM_SYSKEYDOWN && message.wParam == VK_F10 && shift) {
+        SendMessageW(message.hwnd, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(message.hwnd), -1);
         return true;
     }
-    return GetKeyState(VK_SHIFT) >= 0 && runShortcut(message.wParam);
+    if (message.message != WM_KEYDOWN || GetKeyState(VK_MENU) < 0) return false;
+    return moveFocus(message.wParam) || (!shift && runShortcut(message.wParam));
+}
+
+/// Tab goes between tree and list, F6 through the toolbar too, whose buttons the arrow keys reach then.
+bool MainWindow::moveFocus(WPARAM key) {
+    const HWND tree = controls_->tree().handle();
+    const HWND list = controls_->list().handle();
+    const HWND bar = controls_->toolBar().handle();
+    const HWND focus = GetFocus();
+    if (key == VK_F6) {
+        SetFocus(focus == tree ? list : focus == list && IsWindowVisible(bar) ? bar : tree);
+    } else if (key == VK_ESCAPE && focus == bar) {
+        SetFocus(tree);
+    } else if (key == VK_TAB && GetKeyState(VK_CONTROL) >= 0) {
+        SetFocus(focus == tree ? list : tree);
+    } else {
+        return false;
+    }
+    return true;
 }
 
 bool MainWindow::runShortcut(WPARAM key) {

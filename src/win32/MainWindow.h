@@ -59,6 +59,7 @@ class MainWindow : public FormWindow {
     void command(int id);
     void contextMenu(HWND control, LPARAM position);
     void setDpi(int dpi);
+    bool moveFocus(WPARAM key);
     bool runShortcut(WPARAM key);
 
     bool isOverSplitter(POINT client) const;

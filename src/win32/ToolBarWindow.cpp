@@ -34,6 +34,7 @@ ToolBarWindow::ToolBarWindow(HWND parent, ToolBar& model, EventGate& gate, int f
       model_(model),
       gate_(gate),
       firstCommand_(firstCommand) {
+    SetWindowTextW(handle(), L"Symbolleiste");  // for screen readers
     SendMessageW(handle(), TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
     // The texts are not shown on the buttons, but as their tooltips and to screen readers.
     SendMessageW(handle(), TB_SETEXTENDEDSTYLE, 0, TBSTYLE_EX_MIXEDBUTTONS | TBSTYLE_EX_DOUBLEBUFFER);

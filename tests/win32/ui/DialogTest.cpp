@@ -7,6 +7,8 @@
 #include "res/DialogIds.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
+#include "win32/Dpi.h"
+#include "win32/Fonts.h"
 #include "win32/Win32FormPresenter.h"
 #include "win32/Win32MessageBoxes.h"
 
@@ -116,6 +118,12 @@ TEST_F(DialogTest, BeginsInTheNewNameAndIsWalkedThroughByTab) {
         }
         type(IDC_ANZAHL, L"");
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDOK)));
+        LOGFONTW shown{};
+        LOGFONTW wanted{};
+        GetObjectW(reinterpret_cast<HFONT>(SendMessageW(dialog, WM_GETFONT, 0, 0)), sizeof shown, &shown);
+        GetObjectW(messageFont(windowDpi(dialog)).get(), sizeof wanted, &wanted);
+        EXPECT_STREQ(shown.lfFaceName, wanted.lfFaceName);
+        EXPECT_EQ(shown.lfHeight, wanted.lfHeight);
         HELPINFO help{sizeof(HELPINFO), HELPINFO_WINDOW, IDC_LAYOUT, GetFocus(), 0, {}};
         SendMessageW(GetFocus(), WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
     });

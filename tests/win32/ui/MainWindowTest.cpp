@@ -174,6 +174,9 @@ TEST_F(MainWindowTest, KeysReachCommandsAndPanes) {
     EXPECT_TRUE(translated(VK_TAB));
     EXPECT_EQ(GetFocus(), list());
     EXPECT_TRUE(translated(VK_F6));
+    EXPECT_EQ(GetFocus(), toolBar());
+    EXPECT_FALSE(translated(VK_RIGHT)) << "the buttons' own";
+    EXPECT_TRUE(translated(VK_F6));
     EXPECT_EQ(GetFocus(), tree());
     int refreshed = 0;
     form().item(L"mnuViewRefresh").click = [&] { ++refreshed; };

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <windows.h>
+
+#include <vector>
+
+namespace blattwart {
+
+/// A dialog template of the program's resources with the user's font for messages in place of its own; all
+/// sizes follow, as they are in dialog units. Throws RuntimeError when there is no such template.
+class DialogTemplate {
+  public:
+    explicit DialogTemplate(int id);
+
+    const DLGTEMPLATE* get() const { return reinterpret_cast<const DLGTEMPLATE*>(words_.data()); }
+
+  private:
+    std::vector<WORD> words_;
+};
+
+}  // namespace blattwart
