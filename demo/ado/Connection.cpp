@@ -20,7 +20,7 @@ std::wstring settingOf(std::wstring_view connectionString, std::wstring_view key
         const auto setting = connectionString.substr(0, connectionString.find(L';'));
         connectionString.remove_prefix(std::min(setting.size() + 1, connectionString.size()));
         const auto equals = setting.find(L'=');
-        if (equals != setting.npos && equalIgnoringCase(setting.substr(0, equals), key))
+        if (equals != std::wstring_view::npos && equalIgnoringCase(setting.substr(0, equals), key))
             return std::wstring(setting.substr(equals + 1));
     }
     return {};

@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <memory>
 #include <system_error>
+#include <type_traits>
 
 #include "ado/AdoErrors.h"
 
@@ -38,17 +39,22 @@ void appendUtf8(std::string& bytes, std::uint32_t code) {
 bool isHighSurrogate(std::uint32_t unit) {
     return unit >= 0xD800 && unit < 0xDC00;
 }
+bool isLowSurrogate(std::uint32_t unit) {
+    return unit >= 0xDC00 && unit < 0xE000;
+}
+
+std::uint32_t unitOf(wchar_t c) {
+    return static_cast<std::make_unsigned_t<wchar_t>>(c);
+}
 
 }  // namespace
 
 std::string toUtf8(std::wstring_view text) {
     std::string bytes;
     for (std::size_t i = 0; i < text.size(); ++i) {
-        auto code = static_cast<std::uint32_t>(text[i]);
-        if (isHighSurrogate(code) && i + 1 < text.size()) {
-            const auto low = static_cast<std::uint32_t>(text[++i]);
-            code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00);
-        }
+        auto code = unitOf(text[i]);
+        if (isHighSurrogate(code) && i + 1 < text.size() && isLowSurrogate(unitOf(text[i + 1])))
+            code = 0x10000 + ((code - 0xD800) << 10) + (unitOf(text[++i]) - 0xDC00);
         appendUtf8(bytes, code);
     }
     return bytes;

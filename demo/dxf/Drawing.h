@@ -56,7 +56,7 @@ class Drawing {
     std::vector<Layout*> layouts() const;
     /// By name or by handle; null when there is none.
     Layout* findLayout(std::wstring_view name) const;
-    Layout* findLayout(Handle layout) const;
+    Layout* findLayout(Handle handle) const;
     /// The layout that a block is the content of; null for other blocks.
     Layout* layoutOfBlock(Handle blockRecord) const;
     Layout& modelLayout() const;

@@ -1,6 +1,7 @@
 #include "dxf/DrawingLoader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "dxf/Text.h"
 
@@ -77,7 +78,7 @@ void DrawingLoader::readBlocks(Objects records) {
             block->begin = std::move(record);
         } else if (record->type() == "ENDBLK") {
             block->end = std::move(record);
-            drawing_.blocks_.push_back(std::move(block));
+            drawing_.blocks_.push_back(std::exchange(block, nullptr));
         } else {
             append(block->entities, std::move(record));
         }

@@ -42,7 +42,7 @@ std::wstring Group::text() const {
 }
 
 double Group::number() const {
-    const double result = parsed<double>(value);
+    const auto result = parsed<double>(value);
     return std::isfinite(result) ? result : 0;
 }
 

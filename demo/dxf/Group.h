@@ -46,8 +46,8 @@ Group handleGroup(std::int16_t code, Handle handle);
 /// Hexadecimal digits without leading zeros, as files and the host write handles.
 std::wstring handleText(Handle handle);
 /// Reads 1 to 16 hexadecimal digits; none on anything else.
-std::optional<Handle> parseHandle(std::string_view digits);
-std::optional<Handle> parseHandle(std::wstring_view digits);
+std::optional<Handle> parseHandle(std::string_view text);
+std::optional<Handle> parseHandle(std::wstring_view text);
 
 /// One element of an object's extended data. By code: 1000 to 1005 text (1001 application name, 1005 handle
 /// as hexadecimal text), 1010 to 1013 point, 1040 to 1042 number, 1070 and 1071 whole number.

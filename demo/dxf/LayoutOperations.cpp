@@ -245,7 +245,8 @@ std::vector<Layout*> Drawing::importLayouts(const Drawing& source, std::span<con
 }
 
 void Drawing::requireNewLayoutName(std::wstring_view name, const Layout* renamed) const {
-    if (name.empty() || name.size() > longestName || name.find_first_of(L"<>/\\\":;?*|,=`") != name.npos ||
+    if (name.empty() || name.size() > longestName ||
+        name.find_first_of(L"<>/\\\":;?*|,=`") != std::wstring_view::npos ||
         std::ranges::any_of(name, [](wchar_t c) { return c < 0x20; }))
         refuse(L"„" + std::wstring(name) + L"“ ist kein gültiger Layoutname.");
     const Layout* same = findLayout(name);

@@ -90,7 +90,7 @@ void appendGroups(Groups& groups, const XDataItem& item) {
     } else if (const auto* whole = std::get_if<std::int32_t>(&item.value)) {
         groups.push_back(integerGroup(item.code, *whole));
     } else {
-        const Point& point = std::get<Point>(item.value);
+        const auto& point = std::get<Point>(item.value);
         for (std::size_t axis = 0; axis < point.size(); ++axis)
             groups.push_back(numberGroup(static_cast<std::int16_t>(item.code + 10 * axis), point[axis]));
     }

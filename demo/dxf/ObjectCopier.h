@@ -27,8 +27,8 @@ class ObjectCopier {
     void rewrite(Object& copy);
     void rewriteReactors(Object& copy);
     void rewriteHandle(const Object& copy, Group& group);
-    Handle resolve(Handle original, bool hard);
-    Handle resolveRecord(const Object& table, const Object& original);
+    Handle resolve(Handle handle, bool hard);
+    Handle resolveRecord(const Object& tableHead, const Object& original);
     Handle resolveEntry(const Object& dictionary, const Object& original);
     Handle resolveBlock(const Object& record);
     void bringNamed(Object& copy);
