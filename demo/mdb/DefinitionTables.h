@@ -15,4 +15,7 @@ Table blocksTable(std::vector<Row> rows = {});
 /// The tables of the demonstration: the types of a small library, with the blocks that its layouts carry.
 std::vector<Table> sampleTables();
 
+/// The tables that an office starts with: the types that the program knows, no blocks.
+std::vector<Table> startTables();
+
 }  // namespace demo::mdb

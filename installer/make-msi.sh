@@ -1,0 +1,44 @@
+#!/bin/bash
+# Makes the installer:  make-msi.sh ARCH VERSION PROGRAM HELP DATABASE ICON TARGET.msi    (ARCH: x86 or x64)
+#
+# wixl knows a part of what an installer can say; the rest is entered into the database that it makes.
+set -euo pipefail
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+arch=$1 version=$2 program=$3 help=$4 database=$5 icon=$6 target=$7
+folder_component=4DEE3DDF-66E1-48C8-BA90-DFA3D9DBF463
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+msi=$work/installer.msi
+wixl -a "$arch" -D "Arch=$arch" -D "Version=$version" -D "FolderGuid=$folder_component" \
+    -D "Program=$program" -D "Help=$help" -D "Database=$database" -D "Icon=$icon" \
+    -o "$msi" "$here/Blattwart.wxs" >"$work/log" 2>&1 || { cat "$work/log" >&2; exit 1; }
+
+# Texts are in Windows-1252.
+printf '\r\n\r\n1252\t_ForceCodepage\r\n' >"$work/_ForceCodepage.idt"
+msibuild "$msi" -i "$work/_ForceCodepage.idt"
+
+sql() { msibuild "$msi" -q "$1"; }
+
+# An office's database outlives the program (permanent, 16) and is never written over (128).
+sql "UPDATE Component SET Attributes = $([ "$arch" = x64 ] && echo 400 || echo 144) WHERE Component = 'Database'"
+
+# Where an older version lies, the newer one goes, and the one that is to be removed is found.
+sql 'CREATE TABLE CompLocator (Signature_ CHAR(72) NOT NULL, ComponentId CHAR(38) NOT NULL, Type INT
+     PRIMARY KEY Signature_)'
+sql "INSERT INTO CompLocator (Signature_, ComponentId, Type) VALUES ('FindFolder', '{$folder_component}', 0)"
+sql "INSERT INTO AppSearch (Property, Signature_) VALUES ('INSTALLDIR', 'FindFolder')"
+sql "UPDATE Property SET Value = 'OLDERVERSION;NEWERVERSION;DEFDB;INSTALLDIR'
+     WHERE Property = 'SecureCustomProperties'"
+
+# A path that the office has set stays.
+sql "UPDATE InstallExecuteSequence SET Condition = 'DEFDB ~= STARTDATABASE'
+     WHERE Action = 'RemoveRegistryValues'"
+
+# By its version the program is known to be newer, not by its date.
+sql "UPDATE File SET Version = '$version.0', Language = '1031' WHERE File = 'Blattwart.exe'"
+sql "DELETE FROM MsiFileHash WHERE File_ = 'Blattwart.exe'"
+
+package=$(python3 -c 'import uuid; print("{%s}" % str(uuid.uuid4()).upper())')
+msibuild "$msi" -s "Blattwart $version" Ormeda "$([ "$arch" = x64 ] && echo x64 || echo Intel);1031" "$package"
+mv "$msi" "$target"
