@@ -61,6 +61,8 @@ bool HostControl::obeyUser(const std::wstring& verb, const std::wstring& argumen
         return withDocument(argument, &Host::close);
     } else if (verb == L"typed") {
         writeTyped(argument);
+    } else if (verb == L"drawings") {
+        writeDrawings(argument);
     } else if (verb == L"quit") {
         host_.quit();
     } else {
@@ -108,6 +110,21 @@ void HostControl::writeTyped(const std::wstring& file) const {
     for (const TypedText& typed : host_.typedTexts()) {
         target << utf8(typed.document) << '\t' << typed.filedia << '\t' << utf8(onOneLine(typed.text))
                << '\n';
+    }
+}
+
+void HostControl::writeDrawings(const std::wstring& file) const {
+    std::ofstream target{std::filesystem::path(file)};
+    const auto marked = [](const std::wstring& name, bool active) {
+        return utf8(name) + (active ? "*" : "");
+    };
+    for (const DocumentPtr& document : host_.documents()) {
+        const Drawing& drawing = document->drawing();
+        for (const Layout* layout : drawing.layouts()) {
+            if (layout->isModel()) continue;
+            target << marked(document->name(), document == host_.activeDocument()) << '\t'
+                   << marked(layout->name(), layout == &drawing.currentLayout()) << '\n';
+        }
     }
 }
 

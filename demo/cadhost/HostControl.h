@@ -9,10 +9,13 @@ namespace demo {
 
 /// Obeys commands from tests and from the command line, which do what the user does at the host:
 ///
-///     add FOLDER|NAME|LAYOUT|LAYOUT...   opens a drawing that no file holds; without FOLDER it was never
-///     saved open FILE, activate NAME, close NAME ok, cancel, answer TEXT            answers the open dialog
-///     typed FILE                         writes what clients typed: document, FILEDIA and text, a line each
-///     quit                               ends the host
+/// - `add FOLDER|NAME|LAYOUT|LAYOUT...`: opens a drawing that no file holds; without FOLDER it was never
+/// saved
+/// - `open FILE`, `activate NAME`, `close NAME`
+/// - `ok`, `cancel`, `answer TEXT`: answers the open dialog
+/// - `typed FILE`: writes what clients typed: document, FILEDIA and text, a line each
+/// - `drawings FILE`: writes what is open: document and layout, with "*" where active, a line for each sheet
+/// - `quit`: ends the host
 ///
 /// and the commands of the server's Behaviour.
 class HostControl {
@@ -28,6 +31,7 @@ class HostControl {
     bool answerDialog(const std::wstring& verb, const std::wstring& answer);
     void add(const std::wstring& description);
     void writeTyped(const std::wstring& file) const;
+    void writeDrawings(const std::wstring& file) const;
 
     Host& host_;
     Server& server_;

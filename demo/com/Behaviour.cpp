@@ -19,6 +19,11 @@ void pumpFor(DWORD milliseconds) {
     }
 }
 
+/// As in a crash: nothing is tidied up, nobody is told.
+void die() {
+    TerminateProcess(GetCurrentProcess(), 5);
+}
+
 std::wstring restOf(std::wistream& words) {
     std::wstring rest;
     std::getline(words >> std::ws, rest);
@@ -34,7 +39,12 @@ bool Behaviour::obey(const std::wstring& command, const WireCounters& counters) 
     if (verb == L"refuse") return refuse(words);
     if (verb == L"slow") return static_cast<bool>(words >> delay_);
     if (verb == L"hold") return static_cast<bool>(words >> holdTime_);
-    if (verb == L"die") return static_cast<bool>(words >> callsToLive_);
+    if (verb == L"modal") return static_cast<bool>(words >> callsToDialog_ >> dialogTime_);
+    if (verb == L"die") {
+        if (!(words >> callsToLive_)) return false;
+        diesDone_ = restOf(words) == L"done";
+        return true;
+    }
     if (verb == L"normal") {
         *this = Behaviour();
         return true;
@@ -58,8 +68,7 @@ bool Behaviour::refuse(std::wistream& words) {
     } else if (what == L"percent") {
         refusedPercent_ = number;
     } else if (what == L"for") {
-        refusedUntil_ = number < 0 ? std::numeric_limits<ULONGLONG>::max()
-                                   : GetTickCount64() + static_cast<ULONGLONG>(number);
+        refuseFor(number);
     } else {
         return false;
     }
@@ -67,13 +76,28 @@ bool Behaviour::refuse(std::wistream& words) {
 }
 
 HRESULT Behaviour::admitCall() {
-    // As in a crash: nothing is tidied up, nobody is told.
-    if (callsToLive_ > 0 && --callsToLive_ == 0) TerminateProcess(GetCurrentProcess(), 5);
+    if (callsToLive_ > 0 && --callsToLive_ == 0) {
+        if (!diesDone_) die();
+        dying_ = true;
+    }
+    if (callsToDialog_ > 0 && --callsToDialog_ == 0) {
+        refusal_ = RPC_E_SERVERCALL_RETRYLATER;
+        refuseFor(dialogTime_);
+    }
     if (holding_) return RPC_E_SERVERCALL_RETRYLATER;
     if (isRefused()) return refusal_;
     if (delay_) Sleep(delay_);
     if (holdTime_) hold();
     return S_OK;
+}
+
+void Behaviour::callDone() const {
+    if (dying_) die();
+}
+
+void Behaviour::refuseFor(std::int32_t milliseconds) {
+    refusedUntil_ = milliseconds < 0 ? std::numeric_limits<ULONGLONG>::max()
+                                     : GetTickCount64() + static_cast<ULONGLONG>(milliseconds);
 }
 
 HRESULT Behaviour::admitCreation() {

@@ -14,14 +14,17 @@ namespace demo {
 /// How a server treats what comes in: it can refuse, be slow, keep a call for a while, or die, as it is told
 /// by commands:
 ///
-///     refuse calls N [later]      the next N calls (or creations of the application) are refused
-///     refuse creations N [later]
-///     refuse for MS [later]       for so many milliseconds all calls are refused; -1 for ever
-///     refuse percent P [later]    each call is refused with this probability
-///     slow MS                     each call takes so much longer
-///     hold MS                     the next call is kept so long before it is carried out, the others are
-///     refused die N                       the process ends without a word when the N-th call from now comes
-///     in normal                      none of these any more report FILE                 writes the counters
+/// - `refuse calls N [later]`: the next N calls are refused
+/// - `refuse creations N [later]`: the next N creations of the application are refused
+/// - `refuse for MS [later]`: for so many milliseconds all calls are refused; -1 for ever
+/// - `refuse percent P [later]`: each call is refused with this probability
+/// - `modal N MS`: from the N-th call from now on, a dialog is open for so many milliseconds; -1 for ever
+/// - `slow MS`: each call takes so much longer
+/// - `hold MS`: the next call is kept so long before it is carried out, the others are refused
+/// - `die N`: the process ends without a word when the N-th call from now comes in
+/// - `die N done`: the same when the call was carried out and not answered yet
+/// - `normal`: none of these any more
+/// - `report FILE`: writes the counters
 ///
 /// Refusals are of the kind that a passing state gives; with "later" of the kind that a dialog gives.
 class Behaviour {
@@ -31,10 +34,13 @@ class Behaviour {
 
     /// What to answer to a call before it is carried out. May take its time, or not return at all.
     HRESULT admitCall();
+    /// To be told when an admitted call was carried out, before it is answered. May not return.
+    void callDone() const;
     HRESULT admitCreation();
 
   private:
     bool refuse(std::wistream& words);
+    void refuseFor(std::int32_t milliseconds);
     bool isRefused();
     void hold();
 
@@ -45,7 +51,11 @@ class Behaviour {
     HRESULT refusal_ = RPC_E_CALL_REJECTED;
     DWORD delay_ = 0;
     DWORD holdTime_ = 0;
+    std::int32_t callsToDialog_ = 0;
+    std::int32_t dialogTime_ = 0;
     std::int32_t callsToLive_ = 0;
+    bool dying_ = false;
+    bool diesDone_ = false;
     bool holding_ = false;
     std::minstd_rand random_;
 };

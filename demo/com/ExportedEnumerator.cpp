@@ -22,6 +22,7 @@ HRESULT ExportedEnumerator::Next(ULONG count, VARIANT* elements, ULONG* fetched)
     }
     position_ += available;
     if (fetched) *fetched = available;
+    exporter_->complete();
     return available == count ? S_OK : S_FALSE;
 }
 

@@ -44,6 +44,7 @@ HRESULT ExportedObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID,
     for (UINT i = 0; i < count; ++i) ids[i] = DISPID_UNKNOWN;
     const auto id = count > 0 ? object_->memberId(names[0]) : std::nullopt;
     if (id) ids[0] = *id;
+    exporter_->complete();
     return id && count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
 }
 
@@ -52,9 +53,16 @@ HRESULT ExportedObject::Invoke(DISPID id, REFIID, LCID, WORD flags, DISPPARAMS* 
     if (!parameters) return E_POINTER;
     if (const HRESULT admitted = exporter_->admit(); admitted != S_OK) return admitted;
     ++exporter_->counters().calls;
+    const HRESULT done = tryOut(id, flags, *parameters, result, exception);
+    exporter_->complete();
+    return done;
+}
+
+HRESULT ExportedObject::tryOut(DISPID id, WORD flags, DISPPARAMS& parameters, VARIANT* result,
+                               EXCEPINFO* exception) {
     try {
         const HRESULT done =
-            id == DISPID_NEWENUM ? newEnumerator(result) : carryOut(id, flags, *parameters, result);
+            id == DISPID_NEWENUM ? newEnumerator(result) : carryOut(id, flags, parameters, result);
         if (exporter_->afterCall) exporter_->afterCall();
         return done;
     } catch (const RuntimeError& error) {

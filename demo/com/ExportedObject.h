@@ -24,6 +24,7 @@ class ExportedObject final : public blattwart::ComBase<IDispatch> {
                                      VARIANT* result, EXCEPINFO* exception, UINT* badArgument) override;
 
   private:
+    HRESULT tryOut(DISPID id, WORD flags, DISPPARAMS& parameters, VARIANT* result, EXCEPINFO* exception);
     HRESULT carryOut(DISPID id, WORD flags, DISPPARAMS& parameters, VARIANT* result);
     HRESULT newEnumerator(VARIANT* result);
     HRESULT answer(const blattwart::RuntimeError& error, EXCEPINFO* exception) const;

@@ -33,10 +33,12 @@ class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_
   public:
     /// Asked before each call that comes in; anything but S_OK is the answer and the call is not carried out.
     using Admission = std::function<HRESULT()>;
+    /// Told of each admitted call when it was carried out and is not answered yet.
+    using Completion = std::function<void()>;
 
     /// `source` is what exceptions name as their origin.
-    explicit Exporter(std::wstring source, Admission admission = {})
-        : source_(std::move(source)), admission_(std::move(admission)) {}
+    explicit Exporter(std::wstring source, Admission admission = {}, Completion completion = {})
+        : source_(std::move(source)), admission_(std::move(admission)), completion_(std::move(completion)) {}
 
     ComPtr<IDispatch> toDispatch(const ObjectPtr& object) override;
     /// Objects made here only; others are a type mismatch.
@@ -47,6 +49,9 @@ class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_
 
     const std::wstring& source() const { return source_; }
     HRESULT admit();
+    void complete() const {
+        if (completion_) completion_();
+    }
     const WireCounters& counters() const { return counters_; }
     WireCounters& counters() { return counters_; }
     /// Objects that are held outside.
@@ -58,6 +63,7 @@ class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_
 
     std::wstring source_;
     Admission admission_;
+    Completion completion_;
     WireCounters counters_;
     std::map<const blattwart::AutomationObject*, ExportedObject*> alive_;
 };

@@ -22,8 +22,9 @@ Server::Server(ServerClass server, const std::wstring& source)
     : server_(std::move(server)),
       behaviour_(std::make_shared<Behaviour>()),
       // Calls may still come in while the objects outlive the server.
-      exporter_(
-          std::make_shared<Exporter>(source, [behaviour = behaviour_] { return behaviour->admitCall(); })) {}
+      exporter_(std::make_shared<Exporter>(
+          source, [behaviour = behaviour_] { return behaviour->admitCall(); },
+          [behaviour = behaviour_] { behaviour->callDone(); })) {}
 
 Server::~Server() {
     exporter_->afterCall = {};
