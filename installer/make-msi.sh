@@ -39,6 +39,6 @@ sql "UPDATE InstallExecuteSequence SET Condition = 'DEFDB ~= STARTDATABASE'
 sql "UPDATE File SET Version = '$version.0', Language = '1031' WHERE File = 'Blattwart.exe'"
 sql "DELETE FROM MsiFileHash WHERE File_ = 'Blattwart.exe'"
 
-package=$(python3 -c 'import uuid; print("{%s}" % str(uuid.uuid4()).upper())')
+package="{$(tr a-f A-F </proc/sys/kernel/random/uuid)}"
 msibuild "$msi" -s "Blattwart $version" Ormeda "$([ "$arch" = x64 ] && echo x64 || echo Intel);1031" "$package"
 mv "$msi" "$target"
