@@ -163,6 +163,11 @@ std::int32_t toInt32(double number) {
     return roundedTo<std::int32_t>(number);
 }
 
+float toFloat(double number) {
+    if (!(std::abs(number) <= std::numeric_limits<float>::max())) throwOverflow();
+    return static_cast<float>(number);
+}
+
 double numericPrefix(std::wstring_view text) {
     std::wstring withoutBlanks(text);
     std::erase_if(withoutBlanks, isBlank);

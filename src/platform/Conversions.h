@@ -13,6 +13,7 @@ namespace blattwart {
 
 std::int16_t toInt16(double number);
 std::int32_t toInt32(double number);
+float toFloat(double number);
 
 /// The leading decimal number of a text: blanks are skipped, sign, fraction (with a point) and exponent are
 /// read as far as they go; 0 when there is none, infinity when it is beyond all doubles. Never fails.

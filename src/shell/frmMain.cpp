@@ -24,10 +24,6 @@ constexpr float initialTreeWidth = 2600;
 constexpr int viewModes = 4;
 constexpr int firstModeButton = 14;
 
-float placementSetting(const Settings& settings, std::wstring_view key, std::wstring_view defaultText) {
-    return static_cast<float>(numberSetting(settings, key, defaultText));
-}
-
 }  // namespace
 
 frmMain::frmMain(Platform& platform) : lvListView(platform.locale), platform_(platform) {
@@ -43,10 +39,10 @@ frmMain::frmMain(Platform& platform) : lvListView(platform.locale), platform_(pl
 void frmMain::Form_Load() {
     const Settings& settings = platform_.settings;
     Placement placement;
-    placement.left = placementSetting(settings, L"MainLeft", L"1000");
-    placement.top = placementSetting(settings, L"MainTop", L"1000");
-    placement.width = placementSetting(settings, L"MainWidth", L"6500");
-    placement.height = placementSetting(settings, L"MainHeight", L"6500");
+    placement.left = realSetting(settings, L"MainLeft", L"1000");
+    placement.top = realSetting(settings, L"MainTop", L"1000");
+    placement.width = realSetting(settings, L"MainWidth", L"6500");
+    placement.height = realSetting(settings, L"MainHeight", L"6500");
     window_->setPlacement(placement);
     modules_->views.columns.LoadColumnWidths();
 }

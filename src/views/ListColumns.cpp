@@ -65,7 +65,7 @@ void ListColumns::LoadColumnWidths() {
         const std::wstring defaultText = std::to_wstring(columnSets()[i].defaultWidth);
         for (std::size_t column = 0; column < widths_[i].size(); ++column) {
             const std::wstring key = widthKey(i + 1, column);
-            const std::int32_t width = toInt32(numberSetting(platform_.settings, key, defaultText));
+            const std::int32_t width = wholeSetting(platform_.settings, key, defaultText);
             if (width >= 0) widths_[i][column] = width;
         }
     }

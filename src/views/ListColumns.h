@@ -24,7 +24,7 @@ class ListColumns {
     /// The kind whose columns the list has.
     ListKind ListMode = ListKind::none;
 
-    /// Throws type mismatch, with a text for the user, when a stored width is no number.
+    /// Throws, with a text for the user, when a stored width is no number or too large.
     void LoadColumnWidths();
     void SaveColumnWidths();
     /// Keeps the widths of the visible columns; does nothing while no column set is active.
