@@ -1,11 +1,11 @@
 #include "win32/DropTarget.h"
 
 #include <ole2.h>
-#include <shellapi.h>
 #include <wrl/client.h>
 
-#include <optional>
+#include <span>
 
+#include "platform/DroppedFiles.h"
 #include "win32/ComBase.h"
 #include "win32/Win32Locale.h"
 
@@ -39,24 +39,21 @@ bool offers(IDataObject& data, CLIPFORMAT format) {
     return data.QueryGetData(&wanted) == S_OK;
 }
 
+std::span<const char> lockedBytes(HGLOBAL memory) {
+    const auto* bytes = static_cast<const char*>(memory ? GlobalLock(memory) : nullptr);
+    return bytes ? std::span(bytes, GlobalSize(memory)) : std::span<const char>();
+}
+
 std::vector<std::wstring> filesIn(HGLOBAL memory) {
-    std::vector<std::wstring> files;
-    const auto list = static_cast<HDROP>(memory);
-    const UINT count = memory ? DragQueryFileW(list, 0xFFFFFFFF, nullptr, 0) : 0;
-    for (UINT i = 0; i < count; ++i) {
-        std::wstring file(DragQueryFileW(list, i, nullptr, 0) + 1, L'\0');
-        file.resize(DragQueryFileW(list, i, file.data(), static_cast<UINT>(file.size())));
-        files.push_back(file);
-    }
+    std::vector<std::wstring> files = droppedFiles(lockedBytes(memory), Win32Locale());
+    GlobalUnlock(memory);
     return files;
 }
 
 std::wstring textIn(HGLOBAL memory) {
-    const auto* text = static_cast<const char*>(memory ? GlobalLock(memory) : nullptr);
-    if (!text) return {};
-    const std::string bytes(text, strnlen(text, GlobalSize(memory)));
+    std::wstring text = droppedText(lockedBytes(memory), Win32Locale());
     GlobalUnlock(memory);
-    return Win32Locale().fromAnsi(bytes);
+    return text;
 }
 
 class DropTarget : public ComBase<IDropTarget> {
