@@ -6,14 +6,11 @@
 #include <memory>
 
 #include "win32/ComValue.h"
+#include "win32/Handles.h"
 
 namespace blattwart {
 
 namespace {
-
-struct FreeLocal {
-    void operator()(wchar_t* text) const { LocalFree(text); }
-};
 
 std::wstring codeInWords(HRESULT code) {
     wchar_t text[40];
@@ -29,14 +26,18 @@ std::wstring systemText(HRESULT code) {
     const DWORD length = FormatMessageW(
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
         static_cast<DWORD>(code), 0, reinterpret_cast<wchar_t*>(&buffer), 0, nullptr);
-    const std::unique_ptr<wchar_t, FreeLocal> owner(buffer);
+    const std::unique_ptr<wchar_t, LocalDeleter> owner(buffer);
     std::wstring text(buffer ? buffer : L"", length);
     text.erase(text.find_last_not_of(L" \r\n") + 1);
     return text.empty() ? codeInWords(code) : text;
 }
 
+void throwFailure(HRESULT result) {
+    throw RuntimeError(result, systemText(result));
+}
+
 void throwIfFailed(HRESULT result) {
-    if (FAILED(result)) throw RuntimeError(result, systemText(result));
+    if (FAILED(result)) throwFailure(result);
 }
 
 RuntimeError ExceptionInfo::toError(HRESULT result) {

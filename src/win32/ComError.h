@@ -13,6 +13,8 @@ namespace blattwart {
 /// The system's text for an error code, or the code in words when the system has none.
 std::wstring systemText(HRESULT code);
 
+/// Throws the failure with the system's text.
+[[noreturn]] void throwFailure(HRESULT result);
 /// Throws the failure of a COM function with the system's text; passes over success.
 void throwIfFailed(HRESULT result);
 

@@ -77,9 +77,9 @@ ComPtr<IDataObject> makeDragData(CLIPFORMAT format, std::string bytes) {
 void dragText(const std::wstring& text) {
     const std::string ansi = Win32Locale().toAnsi(text);
     const ComPtr<IDataObject> data = makeDragData(CF_TEXT, std::string(ansi.c_str(), ansi.size() + 1));
-    const ComPtr<DragSource> source = makeCom<DragSource>();
+    DragSource source;  // all references to it end with the dragging
     DWORD effect = DROPEFFECT_NONE;
-    DoDragDrop(data.Get(), source.Get(), DROPEFFECT_COPY, &effect);
+    DoDragDrop(data.Get(), &source, DROPEFFECT_COPY, &effect);
 }
 
 }  // namespace blattwart
