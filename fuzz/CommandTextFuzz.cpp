@@ -1,0 +1,63 @@
+// Names that users and drawings give to layouts and files, typed into the host's command line: each is one
+// answer, whatever it holds, and never a command of its own. Lines: source, new name, copies, file.
+#include <algorithm>
+
+#include "autocad/basTarvix.h"
+#include "host/DemoAutomation.h"
+#include "Input.h"
+#include "support/TestPlatform.h"
+
+using namespace blattwart;
+using fuzz::require;
+
+namespace {
+
+constexpr std::wstring_view commandPrompt = L"Befehl: ";
+
+bool isControl(wchar_t c) {
+    return c < 0x20 || (c >= 0x7F && c < 0xA0);
+}
+
+void requireAnswers(const demo::TypedText& typed) {
+    const auto returns = std::ranges::count(typed.text, L'\r');
+    const auto controls = std::ranges::count_if(typed.text, isControl);
+    require(controls == returns, "no control character but the returns");
+    const bool layout = typed.text.starts_with(L"_layout\r_copy\r") && returns == 4;
+    const bool current = typed.text.starts_with(L"_layout\r_set\r") && returns == 3;
+    const bool navigation = typed.text.starts_with(L"ADCNAVIGIEREN\r\r") && returns == 3;
+    require((layout || current || navigation) && typed.text.back() == L'\r', "one answer to each question");
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::Input input(data, size);
+    const std::wstring source = input.text();
+    std::wstring name = input.text();
+    const auto copies = static_cast<std::int16_t>(fuzz::Input::number<std::uint16_t>(input.line()) % 4);
+    const std::wstring file = input.text();
+
+    demo::DemoAutomation automation;
+    automation.start();
+    demo::Drawing drawing = demo::Drawing::createEmpty();
+    if (!ignoringErrors([&] { drawing.renameLayout(*drawing.layouts().back(), source); })) return 0;
+    const auto document = automation.host()->addDocument(L"C:\\Projekte", L"Plan.dwg", std::move(drawing));
+    test::TestPlatform world(automation);
+    NavigatorRecords records;
+    basAutoCAD autoCAD(world.platform, records);
+    autoCAD.ConnectAutoCAD();
+    basTarvix(autoCAD, world.platform).CopyLayouts(source, name, copies);
+    autoCAD.NavigateDesignCenter(file);
+
+    const auto& typed = automation.host()->typedTexts();
+    std::ranges::for_each(typed, requireAnswers);
+    const bool hostile = std::ranges::any_of(file, isControl);
+    require(!hostile || !world.messages.shown.empty(), "the user is told why nothing was typed");
+    for (const std::wstring& line : document->commandLine().history()) {
+        if (!line.starts_with(commandPrompt)) continue;
+        const std::wstring command = line.substr(commandPrompt.size());
+        require(command == L"_layout" || command == L"ADCNAVIGIEREN" || command.empty(),
+                "no command of a name's own");
+    }
+    return 0;
+}

@@ -1,0 +1,55 @@
+// Settings of the user, one "key=text" a line: the program starts with them or tells which one is broken, and
+// what it stores at its end brings it up the same way.
+#include <cmath>
+
+#include "host/DemoAutomation.h"
+#include "Input.h"
+#include "program/FakeWindow.h"
+#include "shell/basMain.h"
+#include "support/TestPlatform.h"
+
+using namespace blattwart;
+using fuzz::require;
+
+namespace {
+
+/// One run of the program with these settings, which it changes. Returns whether its window came up.
+bool run(test::FakeSettings& settings) {
+    demo::DemoAutomation automation;
+    automation.start();
+    test::TestPlatform world(automation);
+    world.settings.values = settings.values;
+    test::FakePresenter presenter(world.desktop);
+    basMain program(world.platform, presenter);
+    if (!program.Main()) {
+        const std::wstring text = world.messages.shown.back().text;
+        require(text.find(L"Gespeichert unter:") != std::wstring::npos, "the user is told what is broken");
+        return false;
+    }
+    frmMain& form = *program.fMainForm;
+    form.Form_Resize();
+    require(std::isfinite(form.tvTreeView.width()) && std::isfinite(form.lvListView.width()),
+            "all controls have sizes");
+    for (const ListColumn& column : form.lvListView.columns())
+        require(column.width >= 0 && std::isfinite(column.width), "all columns have widths");
+    form.Form_Unload();
+    settings.values = world.settings.values;
+    return true;
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::Input input(data, size);
+    test::FakeSettings settings;
+    while (!input.atEnd()) {
+        const std::wstring line = input.text();
+        const std::size_t equals = std::min(line.find(L'='), line.size());
+        settings.set(line.substr(0, equals), line.substr(std::min(equals + 1, line.size())));
+    }
+    if (!run(settings)) return 0;
+    const auto stored = settings.values;
+    require(run(settings), "the program starts with what it has stored");
+    require(settings.values == stored, "settings are read as they were written");
+    return 0;
+}
