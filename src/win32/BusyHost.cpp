@@ -11,11 +11,6 @@ constexpr auto quickPause = 50ms;
 constexpr auto slowPause = 100ms;
 constexpr auto quickPhase = 1000ms;
 
-template <class Duration>
-std::int32_t inMilliseconds(Duration duration) {
-    return static_cast<std::int32_t>(std::chrono::duration_cast<std::chrono::milliseconds>(duration).count());
-}
-
 /// Takes the next message of a range. The request to end the program comes whatever the range: it stays.
 bool takeNext(MSG& message, UINT first, UINT last) {
     if (!PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) return false;
@@ -48,13 +43,29 @@ void paintOnly() {
 
 BusyHost::Waiting::Waiting(BusyHost& host) : cursor_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {
     host.waitingSince_ = Clock::now();
-    host.askAt_ = host.waitingSince_ + host.askAfter_;
+    host.askAt_ = host.askAfter_;
 }
 
-void BusyHost::reportWaiting(std::int32_t milliseconds) {
-    if (!pending_) return;
+bool BusyHost::goOnWaiting(Milliseconds time) {
+    if (!pending_) return true;
+    reportWaiting(time);
+    if (time < askAt_) return true;
+    // Windows goes on counting while the question is open.
+    const auto asked = Clock::now();
+    if (userGivesUp()) return false;
+    askAt_ = time + std::chrono::duration_cast<Milliseconds>(Clock::now() - asked) + askAfter_;
+    return true;
+}
+
+void BusyHost::reportWaiting(Milliseconds time) {
     reported_ = true;
-    if (handlers_.busyFor) handlers_.busyFor(milliseconds);
+    if (handlers_.busyFor) handlers_.busyFor(static_cast<std::int32_t>(time.count()));
+}
+
+bool BusyHost::userGivesUp() {
+    if (!handlers_.askGiveUp || !handlers_.askGiveUp()) return false;
+    gaveUpAt_ = eventDepth_;
+    return true;
 }
 
 void BusyHost::beginEvent() {
@@ -76,23 +87,23 @@ void BusyHost::endCall() {
 
 /// Lets some time pass; false when the user gives up.
 bool BusyHost::waitOn() {
-    const auto waited = Clock::now() - waitingSince_;
-    pumpFor(waited < quickPhase ? quickPause : slowPause);
-    reportWaiting(inMilliseconds(Clock::now() - waitingSince_));
-    if (Clock::now() < askAt_) return true;
-    if (handlers_.askGiveUp && handlers_.askGiveUp()) {
-        gaveUpAt_ = eventDepth_;
-        return false;
-    }
-    askAt_ = Clock::now() + askAfter_;
+    pumpFor(waited() < quickPhase ? quickPause : slowPause);
+    reportWaiting(waited());
+    if (waited() < askAt_) return true;
+    if (userGivesUp()) return false;
+    askAt_ = waited() + askAfter_;
     return true;
+}
+
+BusyHost::Milliseconds BusyHost::waited() const {
+    return std::chrono::duration_cast<Milliseconds>(Clock::now() - waitingSince_);
 }
 
 void BusyHost::pumpFor(Milliseconds time) const {
     const auto end = Clock::now() + time;
     for (auto now = Clock::now(); now < end; now = Clock::now()) {
         paintOnly();
-        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(inMilliseconds(end - now)) + 1,
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>((end - now) / 1ms) + 1,
                                   QS_PAINT | QS_INPUT | QS_SENDMESSAGE);
     }
 }

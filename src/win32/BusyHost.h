@@ -50,8 +50,10 @@ class BusyHost {
     /// True while a call waits for its answer or is being made again.
     bool callPending() const { return pending_; }
 
-    /// Tells the window that the pending call has been without an answer for so long.
-    void reportWaiting(std::int32_t milliseconds);
+    /// The host has taken the pending call and not answered for so long: tells the window, and asks whether
+    /// to give up each time `askAfter` has passed. False when the user gives up; whether the call is carried
+    /// out is not known then.
+    bool goOnWaiting(Milliseconds time);
 
     /// The handling of one event of the system. Having given up is forgotten when the event in which the user
     /// did so is done.
@@ -71,7 +73,10 @@ class BusyHost {
 
     class Pending {
       public:
-        explicit Pending(BusyHost& host) : host_(host) { host_.pending_ = true; }
+        explicit Pending(BusyHost& host) : host_(host) {
+            host_.pending_ = true;
+            host_.askAt_ = host_.askAfter_;
+        }
         Pending(const Pending&) = delete;
         Pending& operator=(const Pending&) = delete;
         ~Pending() { host_.endCall(); }
@@ -99,7 +104,10 @@ class BusyHost {
     void beginEvent();
     void endEvent();
     void endCall();
+    void reportWaiting(Milliseconds time);
     bool waitOn();
+    bool userGivesUp();
+    Milliseconds waited() const;
     void pumpFor(Milliseconds time) const;
 
     Milliseconds askAfter_;
@@ -109,7 +117,7 @@ class BusyHost {
     int eventDepth_ = 0;
     std::optional<int> gaveUpAt_;
     Clock::time_point waitingSince_;
-    Clock::time_point askAt_;
+    Milliseconds askAt_{};  ///< the waiting after which the user is asked next
 };
 
 }  // namespace blattwart

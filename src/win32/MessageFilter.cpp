@@ -22,8 +22,8 @@ class MessageFilter : public ComBase<IMessageFilter> {
     DWORD STDMETHODCALLTYPE MessagePending(HTASK, DWORD milliseconds, DWORD) override {
         return guard_.guarded(
             [&] {
-                busyHost_.reportWaiting(static_cast<std::int32_t>(milliseconds));
-                return DWORD{PENDINGMSG_WAITDEFPROCESS};
+                const bool waits = busyHost_.goOnWaiting(std::chrono::milliseconds(milliseconds));
+                return static_cast<DWORD>(waits ? PENDINGMSG_WAITDEFPROCESS : PENDINGMSG_CANCELCALL);
             },
             DWORD{PENDINGMSG_WAITDEFPROCESS});
     }

@@ -10,8 +10,9 @@
 namespace blattwart {
 
 /// Registers a message filter for the current thread as long as it lives: input is kept back while a call is
-/// under way, and refused calls come back at once, to be made again by BusyHost. The thread must be a
-/// single-threaded apartment; throws RuntimeError otherwise.
+/// under way, refused calls come back at once, to be made again by BusyHost, and a call without an answer is
+/// cancelled when the user gives up. The thread must be a single-threaded apartment; throws RuntimeError
+/// otherwise.
 class MessageFilterRegistration {
   public:
     MessageFilterRegistration(Guard& guard, BusyHost& busyHost);

@@ -114,6 +114,28 @@ TEST(MessageFilter, KeepsInputBackAndHandsRefusalsOn) {
     EXPECT_EQ(told, 1500);
 }
 
+TEST(MessageFilter, CancelsACallWithoutAnswerWhenTheUserGivesUp) {
+    BusyHost busyHost;
+    int asked = 0;
+    busyHost.setHandlers({.askGiveUp = [&] { return ++asked == 2; }});
+    Guard guard(busyHost, {});
+    const ComPtr<IMessageFilter> filter = makeMessageFilter(guard, busyHost);
+    const auto pending = [&](DWORD milliseconds) {
+        return filter->MessagePending(nullptr, milliseconds, PENDINGTYPE_TOPLEVEL);
+    };
+    guard.guarded([&] {
+        busyHost.call([&] {
+            for (const DWORD time : {9000, 10000, 19000})
+                EXPECT_EQ(pending(time), DWORD{PENDINGMSG_WAITDEFPROCESS}) << time;
+            EXPECT_EQ(asked, 1);
+            EXPECT_EQ(pending(20100), DWORD{PENDINGMSG_CANCELCALL});
+            return RPC_E_CALL_CANCELED;
+        });
+        EXPECT_EQ(busyHost.call([] { return S_OK; }), RPC_E_CALL_REJECTED) << "the rest of the event";
+    });
+    EXPECT_EQ(busyHost.call([] { return S_OK; }), S_OK);
+}
+
 /// Counts what arrives at a window while a call is being refused.
 struct Arrived {
     int painted = 0;
