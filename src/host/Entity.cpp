@@ -37,10 +37,6 @@ double Entity::viewportCustomScale() const {
     return getDouble({viewport, L"CustomScale"});
 }
 
-double Entity::viewportTwistAngle() const {
-    return getDouble({viewport, L"TwistAngle"});
-}
-
 std::wstring Entity::blockEffectiveName() const {
     std::wstring name;
     if (ignoringErrors([&] { name = getText({blockReference, L"EffectiveName"}); })) return name;

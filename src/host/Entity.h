@@ -27,8 +27,6 @@ class Entity : public HostObject {
 
     /// Of a viewport: paper units for one unit of the model, so 0.02 at 1:50.
     double viewportCustomScale() const;
-    /// Of a viewport: its twist, radians.
-    double viewportTwistAngle() const;
 
     /// Of a block reference: the defining block; where the host has no such member, the referenced block's
     /// name.

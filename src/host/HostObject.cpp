@@ -48,10 +48,6 @@ double HostObject::getDouble(const Member& member) const {
     return numberOf(object().get(member));
 }
 
-bool HostObject::getBool(const Member& member) const {
-    return toBool(object().get(member));
-}
-
 std::int32_t HostObject::objectId(const Member& id32, const Member& id) const {
     if (session().wideIds.value_or(true)) {
         try {

@@ -34,7 +34,6 @@ class HostObject {
     std::wstring getText(const Member& member) const;
     std::int32_t getNumber(const Member& member) const;
     double getDouble(const Member& member) const;
-    bool getBool(const Member& member) const;
     template <class Face>
     Face getObject(const Member& member) const {
         return Face(toObject(object().get(member)), session_);
