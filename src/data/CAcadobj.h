@@ -9,7 +9,7 @@ namespace blattwart {
 struct CAcadobj {
     std::int32_t AObjId = 0;     ///< of the layout in the host
     std::wstring Gesamt;         ///< full name: folder, backslash, file name; for a layout, ";" and its name
-    std::int16_t Vorhanden = 0;  ///< -1 when met in the last refresh
+    std::int16_t Vorhanden = 0;  ///< `present` when met in the last refresh
     std::wstring Zeichnung;      ///< file name of the drawing
     std::wstring Layout;         ///< name of the layout
     std::int32_t Nummer = 0;

@@ -8,7 +8,7 @@ namespace blattwart {
 /// What the navigator knows about one template file.
 struct CVorlage {
     std::int32_t Nummer = 0;
-    std::int16_t Vorhanden = 0;  ///< -1 when met in the last refresh
+    std::int16_t Vorhanden = 0;  ///< `present` when met in the last refresh
     std::wstring Datei;          ///< file name
     std::wstring Gesamt;         ///< folder, backslash, file name
 };

@@ -13,6 +13,9 @@
 
 namespace blattwart {
 
+/// `Vorhanden` of a record that the last refresh has met.
+inline constexpr std::int16_t present = -1;
+
 /// The records behind the navigator's nodes and list entries, and their running number.
 struct NavigatorRecords {
     Collection<CAcadobj> DrawingRecords;

@@ -4,16 +4,11 @@
 
 namespace blattwart {
 
-namespace {
-
-constexpr std::int16_t present = -1;
-
-}  // namespace
-
 void TemplateLibrary::ReadTemplateFolder() {
     try {
         ResetTemplateFlags();
         records_.TemplateFolder = database_.types().Item(L"1")->Verzeichnis;
+        if (records_.TemplateFolder.ends_with(L'\\')) records_.TemplateFolder.pop_back();
         for (const std::wstring& file : platform_.files.list(records_.TemplateFolder + L"\\*.dw*")) {
             const std::wstring upper = platform_.locale.upperCase(file);
             if (!upper.ends_with(L"DWG") && !upper.ends_with(L"DWT")) continue;

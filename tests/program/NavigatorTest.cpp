@@ -234,6 +234,13 @@ TEST_F(Library, DefinitionDatabaseInAllItsStates) {
     EXPECT_TRUE(world.messages.shown.empty());
     EXPECT_EQ(tree().node(L"B").children().size(), 2U);
 
+    // The user's own folder, written with a backslash at its end, is the same folder.
+    useDatabase(
+        {demo::mdb::typesTable({{1, L"Vorlagen", L"C:\\Vorlagen\\", Null{}}}), demo::mdb::blocksTable()});
+    refresh();
+    EXPECT_EQ(main->records.TemplateFolder, L"C:\\Vorlagen");
+    EXPECT_EQ(tree().node(L"B").children().size(), 2U);
+
     // The file is gone: what was read last goes on.
     std::filesystem::remove(folder.path() / "Tarvix.mdb");
     refresh();
