@@ -7,7 +7,6 @@ namespace blattwart {
 namespace {
 
 constexpr const wchar_t* placeholderKey = L"D0";
-constexpr std::int16_t present = -1;
 
 namespace image {
 constexpr int placeholder = 4;
@@ -102,7 +101,6 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
     node.setImage(image::dwt);
     node.setKey(L"D" + number);
     pending_ = false;
-    tree_.GetSelectedNodeKind();
     hooks.showSelectedNode();
     return true;
 }

@@ -190,6 +190,7 @@ TEST_F(TemplateOperations, SaveTheLayoutUnderTheTypedName) {
         refresh();
         const std::wstring key = tree().node(L"Z3").children().back()->key();
         host().activate(document(L"Haus.dwg"));
+        world.settings.set(L"ColOrderD", L"1,0");
         begin(c.fromList ? L"Z3" : key.c_str(), c.fromList ? key.c_str() : L"");
         EXPECT_EQ(tree().editText(), source);
         EXPECT_EQ(tree().selected()->key(), L"D0");
@@ -208,6 +209,7 @@ TEST_F(TemplateOperations, SaveTheLayoutUnderTheTypedName) {
         EXPECT_EQ(status(), L"C:\\Vorlagen");
         EXPECT_TRUE(form().item(L"mnuTemplateDelete").enabled());
         EXPECT_EQ(list().find(L"IDateiname")->column(2), c.name + L".dwt");
+        EXPECT_EQ(list().columns().front().position, 1);
         world.files.add(file);
         refresh();
         EXPECT_NE(tree().find(made), nullptr);
@@ -358,6 +360,12 @@ TEST_F(LayoutOperations, CreateInTheChosenOrInTheActiveDrawing) {
     EXPECT_EQ(layoutsOf(L"Haus.dwg"), L"Blatt 1,Layout2");
     EXPECT_EQ(calls.count(L"LoadDVB"), 1U);
     EXPECT_TRUE(activeDocumentIsRight());
+    // Closed since the last refresh: no other drawing gets the layout.
+    host().close(document(L"Haus.dwg"));
+    choose(L"popCreate");
+    EXPECT_EQ(world.messages.shown.back(),
+              told(L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet!", MessageIcon::none));
+    EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Blatt 1,Blatt 2,Schnitt,Layout4");
 }
 
 TEST_F(LayoutOperations, RenameByLabel) {
