@@ -67,16 +67,22 @@ host::Document basAutoCAD::GetDocumentByKey(std::wstring_view key) {
     return documents.empty() ? host::Document() : documents.back();
 }
 
+std::shared_ptr<OpenDocuments> basAutoCAD::openDocuments() {
+    if (seen_) return seen_;
+    auto documents = std::make_shared<OpenDocuments>();
+    for (host::Document& document : gAcadApp.Documents().all()) documents->emplace_back(std::move(document));
+    if (looks_ > 0) seen_ = documents;
+    return documents;
+}
+
 std::vector<host::Document> basAutoCAD::documentsNamed(const std::wstring& fullName) {
     const std::wstring wanted = platform_.locale.upperCase(fullName);
-    const std::wstring wantedName = wanted.substr(wanted.rfind(L'\\') + 1);
     std::vector<host::Document> found;
-    for (const host::Document& document : gAcadApp.Documents().all()) {
+    const std::shared_ptr<OpenDocuments> documents = openDocuments();
+    for (OpenDocument& open : *documents) {
         try {
-            // The folder is asked for only where the file's name fits.
-            const std::wstring name = platform_.locale.upperCase(document.Name());
-            if (name == wantedName && platform_.locale.upperCase(document.Path()) + L"\\" + name == wanted)
-                found.push_back(document);
+            const std::wstring name = platform_.locale.upperCase(open.Path() + L"\\" + open.Name());
+            if (name == wanted) found.push_back(open.document());
         } catch (const RuntimeError& error) {
             if (!isGone(error)) throw;
         }

@@ -3,10 +3,12 @@
 #include <cstdint>
 #include <functional>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "autocad/OpenDocument.h"
 #include "data/NavigatorRecords.h"
 #include "host/Application.h"
 #include "platform/Platform.h"
@@ -17,6 +19,21 @@ namespace blattwart {
 class basAutoCAD {
   public:
     basAutoCAD(Platform& platform, NavigatorRecords& records) : platform_(platform), records_(records) {}
+
+    /// While one lives, the host is asked only once which documents are open, what they are called and where
+    /// they are. For events that look at documents several times and open or close none.
+    class OneLook {
+      public:
+        explicit OneLook(basAutoCAD& autoCAD) : autoCAD_(autoCAD) { ++autoCAD_.looks_; }
+        ~OneLook() {
+            if (--autoCAD_.looks_ == 0) autoCAD_.seen_.reset();
+        }
+        OneLook(const OneLook&) = delete;
+        OneLook& operator=(const OneLook&) = delete;
+
+      private:
+        basAutoCAD& autoCAD_;
+    };
 
     /// The attached application, or empty.
     host::Application gAcadApp;
@@ -43,6 +60,8 @@ class basAutoCAD {
     void BringWindowToFront(WindowHandle window);
     /// Brings the host's main window to the front; nothing happens when it does not answer.
     void BringAutoCADToFront();
+    /// All open documents in the host's order. Throws when the host does not answer.
+    std::shared_ptr<OpenDocuments> openDocuments();
     /// The open document of the drawing record with this key ("Z7"); the last one where several match, empty
     /// where none does.
     host::Document GetDocumentByKey(std::wstring_view key);
@@ -77,6 +96,8 @@ class basAutoCAD {
 
     Platform& platform_;
     NavigatorRecords& records_;
+    int looks_ = 0;
+    std::shared_ptr<OpenDocuments> seen_;  // only while a OneLook lives
     bool fileDialogsStillOff_ = false;
     std::wstring templateFolder_;
 };

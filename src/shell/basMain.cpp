@@ -81,6 +81,7 @@ void basMain::makeNavigator() {
 }
 
 void basMain::showMainWindow() {
+    const basAutoCAD::OneLook look(autoCAD);
     frmMain& form = *fMainForm;
     form.Form_Load();
     views->tree.BuildTree();

@@ -36,6 +36,7 @@ void frmMain::connectEvents() {
 }
 
 void frmMain::tvTreeView_NodeClick() {
+    const basAutoCAD::OneLook look(modules_->autoCAD);
     setDragMode();
     modules_->templates.CancelNewTemplate();
     SetTreeViewViewBySetting();
@@ -96,6 +97,7 @@ void frmMain::OpenListItem() {
     TreeNode* node = tvTreeView.find(entry->key());
     const wchar_t kind = entry->key().front();
     if (!node || (kind != L'A' && kind != L'B' && kind != L'Z')) return;
+    const basAutoCAD::OneLook look(modules_->autoCAD);
     tvTreeView.select(*node);
     node->setExpanded(true);
     SetTreeViewViewBySetting();

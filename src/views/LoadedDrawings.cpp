@@ -6,20 +6,14 @@
 
 namespace blattwart {
 
-namespace {
-
-constexpr std::int16_t present = -1;
-
-}  // namespace
-
 void LoadedDrawings::ReadLoadedDrawings() {
     if (!autoCAD_.gAcadDoc) return;
     try {
         tree_.ClearActiveMarks();
         ResetPresentFlags();
         const std::wstring activeName = autoCAD_.gAcadDoc.Name();
-        for (const host::Document& document : autoCAD_.gAcadApp.Documents().all())
-            readDrawing(document, activeName);
+        const std::shared_ptr<OpenDocuments> documents = autoCAD_.openDocuments();
+        for (OpenDocument& open : *documents) readDrawing(open, activeName);
         RemoveStaleNodes();
     } catch (const RuntimeError&) {
         messages_.show(L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!", applicationTitle,
@@ -27,16 +21,16 @@ void LoadedDrawings::ReadLoadedDrawings() {
     }
 }
 
-void LoadedDrawings::readDrawing(const host::Document& document, const std::wstring& activeName) {
+void LoadedDrawings::readDrawing(OpenDocument& open, const std::wstring& activeName) {
     records_.countNext();
-    const std::wstring name = document.Name();
-    const std::wstring path = document.Path();
+    const std::wstring& name = open.Name();
+    const std::wstring& path = open.Path();
     // By name alone: two drawings of one name in different folders are both shown as active. Intended.
     const bool isActive = name == activeName;
     std::int32_t drawingNumber = 0;
     if (!FindDrawingRecord(path, name, 0, drawingNumber, isActive))
         tree_.AddTreeNode(name, false, isActive, 0);
-    readLayouts(document, path, name, drawingNumber, isActive);
+    readLayouts(open.document(), path, name, drawingNumber, isActive);
 }
 
 void LoadedDrawings::readLayouts(const host::Document& document, const std::wstring& path,

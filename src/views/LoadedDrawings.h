@@ -29,7 +29,7 @@ class LoadedDrawings {
   private:
     using Index = std::unordered_multimap<std::wstring, CAcadobj*>;
 
-    void readDrawing(const host::Document& document, const std::wstring& activeName);
+    void readDrawing(OpenDocument& open, const std::wstring& activeName);
     void readLayouts(const host::Document& document, const std::wstring& path, const std::wstring& drawing,
                      std::int32_t drawingNumber, bool drawingIsActive);
     void ResetPresentFlags();

@@ -18,6 +18,7 @@ void basViewControls::RefreshTree() {
     database_.LoadTypes();
     database_.LoadBlocks();
 
+    const basAutoCAD::OneLook look(autoCAD_);
     const Update update(tree.view());
     tree.resetDrawingsRoot();
     tree.showAttached(static_cast<bool>(autoCAD_.gAcadApp));

@@ -254,6 +254,7 @@ TEST_F(List, ReadsTheHostOnceForEachClick) {
         calls.clear();
         click(L"Z1");
         EXPECT_EQ(calls.count(L"ConfigName"), 3U);
+        EXPECT_EQ(calls.count(L"Documents"), 1U);
         calls.clear();
         main->views->FillListForNode();
         const std::size_t filled = hostCalls(calls);
