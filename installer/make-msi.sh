@@ -9,10 +9,15 @@ folder_component=4DEE3DDF-66E1-48C8-BA90-DFA3D9DBF463
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
+# wixl takes its files from the folder where it is started.
+link() { ln -s "$(realpath "$1")" "$work/$2"; }
+link "$program" Blattwart.exe
+link "$help" Tarvix.chm
+link "$database" Tarvix.mdb
+link "$icon" Blattwart.ico
 msi=$work/installer.msi
-wixl -a "$arch" -D "Arch=$arch" -D "Version=$version" -D "FolderGuid=$folder_component" \
-    -D "Program=$program" -D "Help=$help" -D "Database=$database" -D "Icon=$icon" \
-    -o "$msi" "$here/Blattwart.wxs" >"$work/log" 2>&1 || { cat "$work/log" >&2; exit 1; }
+(cd "$work" && wixl -a "$arch" -D "Arch=$arch" -D "Version=$version" -D "FolderGuid=$folder_component" \
+    -o "$msi" "$here/Blattwart.wxs" >log 2>&1) || { cat "$work/log" >&2; exit 1; }
 
 # Texts are in Windows-1252.
 printf '\r\n\r\n1252\t_ForceCodepage\r\n' >"$work/_ForceCodepage.idt"
@@ -22,6 +27,9 @@ sql() { msibuild "$msi" -q "$1"; }
 
 # An office's database outlives the program (permanent, 16) and is never written over (128).
 sql "UPDATE Component SET Attributes = $([ "$arch" = x64 ] && echo 400 || echo 144) WHERE Component = 'Database'"
+
+# Only folders that are named here go when they are empty.
+sql "INSERT INTO CreateFolder (Directory_, Component_) VALUES ('LIBRARYDIR', 'Library')"
 
 # Where an older version lies, the newer one goes, and the one that is to be removed is found.
 sql 'CREATE TABLE CompLocator (Signature_ CHAR(72) NOT NULL, ComponentId CHAR(38) NOT NULL, Type INT
