@@ -13,8 +13,12 @@ std::wstring Document::Name() const {
     return getText({document, L"Name"});
 }
 
-std::wstring Document::Path() const {
-    return getText({document, L"Path"});
+DrawingFile Document::file() const {
+    const std::wstring full = getText({document, L"FullName"});
+    if (full.empty()) return {{}, Name()};
+    const std::size_t end = full.rfind(L'\\');
+    if (end == std::wstring::npos) return {{}, full};
+    return {full.substr(0, end), full.substr(end + 1)};
 }
 
 host::Layouts Document::Layouts() const {

@@ -6,6 +6,11 @@ namespace blattwart::host {
 
 enum class Space : std::int32_t { paper = 0, model = 1 };
 
+struct DrawingFile {
+    std::wstring folder;  ///< without a backslash at its end; "" for a drawing never saved
+    std::wstring name;    ///< with extension; an unsaved drawing has a default name
+};
+
 /// An open drawing.
 class Document : public HostObject {
   public:
@@ -13,8 +18,8 @@ class Document : public HostObject {
 
     /// File name with extension; an unsaved drawing has a default name.
     std::wstring Name() const;
-    /// Folder without a backslash at its end; "" for a drawing never saved.
-    std::wstring Path() const;
+    /// Two round trips for a drawing never saved.
+    DrawingFile file() const;
     host::Layouts Layouts() const;
     Layout ActiveLayout() const;
     void putActiveLayout(const Layout& layout) const;
@@ -32,8 +37,11 @@ class Document : public HostObject {
     /// trips.
     void registerApplication(const std::wstring& name) const;
 
-    /// Folder, backslash, file name: two round trips.
-    std::wstring fullName() const { return Path() + L"\\" + Name(); }
+    /// Folder, backslash, file name; round trips as for `file`.
+    std::wstring fullName() const {
+        const DrawingFile own = file();
+        return own.folder + L"\\" + own.name;
+    }
 };
 
 class Documents : public HostObject {

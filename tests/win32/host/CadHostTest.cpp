@@ -43,7 +43,7 @@ TEST_F(CadHost, ShowsItsDrawingsAndLayouts) {
     const std::vector<host::Document> documents = application.Documents().all();
     EXPECT_EQ(namesOf(documents), (std::vector<std::wstring>{L"Haus.dwg", L"Zeichnung1.dwg"}));
     EXPECT_EQ(documents[0].fullName(), L"C:\\Pläne\\Haus.dwg");
-    EXPECT_EQ(documents[1].Path(), L"");
+    EXPECT_EQ(documents[1].fullName(), L"\\Zeichnung1.dwg");
     EXPECT_EQ(namesOf(documents[0].Layouts().all()), (std::vector<std::wstring>{L"EG", L"Model", L"OG"}));
     EXPECT_EQ(application.ActiveDocument().Name(), L"Zeichnung1.dwg");
     documents[0].Activate();
