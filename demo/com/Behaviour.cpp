@@ -125,7 +125,8 @@ void writeReport(const std::wstring& file, const WireCounters& counters) {
     std::ofstream report{std::filesystem::path(file)};
     report << "idLookups " << counters.idLookups << "\ncalls " << counters.calls << "\nnexts "
            << counters.nexts << "\nrefused " << counters.refused << "\nobjects " << counters.objects
-           << "\nreleased " << counters.released << "\n";
+           << "\nreleased " << counters.released << "\nmessages " << counters.messages
+           << "\nreferences " << counters.references << "\n";
 }
 
 }  // namespace demo

@@ -3,6 +3,7 @@
 #include <objbase.h>
 #include <oleauto.h>
 
+#include "com/MessageCounter.h"
 #include "win32/ComError.h"
 
 namespace demo {
@@ -24,7 +25,9 @@ Server::Server(ServerClass server, const std::wstring& source)
       // Calls may still come in while the objects outlive the server.
       exporter_(std::make_shared<Exporter>(
           source, [behaviour = behaviour_] { return behaviour->admitCall(); },
-          [behaviour = behaviour_] { behaviour->callDone(); })) {}
+          [behaviour = behaviour_] { behaviour->callDone(); })) {
+    countMessages(exporter_);
+}
 
 Server::~Server() {
     exporter_->afterCall = {};

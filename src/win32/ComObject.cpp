@@ -7,8 +7,8 @@ namespace blattwart {
 
 namespace {
 
-/// Elements asked for in one message; collections are mostly far smaller.
-constexpr ULONG elementsAtOnce = 256;
+/// Elements asked for in one message: more than a drawing has layouts, so that one message brings all.
+constexpr ULONG elementsAtOnce = 512;
 
 /// Room for elements that frees what they hold.
 class VariantBuffer {

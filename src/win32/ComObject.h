@@ -12,6 +12,9 @@ class ComObject : public AutomationObject {
   public:
     ComObject(std::shared_ptr<ComSession> session, ComPtr<IDispatch> dispatch)
         : session_(std::move(session)), dispatch_(std::move(dispatch)) {}
+    ComObject(const ComObject&) = delete;
+    ComObject& operator=(const ComObject&) = delete;
+    ~ComObject() override { session_->letGo(std::move(dispatch_)); }
 
     using AutomationObject::call;
     Value get(const Member& member) override;

@@ -8,6 +8,7 @@
 #include "platform/Automation.h"
 #include "win32/BusyHost.h"
 #include "win32/ComValue.h"
+#include "win32/RecentObjects.h"
 
 namespace blattwart {
 
@@ -29,11 +30,17 @@ class ComSession : public ObjectBorder, public std::enable_shared_from_this<ComS
     /// The same without memory, for objects whose class is not known.
     DISPID lookUp(IDispatch& object, std::wstring_view name);
 
+    /// Takes over an object that the program needs no more. The host's stay for a while, see RecentObjects.
+    void letGo(ComPtr<IDispatch> dispatch) {
+        if (host_) recent_.keep(std::move(dispatch));
+    }
+
     ComPtr<IDispatch> toDispatch(const ObjectPtr& object) override;
     ObjectPtr fromDispatch(IDispatch* dispatch) override;
 
   private:
     BusyHost* host_;
+    RecentObjects recent_;
     std::map<std::pair<std::wstring_view, std::wstring_view>, std::optional<DISPID>> ids_;
 };
 
