@@ -48,7 +48,7 @@ void Drawing::takeBlock(Block& block, Objects& removed) {
 
 void Drawing::renameBlock(Block& block, const std::wstring& name) {
     blocksByName_.erase(folded(block.name()));
-    block.record->set(textGroup(2, name));
+    if (block.record) block.record->set(textGroup(2, name));
     block.begin->set(textGroup(2, name));
     block.begin->set(textGroup(3, name));
     blocksByName_.emplace(folded(name), &block);
