@@ -5,6 +5,7 @@
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 arch=$1 version=$2 program=$3 help=$4 database=$5 icon=$6 target=$7
+upgrade_code=EF62E138-4AAD-4F0D-A754-29EF2F1B8957
 folder_component=4DEE3DDF-66E1-48C8-BA90-DFA3D9DBF463
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -16,8 +17,8 @@ link "$help" Tarvix.chm
 link "$database" Tarvix.mdb
 link "$icon" Blattwart.ico
 msi=$work/installer.msi
-(cd "$work" && wixl -a "$arch" -D "Arch=$arch" -D "Version=$version" -D "FolderGuid=$folder_component" \
-    -o "$msi" "$here/Blattwart.wxs" >log 2>&1) || { cat "$work/log" >&2; exit 1; }
+(cd "$work" && wixl -a "$arch" -D "Arch=$arch" -D "Version=$version" -D "UpgradeCode=$upgrade_code" \
+    -D "FolderGuid=$folder_component" -o "$msi" "$here/Blattwart.wxs" >log 2>&1) || { cat "$work/log" >&2; exit 1; }
 
 # Texts are in Windows-1252.
 printf '\r\n\r\n1252\t_ForceCodepage\r\n' >"$work/_ForceCodepage.idt"
@@ -38,6 +39,11 @@ sql "INSERT INTO CompLocator (Signature_, ComponentId, Type) VALUES ('FindFolder
 sql "INSERT INTO AppSearch (Property, Signature_) VALUES ('INSTALLDIR', 'FindFolder')"
 sql "UPDATE Property SET Value = 'OLDERVERSION;NEWERVERSION;DEFDB;INSTALLDIR'
      WHERE Property = 'SecureCustomProperties'"
+
+# The same version again replaces as well (256 + 512), so that no two can ever stand beside each other.
+sql "DELETE FROM Upgrade WHERE ActionProperty = 'OLDERVERSION'"
+sql "INSERT INTO Upgrade (UpgradeCode, VersionMin, VersionMax, Attributes, ActionProperty)
+     VALUES ('{$upgrade_code}', '0.0.0', '$version', 768, 'OLDERVERSION')"
 
 # A path that the office has set stays.
 sql "UPDATE InstallExecuteSequence SET Condition = 'DEFDB ~= STARTDATABASE'
