@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "win32/SystemError.h"
+#include "win32/Win32Files.h"
 
 namespace blattwart {
 
@@ -33,11 +34,6 @@ struct CommandLine {
     std::wstring arguments;
 };
 
-bool isFile(const std::wstring& path) {
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-}
-
 /// Splits behind a quoted program, a program whose path with blanks is all there is, or the first blank.
 CommandLine split(const std::wstring& text) {
     if (text.starts_with(L'"')) {
@@ -47,7 +43,7 @@ CommandLine split(const std::wstring& text) {
         return {text.substr(1, end - 1), rest == std::wstring::npos ? L"" : text.substr(rest)};
     }
     const auto blank = text.find(L' ');
-    if (blank == std::wstring::npos || isFile(text)) return {text, {}};
+    if (blank == std::wstring::npos || Win32Files().exists(text)) return {text, {}};
     return {text.substr(0, blank), text.substr(blank + 1)};
 }
 
@@ -57,7 +53,7 @@ std::wstring withWindowsFolder(const std::wstring& program) {
     std::wstring folder(MAX_PATH, L'\0');
     folder.resize(GetWindowsDirectoryW(folder.data(), MAX_PATH));
     const std::wstring path = folder + L"\\" + program;
-    return isFile(path) ? path : program;
+    return Win32Files().exists(path) ? path : program;
 }
 
 }  // namespace
