@@ -1,6 +1,8 @@
 #include "host/CallRecorder.h"
 
 #include <algorithm>
+#include <map>
+#include <optional>
 
 namespace demo {
 
@@ -21,22 +23,44 @@ constexpr auto cannotStart = static_cast<std::int32_t>(0x80080005);
 }  // namespace
 
 struct CallRecorder::State {
+    /// One instance of the host, from its start to its end; each of its objects holds it.
+    struct Instance {
+        bool gone = false;
+    };
+    using InstancePtr = std::shared_ptr<Instance>;
+
     std::vector<RecordedCall> calls;
-    std::optional<std::pair<std::size_t, RuntimeError>> failure;
-    std::optional<std::size_t> goneFrom;
+    std::map<std::pair<std::size_t, Moment>, RuntimeError> failures;
+    std::optional<std::pair<std::size_t, Moment>> goneFrom;
+    InstancePtr host = std::make_shared<Instance>();
+    std::vector<std::weak_ptr<Instance>> ended;
     std::function<void(std::size_t)> beforeCall;
 
-    /// Notes a call; throws when it is to fail.
-    void enter(RecordedCall call, bool ofHost) {
-        const RecordedCall::Kind kind = call.kind;
+    /// Notes a call to an object of the instance, null for other programs. Throws when it is to fail.
+    std::size_t enter(RecordedCall call, const InstancePtr& instance) {
+        call.ofHost = instance != nullptr;
         calls.push_back(std::move(call));
-        if (beforeCall) beforeCall(calls.size());
-        if (failure && failure->first == calls.size()) throw RuntimeError(failure->second);
-        if (!ofHost || !goneFrom || calls.size() < *goneFrom) return;
-        if (kind == RecordedCall::Kind::running) throw RuntimeError(notRunning, L"Vorgang nicht verfügbar");
-        if (kind == RecordedCall::Kind::create)
-            throw RuntimeError(cannotStart, L"Starten des Servers fehlgeschlagen");
-        throw RuntimeError(blattwart::hresult::serverUnavailable, L"Der RPC-Server ist nicht verfügbar.");
+        const std::size_t number = calls.size();
+        if (beforeCall) beforeCall(number);
+        disturb(number, Moment::before, instance);
+        return number;
+    }
+
+    void disturb(std::size_t number, Moment moment, const InstancePtr& instance) {
+        const std::pair now(number, moment);
+        if (const auto failure = failures.find(now); failure != failures.end())
+            throw RuntimeError(failure->second);
+        if (goneFrom && now >= *goneFrom) host->gone = true;
+        if (!instance || !instance->gone) return;
+        switch (calls[number - 1].kind) {
+            case RecordedCall::Kind::running:
+                throw RuntimeError(notRunning, L"Vorgang nicht verfügbar");
+            case RecordedCall::Kind::create:
+                throw RuntimeError(cannotStart, L"Starten des Servers fehlgeschlagen");
+            default:
+                throw RuntimeError(blattwart::hresult::serverUnavailable,
+                                   L"Der RPC-Server ist nicht verfügbar.");
+        }
     }
 };
 
@@ -47,21 +71,25 @@ using StatePtr = std::shared_ptr<State>;
 
 class RecordedObject final : public AutomationObject {
   public:
-    RecordedObject(ObjectPtr inner, StatePtr state, bool ofHost)
-        : inner_(std::move(inner)), state_(std::move(state)), ofHost_(ofHost) {}
+    RecordedObject(ObjectPtr inner, StatePtr state, State::InstancePtr instance)
+        : inner_(std::move(inner)), state_(std::move(state)), instance_(std::move(instance)) {}
 
     Value get(const Member& member) override {
-        enter(RecordedCall::Kind::get, member);
-        return wrap(inner_->get(member));
+        const std::size_t number = enter(RecordedCall::Kind::get, member);
+        const Value result = inner_->get(member);
+        leave(number);
+        return wrap(result);
     }
 
     void put(const Member& member, const Value& value) override {
-        enter(RecordedCall::Kind::put, member);
+        const Argument argument(value);
+        const std::size_t number = enter(RecordedCall::Kind::put, member, std::span(&argument, 1));
         inner_->put(member, unwrap(value));
+        leave(number);
     }
 
     Value call(const Member& member, std::span<const Argument> arguments) override {
-        enter(RecordedCall::Kind::call, member);
+        const std::size_t number = enter(RecordedCall::Kind::call, member, arguments);
         std::vector<Value> values;
         for (const Argument& argument : arguments) values.push_back(unwrap(argument.value()));
         std::vector<Argument> passed;
@@ -69,6 +97,7 @@ class RecordedObject final : public AutomationObject {
             passed.push_back(arguments[i].byReference() ? Argument(&values[i]) : Argument(values[i]));
         }
         const Value result = inner_->call(member, std::span<const Argument>(passed));
+        leave(number);
         for (std::size_t i = 0; i < arguments.size(); ++i) {
             if (arguments[i].byReference()) arguments[i].assign(wrap(std::move(values[i])));
         }
@@ -76,20 +105,29 @@ class RecordedObject final : public AutomationObject {
     }
 
     std::vector<ObjectPtr> enumerate() override {
-        enter(RecordedCall::Kind::enumerate, {L"", L""});
+        const std::size_t number = enter(RecordedCall::Kind::enumerate, {L"", L""});
         std::vector<ObjectPtr> elements = inner_->enumerate();
+        leave(number);
         for (ObjectPtr& element : elements) element = wrapObject(std::move(element));
         return elements;
     }
 
   private:
-    void enter(RecordedCall::Kind kind, const Member& member) {
-        state_->enter({kind, std::wstring(member.className), std::wstring(member.name)}, ofHost_);
+    std::size_t enter(RecordedCall::Kind kind, const Member& member,
+                      std::span<const Argument> arguments = {}) {
+        RecordedCall call{kind, std::wstring(member.className), std::wstring(member.name), false, {}};
+        for (const Argument& argument : arguments) {
+            const Value& value = argument.value();
+            call.arguments.push_back(value.as<ObjectPtr>() || value.as<ValueArray>() ? Value() : value);
+        }
+        return state_->enter(std::move(call), instance_);
     }
+
+    void leave(std::size_t number) { state_->disturb(number, Moment::after, instance_); }
 
     ObjectPtr wrapObject(ObjectPtr object) const {
         if (!object) return nullptr;
-        return std::make_shared<RecordedObject>(std::move(object), state_, ofHost_);
+        return std::make_shared<RecordedObject>(std::move(object), state_, instance_);
     }
 
     Value wrap(Value value) const {
@@ -117,21 +155,24 @@ class RecordedObject final : public AutomationObject {
 
     ObjectPtr inner_;
     StatePtr state_;
-    bool ofHost_;
+    State::InstancePtr instance_;
 };
 
 std::wstring textOf(const RecordedCall& call) {
+    const std::wstring member = call.className + L"." + call.name;
     switch (call.kind) {
         case RecordedCall::Kind::running:
             return L"running " + call.className;
         case RecordedCall::Kind::create:
             return L"create " + call.className;
         case RecordedCall::Kind::get:
-            return L"get " + call.name;
+            return L"get " + member;
         case RecordedCall::Kind::put:
-            return L"put " + call.name;
+            return L"put " + member;
         case RecordedCall::Kind::call:
-            return L"call " + call.name;
+            return L"call " + member;
+        case RecordedCall::Kind::other:
+            return call.name;
         case RecordedCall::Kind::enumerate:
             break;
     }
@@ -160,17 +201,35 @@ void CallRecorder::clear() {
     state_->calls.clear();
 }
 
-void CallRecorder::failAt(std::size_t n, RuntimeError error) {
-    state_->failure.emplace(n, std::move(error));
+void CallRecorder::failAt(std::size_t n, RuntimeError error, Moment moment) {
+    state_->failures.insert_or_assign({n, moment}, std::move(error));
 }
 
-void CallRecorder::goneFrom(std::size_t n) {
-    state_->goneFrom = n;
+void CallRecorder::goneFrom(std::size_t n, Moment moment) {
+    state_->goneFrom.emplace(n, moment);
 }
 
 void CallRecorder::heal() {
-    state_->failure.reset();
+    state_->failures.clear();
     state_->goneFrom.reset();
+    if (state_->host->gone) hostEnded();
+}
+
+void CallRecorder::hostEnded() {
+    state_->ended.push_back(state_->host);
+    state_->host = std::make_shared<State::Instance>();
+}
+
+std::size_t CallRecorder::deadObjects() const {
+    std::size_t held = 0;
+    for (const auto& instance : state_->ended) held += static_cast<std::size_t>(instance.use_count());
+    return held;
+}
+
+bool CallRecorder::strikes(std::wstring_view name) {
+    return !blattwart::ignoringErrors([&] {
+        state_->enter({RecordedCall::Kind::other, L"", std::wstring(name), false, {}}, nullptr);
+    });
 }
 
 void CallRecorder::beforeCall(std::function<void(std::size_t)> action) {
@@ -178,15 +237,19 @@ void CallRecorder::beforeCall(std::function<void(std::size_t)> action) {
 }
 
 ObjectPtr CallRecorder::running(std::wstring_view name) {
-    const bool ofHost = name.starts_with(hostName);
-    state_->enter({RecordedCall::Kind::running, std::wstring(name), L""}, ofHost);
-    return std::make_shared<RecordedObject>(inner_.running(name), state_, ofHost);
+    return top(RecordedCall::Kind::running, name);
 }
 
 ObjectPtr CallRecorder::create(std::wstring_view name) {
-    const bool ofHost = name.starts_with(hostName);
-    state_->enter({RecordedCall::Kind::create, std::wstring(name), L""}, ofHost);
-    return std::make_shared<RecordedObject>(inner_.create(name), state_, ofHost);
+    return top(RecordedCall::Kind::create, name);
+}
+
+ObjectPtr CallRecorder::top(RecordedCall::Kind kind, std::wstring_view name) {
+    const State::InstancePtr instance = name.starts_with(hostName) ? state_->host : nullptr;
+    const std::size_t number = state_->enter({kind, std::wstring(name), L"", false, {}}, instance);
+    ObjectPtr object = kind == RecordedCall::Kind::create ? inner_.create(name) : inner_.running(name);
+    state_->disturb(number, Moment::after, instance);
+    return std::make_shared<RecordedObject>(std::move(object), state_, instance);
 }
 
 }  // namespace demo

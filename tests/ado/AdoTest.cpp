@@ -124,28 +124,6 @@ TEST_F(Ado, EachColumnTypeKeepsItsType) {
     }
 }
 
-TEST_F(Ado, EmptyTableHasNoRowToMoveTo) {
-    const auto recordset = select(write({mdb::typesTable()}), L"Typen");
-    EXPECT_EQ(get(recordset, L"EOF"), Value(true));
-    EXPECT_EQ(get(recordset, L"BOF"), Value(true));
-    EXPECT_EQ(get(objectIn(get(recordset, L"Fields")), L"Count"), Value(4));
-    EXPECT_EQ(errorOf([&] { call(recordset, L"MoveFirst"); }), 0x800A0BCD);
-    EXPECT_EQ(errorOf([&] { cell(recordset, L"typ"); }), 0x800A0BCD);
-}
-
-TEST_F(Ado, CloneStartsAtTheFirstRowAndOutlivesTheOriginal) {
-    const auto recordset = selectTypes();
-    call(recordset, L"MoveNext");
-    const auto clone = objectIn(call(recordset, L"Clone", {-1}));
-    EXPECT_EQ(cell(clone, L"TypenId"), Value(1));
-    call(recordset, L"MoveNext");
-    call(clone, L"MoveNext");
-    EXPECT_EQ(cell(recordset, L"TypenId"), Value(3));
-    call(recordset, L"Close");
-    EXPECT_EQ(get(recordset, L"State"), Value(0));
-    EXPECT_EQ(cell(clone, L"TypenId"), Value(2));
-}
-
 TEST_F(Ado, ChangesAreStoredByUpdateOrByMovingAway) {
     const auto recordset = selectTypes();
     const auto clone = objectIn(call(recordset, L"Clone", {1}));
@@ -187,18 +165,6 @@ TEST_F(Ado, FieldsAreReachedByNamePositionDefaultAndInTurn) {
     EXPECT_EQ(names, (std::vector<Value>{L"TypenId", L"typ", L"Verzeichnis", L"Info"}));
 }
 
-TEST_F(Ado, GetRowsTakesTheRowsFromTheCurrentOn) {
-    const auto recordset = selectTypes();
-    call(recordset, L"MoveNext");
-    const auto columns = call(recordset, L"GetRows", {2});
-    ASSERT_EQ(columns.as<ValueArray>()->size(), 4U);
-    EXPECT_EQ(columns.as<ValueArray>()->at(0), Value(ValueArray{2, 3}));
-    EXPECT_EQ(columns.as<ValueArray>()->at(1), Value(ValueArray{L"Stempelfelder", L"Blattränder"}));
-    EXPECT_EQ(call(recordset, L"GetRows").as<ValueArray>()->at(0), Value(ValueArray{4, 5, 6, 7}));
-    EXPECT_EQ(get(recordset, L"EOF"), Value(true));
-    EXPECT_EQ(errorOf([&] { call(recordset, L"GetRows"); }), 0x800A0BCD);
-}
-
 TEST_F(Ado, OpeningFailsAsTheRealOneDoes) {
     mdb::writeDatabase(file_, mdb::sampleTables());
     const auto open = [](const std::wstring& text, const AdoFaults& faults = {}) {
@@ -217,18 +183,6 @@ TEST_F(Ado, OpeningFailsAsTheRealOneDoes) {
     std::ofstream(file_) << "kein Jet";
     EXPECT_EQ(open(connectionString()), 0x80004005);
     EXPECT_EQ(errorOf([] { makeAdo(L"ADODB.Stream"); }), 0x800401F3);
-}
-
-TEST_F(Ado, RecordsetsNeedAnOpenConnectionAndAKnownTable) {
-    const auto connection = write(mdb::sampleTables());
-    EXPECT_EQ(errorOf([&] { call(connection, L"Open", {connectionString()}); }), 0x800A0E79);
-    EXPECT_EQ(errorOf([&] { select(connection, L"Fehlt"); }), 0x80040E37);
-    EXPECT_EQ(errorOf([&] { select(nullptr, L"Typen"); }), 0x800A0E7D);
-    const auto types = select(connection, L"Typen");
-    EXPECT_EQ(errorOf([&] { call(types, L"Open", {L"select * from Typen", connection}); }), 0x800A0E79);
-    EXPECT_EQ(errorOf([&] { call(types, L"Requery"); }), 0x80020006);
-    call(connection, L"Close");
-    EXPECT_EQ(errorOf([&] { select(connection, L"Typen"); }), 0x800A0E7D);
 }
 
 TEST_F(Ado, ClosingTheConnectionClosesItsRecordsets) {

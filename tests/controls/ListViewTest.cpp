@@ -174,25 +174,6 @@ TEST_F(ListViewTest, theSelectedItemIsTheFocusedOneElseTheFirst) {
     EXPECT_EQ(list.selected(), nullptr);
 }
 
-TEST_F(ListViewTest, refusesInvalidCalls) {
-    expectError(errorNumber::duplicateKey, [&] { list.add(L"L1", L"x"); });
-    expectError(errorNumber::elementNotFound, [&] { list.remove(L"L9"); });
-    for (const int index : {-1, 0, 1, 6})
-        expectError(errorNumber::invalidCall, [&] { list.row(0).setColumn(index, L"x"); });
-    for (const int index : {0, 6}) {
-        expectError(errorNumber::invalidCall, [&] { list.setColumnWidth(index, 1); });
-        expectError(errorNumber::invalidCall, [&] { list.setColumnPosition(index, 0); });
-        EXPECT_EQ(list.row(0).column(index), L"");
-    }
-    expectError(errorNumber::invalidCall, [&] { list.setColumnWidth(1, -1); });
-    for (const int position : {-1, 5})
-        expectError(errorNumber::invalidCall, [&] { list.setColumnPosition(1, position); });
-    for (const auto& positions : {std::vector<int>{}, {0, 1, 2, 3}, {0, 1, 2, 3, 3}, {1, 2, 3, 4, 5}})
-        expectError(errorNumber::invalidCall, [&] { list.setColumnPositions(positions); });
-    expectError(errorNumber::invalidCall, [&] { list.setSortKey(-2); });
-    EXPECT_EQ(recorder.taken(), Log{});
-}
-
 TEST_F(ListViewTest, everyColumnOrderIsReachedByMovesAndRestored) {
     const auto positions = [&] {
         std::vector<int> result;

@@ -8,20 +8,6 @@ namespace blattwart {
 
 namespace {
 
-TEST(ShortcutTest, isNamedAsOnGermanKeyboards) {
-    struct Case {
-        Shortcut shortcut;
-        const wchar_t* text;
-    };
-    for (const Case& c : {Case{{}, L""},
-                          {{'S', true}, L"Strg+S"},
-                          {{Shortcut::del}, L"Entf"},
-                          {{Shortcut::enter}, L"Eingabe"},
-                          {{Shortcut::f1}, L"F1"},
-                          {{Shortcut::f5, true}, L"Strg+F5"}})
-        EXPECT_EQ(c.shortcut.text(), c.text);
-}
-
 TEST(ToolBarTest, clicksReachEnabledButtonsOnly) {
     ToolBar toolBar;
     toolBar.add({L"Open", L""});
@@ -42,18 +28,6 @@ TEST(ToolBarTest, clicksReachEnabledButtonsOnly) {
     toolBar.userClicks(L"Details");
     EXPECT_EQ(clicked.size(), 2U);
     EXPECT_EQ(told, (std::vector<int>{3, 1}));
-}
-
-TEST(ControlTest, sizesAreNotNegative) {
-    ToolBar toolBar;
-    int changes = 0;
-    toolBar.changed = [&] { ++changes; };
-    toolBar.setHeight(10);
-    toolBar.setHeight(10);
-    expectError(errorNumber::invalidCall, [&] { toolBar.setHeight(-1); });
-    expectError(errorNumber::invalidCall, [&] { toolBar.setWidth(-0.5F); });
-    EXPECT_EQ(toolBar.height(), 10);
-    EXPECT_EQ(changes, 1);
 }
 
 }  // namespace

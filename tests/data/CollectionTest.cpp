@@ -41,20 +41,5 @@ TEST(CollectionTest, RefusesADuplicateKeyWithoutHarm) {
     EXPECT_EQ(L'c', *collection.Item(L"1"));
 }
 
-TEST(CollectionTest, RemovesByKeyAndByPositionAndFreesTheKey) {
-    Collection<wchar_t> collection = lettersWithKeys();
-    collection.Remove(L"12");
-    EXPECT_EQ(L"bc", contents(collection));
-    collection.Remove(2);
-    EXPECT_EQ(L"b", contents(collection));
-    EXPECT_THROW(collection.Remove(L"1"), RuntimeError);
-    collection.Add(std::make_shared<wchar_t>(L'e'), L"1");
-    EXPECT_EQ(L"be", contents(collection));
-    EXPECT_EQ(L'e', *collection.Item(L"1"));
-    collection.Clear();
-    EXPECT_EQ(0, collection.Count());
-    EXPECT_THROW(collection.Item(L"1"), RuntimeError);
-}
-
 }  // namespace
 }  // namespace blattwart::test

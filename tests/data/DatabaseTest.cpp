@@ -3,13 +3,15 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "ado/Ado.h"
+#include "host/CallRecorder.h"
+#include "host/DemoAutomation.h"
 #include "mdb/Database.h"
 #include "mdb/DefinitionTables.h"
 #include "support/TestPlatform.h"
-#include "support/TracedAutomation.h"
 
 namespace blattwart::test {
 namespace {
@@ -18,6 +20,7 @@ using demo::mdb::blocksTable;
 using demo::mdb::Row;
 using demo::mdb::typesTable;
 
+const RuntimeError error(static_cast<std::int32_t>(0x80004005), L"Unbekannter Fehler");
 const std::wstring openFailed = L"Fehler beim Öffnen der Def-Datenbank!";
 
 Row typeRow(Value id, Value name, Value folder, Value info = L"Beschreibung") {
@@ -33,6 +36,11 @@ Row blockRow(Value id, Value layer = L"0", Value factorX = 2.0) {
 class DatabaseTest : public testing::Test {
   protected:
     DatabaseTest() {
+        programs.setOtherPrograms([this](std::wstring_view name) {
+            ObjectPtr object = demo::makeAdo(name, faults);
+            made.push_back(object);
+            return object;
+        });
         world.messages.strict = true;
         world.registry.storeText(RegistryRoot::localMachine, "SOFTWARE\\Ormeda\\Tarvix 2.1", "DefDB",
                                  file.string());
@@ -63,12 +71,19 @@ class DatabaseTest : public testing::Test {
         return {rows, world.locale};
     }
 
+    /// Connections and recordsets that are still held.
+    std::ptrdiff_t heldObjects() const {
+        return std::ranges::count_if(made, [](const auto& object) { return !object.expired(); });
+    }
+
     using Names = std::vector<std::wstring>;
 
     std::filesystem::path file =
         std::filesystem::temp_directory_path() / ("blattwart-data-" + std::to_string(getpid()) + ".mdb");
     demo::AdoFaults faults;
-    TracedAutomation automation{[this](std::wstring_view name) { return demo::makeAdo(name, faults); }};
+    std::vector<std::weak_ptr<AutomationObject>> made;
+    demo::DemoAutomation programs;
+    demo::CallRecorder automation{programs};
     TestPlatform world{automation};
     basRegistry registry{world.registry, world.locale, world.files};
     std::wstring templateFolder = L"D:\\Vorlagen";
@@ -82,33 +97,26 @@ class DatabaseTest : public testing::Test {
 TEST_F(DatabaseTest, OpensAndClosesAsAgreedWithAdo) {
     write({typeRow(3, L"Pläne", L"E:\\Pläne")});
     database.LoadTypes();
-    const Names expected{L"create ADODB.Connection",
-                         L"Connection.CursorLocation = 3",
-                         L"Connection.Open(\"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.wstring() +
-                             L";\", \"\", \"\", -1)",
-                         L"create ADODB.Recordset",
-                         L"Recordset.Open(\"select * from Typen\", object, 3, 3, -1)",
-                         L"Recordset.Clone(-1)",
-                         L"Recordset.EOF",
-                         L"Recordset.MoveFirst()",
-                         L"Recordset.EOF",
-                         L"Recordset.Fields",
-                         L"Fields.Item(\"TypenId\")",
-                         L"Field.Value",
-                         L"Fields.Item(\"typ\")",
-                         L"Field.Value",
-                         L"Fields.Item(\"Verzeichnis\")",
-                         L"Field.Value",
-                         L"Fields.Item(\"Info\")",
-                         L"Field.Value",
-                         L"Recordset.MoveNext()",
-                         L"Recordset.EOF",
-                         L"Recordset.State",
-                         L"Recordset.Close()",
-                         L"Connection.State",
-                         L"Connection.Close()"};
-    EXPECT_EQ(expected, automation.log());
-    EXPECT_EQ(0U, automation.heldObjects());
+    const Names expected{L"create ADODB.Connection", L"put Connection.CursorLocation",
+                         L"call Connection.Open",    L"create ADODB.Recordset",
+                         L"call Recordset.Open",     L"call Recordset.Clone",
+                         L"get Recordset.EOF",       L"call Recordset.MoveFirst",
+                         L"get Recordset.EOF",       L"get Recordset.Fields",
+                         L"call Fields.Item",        L"get Field.Value",
+                         L"call Fields.Item",        L"get Field.Value",
+                         L"call Fields.Item",        L"get Field.Value",
+                         L"call Fields.Item",        L"get Field.Value",
+                         L"call Recordset.MoveNext", L"get Recordset.EOF",
+                         L"get Recordset.State",     L"call Recordset.Close",
+                         L"get Connection.State",    L"call Connection.Close"};
+    using Values = std::vector<Value>;
+    const std::wstring source = L"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + file.wstring() + L";";
+    EXPECT_EQ(Values{3}, automation.calls()[1].arguments);
+    EXPECT_EQ((Values{source, L"", L"", -1}), automation.calls()[2].arguments);
+    EXPECT_EQ((Values{L"select * from Typen", {}, 3, 3, -1}), automation.calls()[4].arguments);
+    EXPECT_EQ(Values{-1}, automation.calls()[5].arguments);
+    EXPECT_EQ(expected, automation.list());
+    EXPECT_EQ(0, heldObjects());
 }
 
 TEST_F(DatabaseTest, ReadsTypesUnderTheirIds) {
@@ -167,19 +175,6 @@ TEST_F(DatabaseTest, ReadsBlocksAndPassesOverCellsWithoutValue) {
     EXPECT_EQ(L"Rahmen", database.blocks().Item(3)->Layer);
 }
 
-TEST_F(DatabaseTest, EmptyTablesGiveEmptyListsWithoutAMove) {
-    write({typeRow(1, L"eins", L"E:")}, {blockRow(1)});
-    database.LoadTypes();
-    database.LoadBlocks();
-    write({});
-    automation.clearLog();
-    database.LoadTypes();
-    database.LoadBlocks();
-    EXPECT_EQ(0, database.types().Count());
-    EXPECT_EQ(0, database.blocks().Count());
-    for (const std::wstring& line : automation.log()) EXPECT_EQ(line.npos, line.find(L"Move"));
-}
-
 TEST_F(DatabaseTest, AFailedOpenIsToldOnceAndKeepsThePreviousLists) {
     write({typeRow(1, L"eins", L"E:")}, {blockRow(1)});
     database.LoadTypes();
@@ -195,7 +190,7 @@ TEST_F(DatabaseTest, AFailedOpenIsToldOnceAndKeepsThePreviousLists) {
     database.LoadBlocks();
     EXPECT_EQ(Names{L"eins"}, typeNames());
     EXPECT_EQ(1, database.blocks().Count());
-    EXPECT_EQ(0U, automation.heldObjects());
+    EXPECT_EQ(0, heldObjects());
 
     // A database without the table opens, so there is nothing to tell.
     demo::mdb::writeDatabase(file, {blocksTable()});
@@ -207,18 +202,16 @@ TEST_F(DatabaseTest, NoFailingCallLeavesAConnectionOrCostsALaterLoad) {
     write({typeRow(1, L"eins", L"E:"), typeRow(2, L"zwei", L"E:")});
     world.messages.strict = false;
     bool failed = true;
-    for (int failing = 1; failed; ++failing) {
+    for (std::size_t failing = 1; failed; ++failing) {
         world.messages.clear();
-        automation.clearLog();
-        automation.calls() = {.failAt = failing};
+        automation.clear();
+        automation.failAt(failing, error);
         database.LoadTypes();
-        failed = automation.calls().made >= failing;
+        failed = automation.count() >= failing;
         EXPECT_EQ(failing <= 3 ? Names{openFailed} : Names{}, world.messages.texts()) << failing;
-        EXPECT_EQ(0U, automation.heldObjects()) << failing;
-        EXPECT_TRUE(failing <= 3 || automation.log().back() == L"Connection.Close()" ||
-                    automation.log().back() == L"Connection.State")
-            << failing;
-        automation.calls() = {};
+        EXPECT_EQ(0, heldObjects()) << failing;
+        EXPECT_TRUE(failing <= 3 || automation.calls().back().className == L"Connection") << failing;
+        automation.heal();
         database.LoadTypes();
         EXPECT_EQ((Names{L"eins", L"zwei"}), typeNames()) << failing;
     }
@@ -239,23 +232,11 @@ TEST_F(DatabaseTest, WritesFoldersBackFromTheCurrentRowOn) {
     rows.MoveFirst();
     const std::wstring message = L"Speicherung der Verzeichnisse nicht möglich!";
     world.messages.expect(message);
-    automation.calls() = {.failAt = 1};
+    automation.clear();
+    automation.failAt(1, error);
     EXPECT_TRUE(types.Item(1)->WriteToDatabase(rows, world.messages));
     EXPECT_EQ((ShownBox{message, L"Blattwart", MessageButtons::ok, MessageIcon::exclamation}),
               world.messages.shown.back());
-}
-
-TEST(BlocksTest, AddsABlockWithItsValues) {
-    CBloecke blocks;
-    blocks.AddBlock(L"Pfeil", 1, 2, 3, 4, 5, 6, 7, 8, L"Nord", 9, 10, 11, L"unbenutzt", L"5");
-    const auto block = blocks.Item(L"5");
-    const std::vector<double> numbers{block->FaktorX,    block->FaktorY,    block->FaktorZ,   block->Drehung,
-                                      block->EinfPunktX, block->EinfPunktY, block->EinfPunktZ};
-    EXPECT_EQ((std::vector<double>{1, 2, 3, 4, 9, 10, 11}), numbers);
-    const std::vector<std::int32_t> ids{block->blockId, block->objId, block->VorlagenId, block->TypenId};
-    EXPECT_EQ((std::vector<std::int32_t>{5, 6, 7, 8}), ids);
-    EXPECT_EQ(L"Pfeil", block->Bezeichnung);
-    EXPECT_EQ(L"Nord", block->block);
 }
 
 }  // namespace

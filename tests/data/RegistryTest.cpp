@@ -77,43 +77,5 @@ TEST_F(RegistryTest, StoresTextWithoutNulAndReadsItBack) {
     EXPECT_EQ(0, registry.GetAutoEnd());
 }
 
-TEST_F(RegistryTest, EachPropertyHasItsOwnValue) {
-    fake.addKey(RegistryRoot::localMachine, path);
-    using Set = void (CRegistry::*)(const std::wstring&);
-    using Get = std::wstring (CRegistry::*)();
-    struct Property {
-        const char* name;
-        Set set;
-        Get get;
-    };
-    const Property properties[] = {{"AktKonfig", &CRegistry::TX_AktKonfig, &CRegistry::TX_AktKonfig},
-                                   {"DefDB", &CRegistry::TX_DefDB, &CRegistry::TX_DefDB},
-                                   {"TempDWGs", &CRegistry::TX_TempDWGs, &CRegistry::TX_TempDWGs},
-                                   {"Daten", &CRegistry::TX_Daten, &CRegistry::TX_Daten},
-                                   {"ColFormat", &CRegistry::ColFormat, &CRegistry::ColFormat},
-                                   {"Startanzeige", &CRegistry::TX_Startanzeige, &CRegistry::TX_Startanzeige},
-                                   {"LM_Beenden", &CRegistry::TX_LM_Beenden, &CRegistry::TX_LM_Beenden}};
-    CRegistry values(fake, locale);
-    for (const Property& property : properties)
-        (values.*property.set)(locale.fromAnsi(property.name) + L"äЖ");
-    for (const Property& property : properties) {
-        EXPECT_EQ(property.name + std::string("\xE4?"), stored(property.name)->bytes);
-        EXPECT_EQ(locale.fromAnsi(property.name) + L"ä?", (values.*property.get)());
-    }
-}
-
-TEST_F(RegistryTest, SurvivesEveryFailingCall) {
-    store("LM_Beenden", "0");
-    for (int call = 1; call <= 6; ++call) {
-        fake.calls = {.failAt = call};
-        const std::int16_t read = registry.GetAutoEnd();
-        EXPECT_TRUE(read == 0 || read == 1);
-        registry.SetAutoEnd(0);
-        EXPECT_EQ(6, fake.calls.made);
-        EXPECT_EQ(0U, fake.openKeys());
-        EXPECT_EQ("0", stored("LM_Beenden")->bytes);
-    }
-}
-
 }  // namespace
 }  // namespace blattwart::test

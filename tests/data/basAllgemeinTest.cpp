@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "host/DemoAutomation.h"
 #include "support/TestPlatform.h"
-#include "support/TracedAutomation.h"
 
 namespace blattwart::test {
 namespace {
@@ -12,7 +12,7 @@ class AllgemeinTest : public testing::Test {
   protected:
     AllgemeinTest() { world.messages.strict = true; }
 
-    TracedAutomation nothing{{}};
+    demo::DemoAutomation nothing;
     TestPlatform world{nothing};
     std::function<std::wstring()> hostFolder = [] { return std::wstring(L"D:\\Vorlagen"); };
     basAllgemein module{world.platform, [this] { return hostFolder(); }};

@@ -51,16 +51,6 @@ TEST(Drawing, ReadsTheLayoutsOfEachRelease) {
     }
 }
 
-TEST(Drawing, ReadsPlotSettings) {
-    const Drawing drawing = sample("Zeichnungen/Erdgeschoß Süd.dwg");
-    const PlotSettings overview = drawing.findLayout(L"ÜBERSICHT")->plotSettings();
-    EXPECT_EQ(overview, (PlotSettings{L"", L"HP DesignJet 500 (Büro, 2. OG)", L"ISO_A1_(841.00_x_594.00_MM)",
-                                      L"", L"acad.ctb", 841, 594, 1, 1, 1}));
-    const PlotSettings empty = drawing.findLayout(L"Leer")->plotSettings();
-    EXPECT_EQ(empty, (PlotSettings{L"", L"none_device", L"ISO_A4_(210.00_x_297.00_MM)", L"", L"", 210, 297, 1,
-                                   3, 4}));
-}
-
 TEST(Drawing, ReadsViewportsBlockReferencesAndTheirExtendedData) {
     const Drawing drawing = sample("Zeichnungen/Erdgeschoß Süd.dwg");
     const Layout& layout = *drawing.findLayout(L"Grundriß 1-50");
@@ -138,24 +128,6 @@ TEST(Drawing, KeepsUnknownSectionsGroupsAndComments) {
     drawing.setHeaderVariable("$HANDSEED", handleGroup(5, 0xFF));
     text.replace(text.find("$HANDSEED\r\n  5\r\n") + 16, 2, "FF");
     EXPECT_EQ(saved(drawing), text);
-}
-
-TEST(Drawing, OtherProgramsReadANewDrawing) {
-    Drawing drawing = Drawing::createEmpty();
-    EXPECT_EQ(tabs(drawing), (Tabs{L"Model", L"Layout1"}));
-    EXPECT_EQ(inspected(drawing), "AC1024 faults:\n0 Model: 0\n1 Layout1: 0\n");
-    drawing.setCurrentLayout(*drawing.findLayout(L"Layout1"));
-    drawing.addEntity(drawing.modelLayout().block(), "LINE",
-                      {{100, "AcDbEntity"},
-                       {8, "0"},
-                       {100, "AcDbLine"},
-                       {10, "0.0"},
-                       {20, "0.0"},
-                       {30, "0.0"},
-                       {11, "1.0"},
-                       {21, "0.0"},
-                       {31, "0.0"}});
-    EXPECT_EQ(inspected(drawing), "AC1024 faults:\n0 Model: 1\n1 Layout1: 1\n");
 }
 
 }  // namespace

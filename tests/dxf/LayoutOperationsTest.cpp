@@ -101,15 +101,6 @@ TEST_F(LayoutOperations, AddsAndNames) {
     EXPECT_EQ(inspected(drawing_).find("faults:\n"), 7u);
 }
 
-TEST_F(LayoutOperations, ChangesPlotSettings) {
-    PlotSettings settings = plan_.plotSettings();
-    settings.device = L"Plotter Straße";
-    settings.paperWidth = 123.456;
-    settings.plotType = 2;
-    plan_.setPlotSettings(settings);
-    EXPECT_EQ(loaded(saved(drawing_)).findLayout(plan_.handle())->plotSettings(), settings);
-}
-
 TEST_F(LayoutOperations, TemplateHoldsOneLayoutAndAnEmptyModel) {
     const Drawing result = drawing_.templateOf(overview_);
     EXPECT_EQ(tabs(result), (Tabs{L"Model", L"Übersicht"}));
@@ -141,13 +132,6 @@ TEST(LayoutImport, BringsWhatTheLayoutsNeed) {
     EXPECT_EQ(inspected(blank).find("faults:\n"), 7u) << inspected(blank);
     const std::vector<std::wstring> unknown = {L"gibt es nicht"};
     EXPECT_EQ(errorOf([&] { blank.importLayouts(source, unknown); }), errorNumber::elementNotFound);
-}
-
-TEST(LayoutImport, StopsAt255Layouts) {
-    Drawing drawing = Drawing::createEmpty();
-    for (int i = 2; i <= 255; ++i) drawing.addLayout(L"L" + std::to_wstring(i));
-    EXPECT_EQ(errorOf([&] { drawing.addLayout(L"zu viel"); }), errorNumber::invalidCall);
-    EXPECT_EQ(loaded(saved(drawing)).layouts().size(), 256u);
 }
 
 }  // namespace

@@ -54,18 +54,6 @@ TEST_F(CommandLineTest, LayoutOptions) {
     }
 }
 
-TEST_F(CommandLineTest, SetMakesALayoutCurrentInTheDocumentThatReceivesIt) {
-    const ObjectPtr first = open({L"A", L"B"}, L"Eins.dwg");
-    open({L"A"}, L"Zwei.dwg");
-    call(first, L"SendCommand", {Value(L"_layout\r_set\rb\r")});
-    EXPECT_EQ(get(first, L"Active"), Value(true));
-    EXPECT_EQ(get(object(first, L"ActiveLayout"), L"Name"), Value(L"B"));
-    ASSERT_EQ(host_->typedTexts().size(), 1u);
-    EXPECT_EQ(host_->typedTexts()[0].document, L"C:\\Projekte\\Eins.dwg");
-    EXPECT_EQ(host_->typedTexts()[0].text, L"_layout\r_set\rb\r");
-    EXPECT_EQ(host_->typedTexts()[0].filedia, 1);
-}
-
 TEST_F(CommandLineTest, AnswersMayComeInPieces) {
     open({L"A", L"B"});
     const ObjectPtr state = *call(application_, L"GetAcadState").as<ObjectPtr>();
@@ -94,25 +82,6 @@ TEST_F(CommandLineTest, SavesALayoutAsTemplate) {
     EXPECT_EQ(activity(), 0);
     host_->newDocument(L"Mein Blatt");
     EXPECT_EQ(tabs(), (Names{L"A"}));
-}
-
-TEST_F(CommandLineTest, GermanOptionsMeanNothingElsewhere) {
-    restart({.language = Language::english});
-    open({L"A"});
-    host_->setFiledia(0);
-    send(L"_layout\rSI\rA\rC:\\Vorlagen\\X.dwt\r");
-    EXPECT_FALSE(host_->disk().exists(L"C:\\Vorlagen\\X.dwt"));
-    EXPECT_EQ(activity(), 1);
-}
-
-TEST_F(CommandLineTest, SpacesEndPathsWhereTheHostIsSetUpSo) {
-    restart({.pathsEndAtSpace = true});
-    open({L"A"});
-    host_->setFiledia(0);
-    send(L"_layout\rSI\rA\rC:\\Vorlagen\\Mein Blatt.dwt\r");
-    EXPECT_TRUE(host_->disk().exists(L"C:\\Vorlagen\\Mein.dwt"));
-    send(L"_layout\rSI\rA\r\"C:\\Vorlagen\\Mein Blatt.dwt\"\r");
-    EXPECT_TRUE(host_->disk().exists(L"C:\\Vorlagen\\Mein Blatt.dwt"));
 }
 
 TEST_F(CommandLineTest, InsertsLayoutsThatTheUserChooses) {
@@ -154,16 +123,6 @@ TEST_F(CommandLineTest, ClosingAndSavingAskTheUser) {
     EXPECT_EQ(host_->activeDocument()->fullName(), L"C:\\Projekte\\Anders.dwg");
     send(L"_Close\r");
     EXPECT_TRUE(host_->documents().empty()) << "nothing to save, nothing to ask";
-}
-
-TEST_F(CommandLineTest, ClosingWithChangesSavesThem) {
-    open({L"A"});
-    send(L"_layout\r_new\rB\r");
-    send(L"_Close\r");
-    host_->answerDialog(L"Ja");
-    EXPECT_TRUE(host_->documents().empty());
-    host_->openFile(L"C:\\Projekte\\Plan.dwg");
-    EXPECT_EQ(tabs(), (Names{L"A", L"B"}));
 }
 
 TEST_F(CommandLineTest, DesignCenterReadsOnePathAndUnknownCommandsDoNoHarm) {

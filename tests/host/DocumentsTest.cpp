@@ -1,5 +1,4 @@
 #include "HostFixture.h"
-#include "object/DispatchObject.h"
 
 namespace demo {
 
@@ -11,22 +10,6 @@ TEST_F(HostTest, WithoutADocumentOnlyTheApplicationAnswers) {
     EXPECT_EQ(errorOf([&] { get(application_, L"ActiveDocument"); }), code(0x8021003C));
     EXPECT_EQ(errorOf([&] { get(application_, L"Preferences"); }), code(0x8021003C));
     EXPECT_EQ(get(application_, L"Visible"), Value(false));
-}
-
-TEST_F(HostTest, MembersHaveIdsByClassAndNamesWithoutCase) {
-    const ObjectPtr document = open({L"A"});
-    const auto idOf = [](const ObjectPtr& object, std::wstring_view name) {
-        return std::dynamic_pointer_cast<DispatchObject>(object)->memberId(name);
-    };
-    EXPECT_EQ(idOf(document, L"Name"), 0x23);
-    EXPECT_EQ(idOf(layout(document, L"A"), L"NAME"), 0x1);
-    EXPECT_EQ(idOf(object(layout(document, L"A"), L"Block"), L"name"), 0x601);
-    EXPECT_EQ(idOf(layout(document, L"A"), L"GetXData"), 0x402);
-    EXPECT_EQ(idOf(document, L"PostCommand"), std::nullopt);
-    EXPECT_EQ(errorOf([&] { call(document, L"PostCommand", {Value(L"x")}); }), code(0x80020006));
-    EXPECT_EQ(errorOf([&] { put(document, L"Name", L"x"); }), code(0x80020003));
-    EXPECT_EQ(errorOf([&] { call(document, L"SendCommand"); }), code(0x8002000E));
-    EXPECT_EQ(errorOf([&] { call(document, L"SendCommand", {Value(1.0)}); }), code(0x80020005));
 }
 
 TEST_F(HostTest, IdsAndWindowHandlesAreAsWideAsTheHost) {
@@ -70,16 +53,6 @@ TEST_F(HostTest, NewDrawingsHaveNoPathUntilTheyAreSaved) {
     EXPECT_EQ(names(object(again, L"Layouts")), (Names{L"Grundriß", L"Layout1", L"Model"}));
 }
 
-TEST_F(HostTest, OpenRefusesMissingAndUnsuitableFiles) {
-    const ObjectPtr documents = object(application_, L"Documents");
-    std::filesystem::create_directory(root_ / "C" / "Projekte" / "Ordner.dwg");
-    EXPECT_NE(errorOf([&] { call(documents, L"Open", {Value(L"C:\\Projekte\\fehlt.dwg")}); }), 0);
-    EXPECT_EQ(errorOf([&] { call(documents, L"Open", {Value(L"C:\\Projekte\\Ordner.dwg")}); }),
-              code(0x80200157));
-    EXPECT_NE(errorOf([&] { call(documents, L"Add", {Value(L"fehlt.dwt")}); }), 0);
-    EXPECT_TRUE(host_->documents().empty());
-}
-
 TEST_F(HostTest, TheUserClosesAndSwitchesDocuments) {
     const ObjectPtr first = open({L"A"}, L"Eins.dwg");
     const ObjectPtr second = open({L"B"}, L"Zwei.dwg");
@@ -112,36 +85,6 @@ TEST_F(HostTest, SystemVariablesKeepTheirTypes) {
                   call(document, L"SetVariable", {Value(L"CMDACTIVE"), Value(std::int16_t{0})});
               }),
               0);
-}
-
-TEST_F(HostTest, MacrosAreUnknownUntilTheirProjectIsLoaded) {
-    open({L"A", L"B"});
-    const auto run = [&](const wchar_t* macro) {
-        return errorOf([&] { call(application_, L"RunMacro", {Value(macro)}); });
-    };
-    const auto load = [&](const wchar_t* file) {
-        return errorOf([&] { call(application_, L"LoadDVB", {Value(file)}); });
-    };
-    EXPECT_NE(run(L"Programm.TX_Layout"), 0);
-    EXPECT_NE(load(L"C:\\Programme\\Anders.dvb"), 0);
-    EXPECT_EQ(load(L"C:\\Programme\\Tarvix.dvb"), 0);
-    EXPECT_NE(run(L"Programm.TX_Fehlt"), 0);
-    EXPECT_EQ(run(L"Programm.TX_Layout"), 0);
-    EXPECT_EQ(tabs(), (Names{L"A", L"B", L"Layout3"}));
-    EXPECT_EQ(run(L"Programm.TX_DelLayout"), 0);
-    EXPECT_EQ(tabs(), (Names{L"B", L"Layout3"}));
-
-    restart({.vbaInstalled = false});
-    EXPECT_NE(load(L"C:\\Programme\\Tarvix.dvb"), 0);
-    EXPECT_NE(run(L"Programm.TX_Starten"), 0);
-}
-
-TEST_F(HostTest, PreferencesAndPersona) {
-    restart({.language = Language::english, .templateFolder = L"C:\\Vorlagen\\"});
-    EXPECT_EQ(host_->newDocument()->name(), L"Drawing1.dwg");
-    const ObjectPtr files = object(object(application_, L"Preferences"), L"Files");
-    EXPECT_EQ(get(files, L"TemplateDWGPath"), Value(L"C:\\Vorlagen\\"));
-    EXPECT_EQ(host_->templatePath(L"A3", L".dwt"), L"C:\\Vorlagen\\A3.dwt");
 }
 
 }  // namespace

@@ -41,22 +41,6 @@ TEST_F(HostTest, ActiveLayoutAndActiveSpaceAgree) {
     EXPECT_EQ(get(other, L"Active"), Value(true));
 }
 
-TEST_F(HostTest, RenamingAndDeletingRefuseWhatTheHostRefuses) {
-    const ObjectPtr document = open({L"A", L"B"});
-    const ObjectPtr b = layout(document, L"B");
-    for (const wchar_t* wrong : {L"a", L"MODEL", L"x*y", L""}) {
-        EXPECT_NE(errorOf([&] { put(b, L"Name", wrong); }), 0);
-    }
-    EXPECT_NE(errorOf([&] { put(layout(document, L"Model"), L"Name", L"C"); }), 0);
-    put(b, L"Name", L"b");
-    EXPECT_EQ(tabs(), (Names{L"A", L"b"}));
-    EXPECT_NE(errorOf([&] { call(layout(document, L"Model"), L"Delete"); }), 0);
-    call(b, L"Delete");
-    EXPECT_NE(errorOf([&] { get(b, L"Name"); }), 0);
-    EXPECT_NE(errorOf([&] { call(layout(document, L"A"), L"Delete"); }), 0);
-    EXPECT_EQ(tabs(), (Names{L"A"}));
-}
-
 TEST_F(HostTest, TheSheetViewportAppearsWhenALayoutWasCurrent) {
     const ObjectPtr document = open({L"A", L"B"});
     const ObjectPtr block = object(layout(document, L"B"), L"Block");
@@ -163,26 +147,6 @@ TEST_F(EntitiesTest, ExtendedDataComeBackInTheirTypes) {
     host_->activeDocument()->drawing().audit();
     call(viewport, L"GetXData", {Value(L"tarvix"), &readTypes, &readValues});
     EXPECT_EQ((*readValues.as<ValueArray>())[2], Value(L"0"));
-}
-
-TEST_F(EntitiesTest, ExtendedDataThatTheHostRefuses) {
-    const auto set = [&](const ShortArray& types, const ValueArray& values) {
-        return errorOf([&] { call(entities_[0], L"SetXData", {Value(types), Value(values)}); });
-    };
-    EXPECT_NE(set({1001, 1005}, {L"Tarvix", L"kein Handle"}), 0);
-    EXPECT_NE(set({1000}, {L"ohne Namen"}), 0);
-    EXPECT_NE(set({1001, 1000}, {L"Tarvix"}), 0);
-    EXPECT_NE(set({1001, 1000}, {L"Tarvix", 1.0}), 0);
-    EXPECT_NE(set({1001, 1070}, {L"Tarvix", std::int32_t{70000}}), 0);
-    EXPECT_EQ(set({1001, 1000}, {L"Tarvix", L"geht"}), 0);
-
-    host_->options().strictXData = true;
-    EXPECT_NE(set({1001, 1000}, {L"Unbekannt", L"x"}), 0);
-    const ObjectPtr applications = object(document_, L"RegisteredApplications");
-    call(applications, L"Add", {Value(L"Unbekannt")});
-    call(applications, L"Add", {Value(L"UNBEKANNT")});
-    EXPECT_EQ(set({1001, 1000}, {L"Unbekannt", L"x"}), 0);
-    EXPECT_EQ(std::ranges::count(names(applications), L"Unbekannt"), 1);
 }
 
 }  // namespace

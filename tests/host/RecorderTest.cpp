@@ -58,14 +58,14 @@ TEST_F(RecorderTest, IsTransparentAndSeesEverything) {
     EXPECT_EQ(elements.front()->get({L"Layout", L"Name"}), Value(L"A"));
 
     const std::vector<std::wstring> expected{L"running AutoCAD.Application.18",
-                                             L"get ActiveDocument",
-                                             L"get Layouts",
-                                             L"call Item",
-                                             L"put ActiveLayout",
-                                             L"call GetPaperSize",
-                                             L"get Layouts",
+                                             L"get Application.ActiveDocument",
+                                             L"get Document.Layouts",
+                                             L"call Layouts.Item",
+                                             L"put Document.ActiveLayout",
+                                             L"call Layout.GetPaperSize",
+                                             L"get Document.Layouts",
                                              L"enumerate",
-                                             L"get Name"};
+                                             L"get Layout.Name"};
     EXPECT_EQ(recorder_.list(), expected);
     EXPECT_EQ(recorder_.count(L"Layouts"), 2u);
     EXPECT_EQ(recorder_.calls()[3].className, L"Layouts");
@@ -78,14 +78,23 @@ TEST_F(RecorderTest, MakesOneCallFailOrAllFromOneOn) {
     EXPECT_EQ(errorOf([&] { layout(L"A"); }), 0);
     EXPECT_EQ(recorder_.count(), 4u);
 
-    recorder_.clear();
     recorder_.heal();
+    recorder_.clear();
+    recorder_.failAt(2, RuntimeError(8, L"Absicht"), Moment::after);
+    EXPECT_EQ(errorOf([&] { layout(L"A"); }), 8);
+
+    recorder_.heal();
+    recorder_.clear();
     recorder_.goneFrom(2);
     EXPECT_EQ(errorOf([&] { layout(L"A"); }), blattwart::hresult::serverUnavailable);
     EXPECT_EQ(errorOf([&] { recorder_.running(hostName); }), code(0x800401E3));
     EXPECT_NE(errorOf([&] { recorder_.create(hostName); }), 0);
+    // It comes back as another one; the objects of the first stay dead.
     recorder_.heal();
-    EXPECT_EQ(errorOf([&] { layout(L"A"); }), 0);
+    EXPECT_EQ(errorOf([&] { layout(L"A"); }), blattwart::hresult::serverUnavailable);
+    EXPECT_EQ(recorder_.deadObjects(), 2u);
+    document_ = application_ = recorder_.running(hostName);
+    EXPECT_EQ(recorder_.deadObjects(), 0u);
     EXPECT_FALSE(recorder_.callPending());
     recorder_.setCallPending(true);
     EXPECT_TRUE(recorder_.callPending());

@@ -53,18 +53,6 @@ TEST_F(DatabaseFile, SampleIsReadBackValueForValue) {
     EXPECT_EQ(count("Bloecke"), "9\n");
 }
 
-TEST_F(DatabaseFile, SchemaHasTypesSizesAndKeys) {
-    writeDatabase(file_, sampleTables());
-    const auto schema = output("mdb-schema " + file_.string());
-    for (const char* column :
-         {"[TypenId]\t\t\tLong Integer", "[typ]\t\t\tText (50)", "[Verzeichnis]\t\t\tText (255)",
-          "[VorlagenId]\t\t\tLong Integer", "[EinfPunktZ]\t\t\tDouble", "[Layer]\t\t\tText (100)"})
-        EXPECT_NE(schema.find(column), schema.npos) << column;
-    const auto keys = output("mdb-schema " + file_.string() + " postgres");
-    EXPECT_NE(keys.find(R"("typen_pkey" PRIMARY KEY ("typenid"))"), keys.npos);
-    EXPECT_NE(keys.find(R"("bloecke_pkey" PRIMARY KEY ("blockid"))"), keys.npos);
-}
-
 TEST_F(DatabaseFile, RowsFillManyPages) {
     std::vector<Row> rows;
     for (std::int32_t i = 0; i < 4000; ++i) rows.push_back(blockRow((i * 2741) % 4000 - 2000, i));

@@ -51,7 +51,7 @@ void FakeFiles::lock(const std::wstring& path) {
 }
 
 std::vector<std::wstring> FakeFiles::list(const std::wstring& pattern) {
-    if (calls.fails()) throwDenied();
+    if (fails(L"Files.list")) throwDenied();
     const std::wstring upperFolder = locale_.upperCase(folderOf(pattern));
     if (!folders_.contains(upperFolder))
         throw RuntimeError(errorNumber::pathNotFound, L"Pfad nicht gefunden");
@@ -65,11 +65,11 @@ std::vector<std::wstring> FakeFiles::list(const std::wstring& pattern) {
 }
 
 bool FakeFiles::exists(const std::wstring& path) {
-    return !calls.fails() && find(path) != files_.end();
+    return !fails(L"Files.exists") && find(path) != files_.end();
 }
 
 void FakeFiles::remove(const std::wstring& path) {
-    if (calls.fails()) throwDenied();
+    if (fails(L"Files.remove")) throwDenied();
     const auto file = find(path);
     if (file == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
     if (locked_.contains(locale_.upperCase(path))) throwDenied();

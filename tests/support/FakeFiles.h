@@ -1,10 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <set>
 #include <string_view>
 
 #include "platform/Files.h"
-#include "support/CallCount.h"
 #include "support/GermanLocale.h"
 
 namespace blattwart::test {
@@ -13,7 +13,8 @@ namespace blattwart::test {
 class FakeFiles : public Files {
   public:
     std::wstring folder = L"C:\\Programme\\Blattwart";  ///< the executable's
-    CallCount calls;  ///< of list, exists and remove; a failing exists says no
+    /// Asked before each call, by its name; true lets it fail. A failing exists says no.
+    std::function<bool(std::wstring_view call)> fails = [](std::wstring_view) { return false; };
 
     /// Adds a file and the folder that it is in.
     void add(const std::wstring& path);

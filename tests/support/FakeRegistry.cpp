@@ -40,7 +40,7 @@ const FakeRegistry::Entry* FakeRegistry::find(RegistryRoot root, const std::stri
 std::int32_t FakeRegistry::openKey(RegistryRoot root, const std::string& path, std::uint32_t access,
                                    RegistryKey& key) {
     key = 0;
-    if (calls.fails()) return accessDenied;
+    if (fails(L"Registry.openKey")) return accessDenied;
     if (!keys_.contains({root, folded(path)})) return fileNotFound;
     if ((access & setValueAccess) && !writable) return accessDenied;
     key = ++lastHandle_;
@@ -50,7 +50,7 @@ std::int32_t FakeRegistry::openKey(RegistryRoot root, const std::string& path, s
 
 std::int32_t FakeRegistry::queryValue(RegistryKey key, const std::string& name, std::uint32_t& type,
                                       std::span<char> buffer, std::uint32_t& size) {
-    if (calls.fails()) return accessDenied;
+    if (fails(L"Registry.queryValue")) return accessDenied;
     if (const std::int32_t error = check(key, queryValueAccess)) return error;
     const auto& values = keys_[handles_.at(key).path];
     const auto value = values.find(folded(name));
@@ -70,7 +70,7 @@ std::int32_t FakeRegistry::queryValue(RegistryKey key, const std::string& name, 
 
 std::int32_t FakeRegistry::setValue(RegistryKey key, const std::string& name, std::uint32_t type,
                                     std::span<const char> data) {
-    if (calls.fails()) return accessDenied;
+    if (fails(L"Registry.setValue")) return accessDenied;
     if (const std::int32_t error = check(key, setValueAccess)) return error;
     keys_[handles_.at(key).path][folded(name)] = {type, std::string(data.begin(), data.end())};
     return success;
@@ -78,8 +78,8 @@ std::int32_t FakeRegistry::setValue(RegistryKey key, const std::string& name, st
 
 std::int32_t FakeRegistry::closeKey(RegistryKey key) {
     // A close that is told to fail still closes.
-    const bool fails = calls.fails();
-    return handles_.erase(key) == 0 ? invalidHandle : fails ? accessDenied : success;
+    const bool failing = fails(L"Registry.closeKey");
+    return handles_.erase(key) == 0 ? invalidHandle : failing ? accessDenied : success;
 }
 
 std::int32_t FakeRegistry::check(RegistryKey key, std::uint32_t right) const {

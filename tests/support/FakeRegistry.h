@@ -1,10 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <utility>
 
 #include "platform/Registry.h"
-#include "support/CallCount.h"
 
 namespace blattwart::test {
 
@@ -32,7 +32,8 @@ class FakeRegistry : public Registry {
     const Entry* find(RegistryRoot root, const std::string& path, const std::string& name) const;
 
     bool writable = true;  ///< false: opening for writing is denied, as for plain users
-    CallCount calls;       ///< a failing call is denied
+    /// Asked before each call, by its name; true denies it.
+    std::function<bool(std::wstring_view call)> fails = [](std::wstring_view) { return false; };
     std::size_t openKeys() const { return handles_.size(); }
 
     std::int32_t openKey(RegistryRoot root, const std::string& path, std::uint32_t access,

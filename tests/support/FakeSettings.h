@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 
 #include "platform/RuntimeError.h"
@@ -11,7 +12,8 @@ namespace blattwart::test {
 class FakeSettings : public Settings {
   public:
     std::map<std::wstring, std::wstring, std::less<>> values;
-    bool writable = true;
+    /// Asked before each writing; true denies it.
+    std::function<bool(std::wstring_view call)> fails = [](std::wstring_view) { return false; };
     int writes = 0;
 
     std::wstring get(std::wstring_view key, std::wstring_view defaultText) const override {
@@ -20,7 +22,7 @@ class FakeSettings : public Settings {
     }
     void set(std::wstring_view key, std::wstring_view text) override {
         ++writes;
-        if (!writable) throw RuntimeError(errorNumber::invalidCall, L"Zugriff verweigert");
+        if (fails(L"Settings.set")) throw RuntimeError(errorNumber::invalidCall, L"Zugriff verweigert");
         values.insert_or_assign(std::wstring(key), std::wstring(text));
     }
     std::wstring location(std::wstring_view key) const override {
