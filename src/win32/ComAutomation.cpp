@@ -39,8 +39,8 @@ bool isSameObject(IDispatch* a, IDispatch* b) {
 
 }  // namespace
 
-ComAutomation::ComAutomation(Guard& guard, BusyHost& busyHost)
-    : busyHost_(busyHost), filter_(guard, busyHost), components_(std::make_shared<ComSession>(nullptr)) {}
+ComAutomation::ComAutomation(BusyHost& busyHost)
+    : busyHost_(busyHost), filter_(busyHost), components_(std::make_shared<ComSession>(nullptr)) {}
 
 ObjectPtr ComAutomation::running(std::wstring_view name) {
     const CLSID id = classNamed(name);

@@ -13,7 +13,7 @@ namespace blattwart {
 class ComAutomation : public Automation {
   public:
     /// Registers the message filter of the thread. Throws RuntimeError.
-    ComAutomation(Guard& guard, BusyHost& busyHost);
+    explicit ComAutomation(BusyHost& busyHost);
 
     ObjectPtr running(std::wstring_view name) override;
     /// Components that load into this process are never busy; programs are started and may take a while.

@@ -13,35 +13,30 @@ namespace {
 
 class MessageFilter : public ComBase<IMessageFilter> {
   public:
-    MessageFilter(Guard& guard, BusyHost& busyHost) : guard_(guard), busyHost_(busyHost) {}
+    explicit MessageFilter(BusyHost& busyHost) : busyHost_(busyHost) {}
 
     DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) override {
         return SERVERCALL_ISHANDLED;
     }
     DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK, DWORD, DWORD) override { return static_cast<DWORD>(-1); }
     DWORD STDMETHODCALLTYPE MessagePending(HTASK, DWORD milliseconds, DWORD) override {
-        return guard_.guarded(
-            [&] {
-                const bool waits = busyHost_.goOnWaiting(std::chrono::milliseconds(milliseconds));
-                return static_cast<DWORD>(waits ? PENDINGMSG_WAITDEFPROCESS : PENDINGMSG_CANCELCALL);
-            },
-            DWORD{PENDINGMSG_WAITDEFPROCESS});
+        const bool waits = busyHost_.goOnWaiting(std::chrono::milliseconds(milliseconds));
+        return static_cast<DWORD>(waits ? PENDINGMSG_WAITDEFPROCESS : PENDINGMSG_CANCELCALL);
     }
 
   private:
-    Guard& guard_;
     BusyHost& busyHost_;
 };
 
 }  // namespace
 
-ComPtr<IMessageFilter> makeMessageFilter(Guard& guard, BusyHost& busyHost) {
-    return makeCom<MessageFilter>(guard, busyHost);
+ComPtr<IMessageFilter> makeMessageFilter(BusyHost& busyHost) {
+    return makeCom<MessageFilter>(busyHost);
 }
 
-MessageFilterRegistration::MessageFilterRegistration(Guard& guard, BusyHost& busyHost) {
+MessageFilterRegistration::MessageFilterRegistration(BusyHost& busyHost) {
     const HRESULT result =
-        CoRegisterMessageFilter(makeMessageFilter(guard, busyHost).Get(), previous_.GetAddressOf());
+        CoRegisterMessageFilter(makeMessageFilter(busyHost).Get(), previous_.GetAddressOf());
     if (FAILED(result)) throw RuntimeError(result, L"Der Nachrichtenfilter lässt sich nicht anmelden.");
 }
 

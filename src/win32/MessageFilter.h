@@ -5,7 +5,7 @@
 #include <objidl.h>
 #include <wrl/client.h>
 
-#include "win32/Guard.h"
+#include "win32/BusyHost.h"
 
 namespace blattwart {
 
@@ -15,7 +15,7 @@ namespace blattwart {
 /// otherwise.
 class MessageFilterRegistration {
   public:
-    MessageFilterRegistration(Guard& guard, BusyHost& busyHost);
+    explicit MessageFilterRegistration(BusyHost& busyHost);
     MessageFilterRegistration(const MessageFilterRegistration&) = delete;
     MessageFilterRegistration& operator=(const MessageFilterRegistration&) = delete;
     ~MessageFilterRegistration();
@@ -25,6 +25,6 @@ class MessageFilterRegistration {
 };
 
 /// The filter itself, apart from its registration.
-Microsoft::WRL::ComPtr<IMessageFilter> makeMessageFilter(Guard& guard, BusyHost& busyHost);
+Microsoft::WRL::ComPtr<IMessageFilter> makeMessageFilter(BusyHost& busyHost);
 
 }  // namespace blattwart

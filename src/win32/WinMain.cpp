@@ -100,7 +100,7 @@ class Application {
     Win32MessageBoxes messages_;
     BusyHost busyHost_;
     Guard guard_{busyHost_, [this](const std::wstring& text) { report(text); }};
-    ComAutomation automation_{guard_, busyHost_};
+    ComAutomation automation_{busyHost_};
     Win32Registry registry_;
     Win32Settings settings_;
     Win32Files files_;

@@ -101,8 +101,7 @@ TEST(MessageFilter, KeepsInputBackAndHandsRefusalsOn) {
     std::int32_t told = 0;
     busyHost.setHandlers(
         {.busyFor = [&](std::int32_t milliseconds) { told = std::max(told, milliseconds); }});
-    Guard guard(busyHost, {});
-    const ComPtr<IMessageFilter> filter = makeMessageFilter(guard, busyHost);
+    const ComPtr<IMessageFilter> filter = makeMessageFilter(busyHost);
     EXPECT_EQ(filter->RetryRejectedCall(nullptr, 100, SERVERCALL_REJECTED), static_cast<DWORD>(-1));
     EXPECT_EQ(filter->HandleInComingCall(CALLTYPE_TOPLEVEL, nullptr, 0, nullptr),
               DWORD{SERVERCALL_ISHANDLED});
@@ -119,7 +118,7 @@ TEST(MessageFilter, CancelsACallWithoutAnswerWhenTheUserGivesUp) {
     int asked = 0;
     busyHost.setHandlers({.askGiveUp = [&] { return ++asked == 2; }});
     Guard guard(busyHost, {});
-    const ComPtr<IMessageFilter> filter = makeMessageFilter(guard, busyHost);
+    const ComPtr<IMessageFilter> filter = makeMessageFilter(busyHost);
     const auto pending = [&](DWORD milliseconds) {
         return filter->MessagePending(nullptr, milliseconds, PENDINGTYPE_TOPLEVEL);
     };

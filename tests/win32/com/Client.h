@@ -9,6 +9,7 @@
 #include "com/Server.h"
 #include "com/ServerWindow.h"
 #include "win32/ComAutomation.h"
+#include "win32/Guard.h"
 
 namespace blattwart {
 
@@ -20,7 +21,7 @@ struct Client {
     BusyHost busyHost;
     std::vector<std::wstring> reports;
     Guard guard{busyHost, [this](const std::wstring& text) { reports.push_back(text); }};
-    ComAutomation automation{guard, busyHost};
+    ComAutomation automation{busyHost};
 };
 
 /// A program under test, killed at the end if it still runs.
