@@ -111,7 +111,7 @@ TEST_F(Frame, ClosingKeepsPlacementAndColumns) {
     window().place = {-32000, -32000, 160, 28};
     form().Form_Unload();
     EXPECT_EQ(world.settings.values[L"MainLeft"], L"-150");
-    world.settings.writable = false;
+    world.settings.fails = [](std::wstring_view) { return true; };
     form().Form_Unload();
 
     main = std::make_unique<basMain>(world.platform, presenter);

@@ -209,45 +209,6 @@ TEST_F(List, KeepsTheSelectionOverRefreshes) {
     EXPECT_EQ(list().selected(), nullptr);
 }
 
-TEST_F(List, AFailingCallLeavesItsCellsEmptyAndNothingElse) {
-    click(L"Z1");
-    const auto cells = [&] {
-        std::vector<std::wstring> texts;
-        for (const wchar_t* key : {L"L2", L"L3", L"L4"})
-            for (std::wstring& text : values(key)) texts.push_back(std::move(text));
-        return texts;
-    };
-    const std::vector<std::wstring> whole = cells();
-    calls.clear();
-    click(L"Z1");
-    const std::vector<demo::RecordedCall> made = calls.calls();
-    for (std::size_t n = 1; n <= made.size(); ++n) {
-        calls.clear();
-        calls.failAt(n, RuntimeError(hresult::callFailed, L"Fehler"));
-        click(L"Z1");
-        EXPECT_EQ(keys().size(), 8U) << n;
-        const std::vector<std::wstring> left = cells();
-        std::size_t lost = 0;
-        for (std::size_t i = 0; i < left.size(); ++i) {
-            if (left[i] == whole[i]) continue;
-            ++lost;
-            EXPECT_TRUE(left[i].empty() || left[i].starts_with(L"ISO_")) << n;
-        }
-        const demo::RecordedCall& failed = made[n - 1];
-        EXPECT_LE(lost, failed.className == L"Layout" ? 1U : whole.size()) << n;
-        if (failed.name == L"ConfigName") {
-            EXPECT_EQ(lost, 1U) << n;
-        }
-        if (failed.name == L"Item") {
-            EXPECT_EQ(lost, 4U) << n;
-        }
-    }
-    EXPECT_TRUE(world.messages.shown.empty());
-    calls.heal();
-    click(L"Z1");
-    EXPECT_EQ(cells(), whole);
-}
-
 TEST_F(List, ReadsTheHostOnceForEachClick) {
     for (int drawings = 2; drawings <= 4; ++drawings) {
         click(L"A");

@@ -104,35 +104,6 @@ TEST_F(Navigator, DrawingsOfOneNameAreBothActive) {
     EXPECT_FALSE(tree().node(L"Z1").bold());
 }
 
-TEST_F(Navigator, HostFailureIsToldAndLeavesTheTree) {
-    start();
-    const std::size_t perRefresh = [&] {
-        calls.clear();
-        refresh();
-        return calls.count();
-    }();
-    const std::wstring before = treeText();
-    std::size_t told = 0;
-    for (std::size_t n = 1; n <= perRefresh; ++n) {
-        calls.clear();
-        world.messages.clear();
-        calls.failAt(n, RuntimeError(hresult::callFailed, L"Fehler"));
-        refresh();
-        for (const ShownBox& box : world.messages.shown) {
-            EXPECT_EQ(box.icon, MessageIcon::critical);
-            told += box.text == L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!";
-        }
-        EXPECT_LE(world.messages.shown.size(), 1U) << n;
-        calls.heal();
-        world.messages.clear();
-        refresh();
-        EXPECT_EQ(treeText(), before) << n;
-        EXPECT_TRUE(world.messages.shown.empty());
-    }
-    // Documents, their enumeration, and for each name, folder, layouts, their enumeration and names.
-    EXPECT_GE(told, 14U);
-}
-
 TEST_F(Navigator, UnchangedRefreshAsksNoMoreThanNeeded) {
     for (const bool wideIds : {false, true}) {
         demo.end();
