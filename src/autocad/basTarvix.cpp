@@ -27,8 +27,13 @@ bool basTarvix::RunHostMacro(const std::wstring& name) {
 }
 
 void basTarvix::CreateLayout(const std::wstring& drawing) {
-    if (!drawing.empty())
-        for (const host::Document& document : autoCAD_.documentsNamed(drawing)) autoCAD_.activate(document);
+    if (!drawing.empty()) {
+        const auto documents = autoCAD_.documentsNamed(drawing);
+        if (documents.empty())
+            throw RuntimeError(errorNumber::elementNotFound,
+                               L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet!");
+        for (const host::Document& document : documents) autoCAD_.activate(document);
+    }
     RunHostMacro(L"TX_Layout");
     autoCAD_.BringAutoCADToFront();
 }

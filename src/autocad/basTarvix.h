@@ -16,9 +16,9 @@ class basTarvix {
     /// Brings the host to the front and runs a routine of the macro project, loading the project first where
     /// it is missing. Returns whether the routine ran; otherwise the user has been told.
     bool RunHostMacro(const std::wstring& name);
-    /// Creates a layout in gAcadDoc's host session. `drawing` is the full name of the drawing whose document
-    /// is made the active one first; empty: the document that is active already. Throws when the host refuses
-    /// that, so that no other drawing gets the layout.
+    /// Creates a layout. `drawing` is the full name of the drawing whose document is made the active one
+    /// first; empty: the document that is active already. Throws when the drawing is not open any more or the
+    /// host refuses, so that no other drawing gets the layout.
     void CreateLayout(const std::wstring& drawing);
     /// Names of all layouts of the document in upper case. Empty where the host does not answer.
     std::set<std::wstring> layoutNames(const host::Document& document);
