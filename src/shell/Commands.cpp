@@ -1,5 +1,6 @@
 #include "shell/Commands.h"
 
+#include <algorithm>
 #include <array>
 
 #include "shell/frmMain.h"
@@ -190,6 +191,11 @@ std::span<const Command> commands() {
 
 std::span<const std::wstring_view> toolBarKeys() {
     return keys;
+}
+
+const Command& commandOfButton(std::wstring_view key) {
+    // The keys come from the list above, so each of them has its row.
+    return *std::ranges::find(table, key, &Command::button);
 }
 
 std::wstring_view menuCaption(MenuId menu) {

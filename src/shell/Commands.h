@@ -14,6 +14,9 @@ std::span<const Command> commands();
 /// hidden.
 std::span<const std::wstring_view> toolBarKeys();
 
+/// The command that the toolbar button with this key runs.
+const Command& commandOfButton(std::wstring_view key);
+
 /// Caption of a menu of the menu bar, with its access key.
 std::wstring_view menuCaption(MenuId menu);
 

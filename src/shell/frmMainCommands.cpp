@@ -1,6 +1,5 @@
 // The command table made into menus, context menus and toolbar, and its enabling rules.
 
-#include <algorithm>
 #include <optional>
 
 #include "shell/Commands.h"
@@ -79,23 +78,16 @@ void frmMain::buildToolBar() {
         if (key.empty()) {
             button.style = ToolBarButton::Style::separator;
         } else {
-            const auto command = std::ranges::find(commands(), key, &Command::button);
-            const bool offered = command != commands().end();
+            const Command& command = commandOfButton(key);
             button.image = ++image;
-            button.enabled = offered;
             button.visible = index <= lastVisibleButton;
             if (key.ends_with(L" anzeigen")) button.style = ToolBarButton::Style::check;
-            if (offered) {
-                button.toolTip = command->toolTip;
-                if (command->shortcut.key) button.toolTip += L" (" + command->shortcut.text() + L")";
-            }
+            button.toolTip = command.toolTip;
+            if (command.shortcut.key) button.toolTip += L" (" + command.shortcut.text() + L")";
         }
         tbToolBar.add(std::move(button));
     }
-    tbToolBar.events.buttonClick = [this](const std::wstring& key) {
-        const auto command = std::ranges::find(commands(), key, &Command::button);
-        if (command != commands().end()) run(*command);
-    };
+    tbToolBar.events.buttonClick = [this](const std::wstring& key) { run(commandOfButton(key)); };
 }
 
 MenuItem& frmMain::item(std::wstring_view name) {
@@ -108,6 +100,8 @@ MenuItem& frmMain::item(std::wstring_view name) {
 
 void frmMain::run(const Command& command) {
     handle([&] {
+        // Like a click elsewhere, a command ends the naming of a template: it is meant for the source.
+        modules_->templates.CancelNewTemplate();
         if (command.run) {
             (this->*command.run)();
         } else {
@@ -135,9 +129,8 @@ void frmMain::VisbibleMnuMenu() {
     const auto keys = toolBarKeys();
     for (std::size_t i = 0; i < keys.size(); ++i) {
         if (keys[i].empty()) continue;
-        const auto command = std::ranges::find(commands(), keys[i], &Command::button);
-        if (command != commands().end())
-            tbToolBar.setButtonEnabled(static_cast<int>(i) + 1, isEnabled(*command, kind, modelSpaceOnce));
+        const bool enabled = isEnabled(commandOfButton(keys[i]), kind, modelSpaceOnce);
+        tbToolBar.setButtonEnabled(static_cast<int>(i) + 1, enabled);
     }
 }
 

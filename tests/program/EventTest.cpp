@@ -64,6 +64,14 @@ TEST_F(TreeEvents, LabelEditsThatEndWithoutATextLeaveEverything) {
     EXPECT_TRUE(world.messages.shown.empty());
 }
 
+TEST_F(TreeEvents, ACommandDuringTheNamingOfATemplateIsMeantForTheSource) {
+    click(L"L5");
+    choose(L"mnuLayoutImport");
+    choose(L"mnuFileDelete");
+    EXPECT_EQ(tree().find(L"D0"), nullptr);
+    EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Blatt 1,Schnitt");
+}
+
 TEST_F(TreeEvents, KeysDroppedOnTheTree) {
     struct Case {
         const wchar_t* node;
