@@ -1,7 +1,5 @@
 #include "shell/frmMain.h"
 
-#include <cmath>
-
 #include "platform/Conversions.h"
 #include "platform/NumberSetting.h"
 #include "shell/Modules.h"
@@ -93,10 +91,9 @@ void frmMain::SizeControls(float x) {
 }
 
 void frmMain::imgSplitter_MouseDown() {
-    const auto imageWidth = static_cast<long>(std::lround(imgSplitter.width()));
     picSplitter.setLeft(imgSplitter.left());
     picSplitter.setTop(imgSplitter.top());
-    picSplitter.setWidth(static_cast<float>(imageWidth / 2));
+    picSplitter.setWidth(static_cast<float>(toInt32(static_cast<double>(imgSplitter.width())) / 2));
     ignoringErrors([this] { picSplitter.setHeight(imgSplitter.height() - splitterBarShortening); });
     picSplitter.setVisible(true);
     splitterDragging_ = true;
@@ -176,7 +173,6 @@ void frmMain::Form_Unload() {
     for (int index = 8; index <= 11; ++index)
         if (tbToolBar.button(index).pressed)
             ignoringErrors([&] { platform_.settings.set(L"ViewMode", std::to_wstring(index - 8)); });
-    columns.StoreColumnWidths();
     columns.SaveColumnWidths();
 }
 
