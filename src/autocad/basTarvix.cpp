@@ -14,13 +14,24 @@ std::wstring numbered(const std::wstring& baseName, std::int16_t number) {
 
 bool basTarvix::RunHostMacro(const std::wstring& name) {
     autoCAD_.BringAutoCADToFront();
-    const auto runMacro = [this](const std::wstring& macro) {
-        return ignoringErrors([&] { autoCAD_.gAcadApp.RunMacro(L"Programm." + macro); });
+    bool answerLost = false;
+    const auto runMacro = [&](const std::wstring& macro) {
+        try {
+            autoCAD_.gAcadApp.RunMacro(L"Programm." + macro);
+            return true;
+        } catch (const RuntimeError& error) {
+            answerLost = isAnswerLost(error);
+            return false;
+        }
     };
     if (runMacro(name)) return true;
-    ignoringErrors([&] { autoCAD_.gAcadApp.LoadDVB(platform_.files.applicationFolder() + L"\\Tarvix.dvb"); });
-    runMacro(L"TX_Starten");
-    if (runMacro(name)) return true;
+    // A routine that may have run must not run twice: it would delete another layout.
+    if (!answerLost) {
+        ignoringErrors(
+            [&] { autoCAD_.gAcadApp.LoadDVB(platform_.files.applicationFolder() + L"\\Tarvix.dvb"); });
+        runMacro(L"TX_Starten");
+        if (runMacro(name)) return true;
+    }
     platform_.messages.show(L"Bitte rufen Sie Tarvix über das AutoCAD-Menü auf!", applicationTitle,
                             MessageButtons::ok, MessageIcon::exclamation);
     return false;

@@ -12,4 +12,8 @@ bool isGone(const RuntimeError& error) {
     return std::ranges::find(gone, error.number()) != gone.end();
 }
 
+bool isAnswerLost(const RuntimeError& error) {
+    return isGone(error) || error.number() == hresult::callCanceled;
+}
+
 }  // namespace blattwart

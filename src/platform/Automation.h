@@ -76,11 +76,14 @@ inline constexpr std::int32_t serverUnavailable = static_cast<std::int32_t>(0x80
 inline constexpr std::int32_t callFailed = static_cast<std::int32_t>(0x800706BE);
 inline constexpr std::int32_t callFailedNotExecuted = static_cast<std::int32_t>(0x800706BF);
 inline constexpr std::int32_t serverDied = static_cast<std::int32_t>(0x80010007);
+inline constexpr std::int32_t callCanceled = static_cast<std::int32_t>(0x80010002);
 inline constexpr std::int32_t callRejected = static_cast<std::int32_t>(0x80010001);
 inline constexpr std::int32_t retryLater = static_cast<std::int32_t>(0x8001010A);
 }  // namespace hresult
 
 /// True for the errors that mean that the other program, or the document behind the object, is gone.
 bool isGone(const RuntimeError& error);
+/// True for the errors after which nobody knows whether the call was carried out.
+bool isAnswerLost(const RuntimeError& error);
 
 }  // namespace blattwart
