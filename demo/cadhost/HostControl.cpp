@@ -120,10 +120,11 @@ void HostControl::writeDrawings(const std::wstring& file) const {
     };
     for (const DocumentPtr& document : host_.documents()) {
         const Drawing& drawing = document->drawing();
+        const bool active = document == host_.activeDocument();
         for (const Layout* layout : drawing.layouts()) {
             if (layout->isModel()) continue;
-            target << marked(document->name(), document == host_.activeDocument()) << '\t'
-                   << marked(layout->name(), layout == &drawing.currentLayout()) << '\n';
+            target << marked(document->name(), active) << '\t'
+                   << marked(layout->name(), active && layout == &drawing.currentLayout()) << '\n';
         }
     }
 }

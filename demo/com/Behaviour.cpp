@@ -80,12 +80,12 @@ HRESULT Behaviour::admitCall() {
         if (!diesDone_) die();
         dying_ = true;
     }
-    if (callsToDialog_ > 0 && --callsToDialog_ == 0) {
-        refusal_ = RPC_E_SERVERCALL_RETRYLATER;
-        refuseFor(dialogTime_);
-    }
     if (holding_) return RPC_E_SERVERCALL_RETRYLATER;
     if (isRefused()) return refusal_;
+    if (callsToDialog_ > 0 && --callsToDialog_ == 0) {
+        refuseFor(dialogTime_);
+        return refusal_ = RPC_E_SERVERCALL_RETRYLATER;
+    }
     if (delay_) Sleep(delay_);
     if (holdTime_) hold();
     return S_OK;

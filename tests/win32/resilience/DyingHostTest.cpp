@@ -1,0 +1,130 @@
+#include <gtest/gtest.h>
+
+#include "Operations.h"
+
+namespace blattwart::test {
+namespace {
+
+/// When the host dies, seen from one call.
+enum class Death { beforeCall, duringCall, beforeAnswer };
+
+class DyingHostTest : public testing::Test {
+  protected:
+    DyingHostTest() { makeUnstartable(); }
+
+    /// What the class is started with is missing, so that only the user starts the host.
+    static void makeUnstartable() {
+        CLSID id{};
+        CLSIDFromProgID(HostProgram::name, &id);
+        wchar_t text[40];
+        StringFromGUID2(id, text, 40);
+        const std::wstring key = L"SOFTWARE\\Classes\\CLSID\\" + std::wstring(text) + L"\\LocalServer32";
+        const wchar_t missing[] = L"C:\\fehlt.exe";
+        RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), nullptr, REG_SZ, missing, sizeof missing);
+    }
+
+    /// What an operation costs that is not disturbed.
+    struct Course {
+        std::vector<std::size_t> calls;  ///< to the host: their numbers among all calls
+        int messages = 0;                ///< on the wire
+        std::int64_t milliseconds = 0;
+    };
+    Course undisturbed(const Operation& operation) {
+        begin(operation);
+        const int before = host.messages();
+        Course course;
+        course.milliseconds = program.act([&] { operation.run(program); });
+        course.messages = host.messages() - before;
+        const auto& calls = program.calls.calls();
+        for (std::size_t i = 0; i < calls.size(); ++i)
+            if (calls[i].ofHost) course.calls.push_back(i + 1);
+        return course;
+    }
+
+    void begin(const Operation& operation) {
+        host.start(program.client);
+        ASSERT_TRUE(program.start());
+        prepare(program, operation);
+    }
+
+    /// Lets the host die at one of the operation's calls; the samples are spread over all of them.
+    void letDie(Death death, const Course& course, std::size_t sample) {
+        const auto place = [sample](std::size_t count) { return sample * (count - 1) / (samplesEach - 1); };
+        if (death == Death::beforeCall) {
+            const std::size_t number = course.calls[place(course.calls.size())];
+            program.calls.beforeCall([this, number](std::size_t n) {
+                if (n == number) host.kill();
+            });
+            return;
+        }
+        const std::size_t message = 1 + place(static_cast<std::size_t>(course.messages));
+        ASSERT_TRUE(
+            host->obey(L"die " + std::to_wstring(message) + (death == Death::duringCall ? L"" : L" done")));
+    }
+
+    /// The user comes back while no host runs: asked once, he tries to start it, which fails.
+    void returnWithoutHost() {
+        FakeMessages& messages = program.world.messages;
+        messages.clear();
+        messages.answer(MessageAnswer::yes);
+        program.leaveAndReturn();
+        for (int i = 0; i < 3; ++i) program.act([this] { program.form().ctlTimer_Timer(); });
+        EXPECT_EQ(program.questions(), 1);
+        EXPECT_EQ(program.calls.deadObjects(), 0U);
+        EXPECT_EQ(program.tree().node(L"A").text(), L"AutoCAD nicht aktiv!");
+        EXPECT_TRUE(program.tree().node(L"A").children().empty());
+    }
+
+    /// The host has died. The user starts it again, before or after he comes back to the program.
+    void recover(bool hostFirst) {
+        EXPECT_FALSE(FindWindowW(HostProgram::window, nullptr)) << "the host should have died";
+        program.calls.beforeCall({});
+        program.calls.hostEnded();
+        for (const ShownBox& box : program.world.messages.shown)
+            EXPECT_EQ(box.text.find(L"Soll AutoCAD gestartet werden?"), box.text.npos);
+        // A layout that has left the tree comes back with a new session only.
+        if (!hostFirst || !program.node(L"Plan.dwg/Blatt 2")) returnWithoutHost();
+        host.start(program.client);
+        program.world.messages.clear();
+        program.leaveAndReturn();
+        EXPECT_EQ(program.world.messages.texts(), std::vector<std::wstring>{});
+        EXPECT_EQ(program.calls.deadObjects(), 0U);
+        EXPECT_EQ(program.drawings(), host.drawings());
+    }
+
+    static constexpr std::size_t samplesEach = 4;
+    static constexpr std::int64_t hang = 2000;  // milliseconds
+    HostProgram host;
+    ProgramOnHost program{std::chrono::seconds(10)};
+};
+
+TEST_F(DyingHostTest, TheProgramOutlivesItsHostAtWhateverCallItDies) {
+    int count = 0;
+    for (const Operation& operation : operations()) {
+        const Course course = undisturbed(operation);
+        for (std::size_t sample = 0; sample < samplesEach; ++sample) {
+            const auto death = static_cast<Death>(count % 3);
+            SCOPED_TRACE(std::string(operation.name) + ", sample " + std::to_string(sample) + ", death " +
+                         std::to_string(count % 3));
+            begin(operation);
+            letDie(death, course, sample);
+            EXPECT_LT(program.act([&] { operation.run(program); }), course.milliseconds + hang);
+            recover(count % 2 == 0);
+            ++count;
+        }
+    }
+    EXPECT_GE(count, 60);
+}
+
+TEST_F(DyingHostTest, TheProgramStandsAlsoWhenItsHostDiesWhileItStarts) {
+    for (const int message : {1, 2, 8, 20}) {
+        SCOPED_TRACE(message);
+        host.start(program.client);
+        ASSERT_TRUE(host->obey(L"die " + std::to_wstring(message)));
+        ASSERT_TRUE(program.start());
+        recover(true);
+    }
+}
+
+}  // namespace
+}  // namespace blattwart::test

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "ProgramOnHost.h"
+
+namespace blattwart::test {
+
+/// One operation of the user's: where he stands before, and what he does.
+struct Operation {
+    const char* name;
+    std::wstring node;
+    std::vector<std::wstring> items;  ///< selected in the list
+    std::function<void(ProgramOnHost&)> run;
+};
+
+/// All operations that have to do with the host. Each answers one question with Yes at most.
+const std::vector<Operation>& operations();
+
+/// Goes where the operation begins.
+void prepare(ProgramOnHost& program, const Operation& operation);
+
+}  // namespace blattwart::test

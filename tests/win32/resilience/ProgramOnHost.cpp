@@ -1,0 +1,221 @@
+#include "ProgramOnHost.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "dxf/Drawing.h"
+#include "mdb/Database.h"
+#include "mdb/DefinitionTables.h"
+#include "ui/ControlHost.h"
+#include "win32/ComError.h"
+
+namespace blattwart::test {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const wchar_t* projects = L"C:\\Projekte\\";
+constexpr const wchar_t* templates = L"C:\\Vorlagen\\";
+
+void writeDrawing(const std::wstring& file, const std::vector<std::wstring>& layouts) {
+    demo::Drawing drawing = demo::Drawing::createEmpty();
+    const std::vector<demo::Layout*> first = drawing.layouts();
+    for (const std::wstring& layout : layouts) drawing.addLayout(layout);
+    for (demo::Layout* layout : first)
+        if (!layout->isModel()) drawing.deleteLayout(*layout);
+    drawing.setCurrentLayout(*drawing.findLayout(layouts.front()));
+    drawing.saveFile(file);
+}
+
+void writeFiles() {
+    for (const wchar_t* folder : {projects, templates}) {
+        fs::remove_all(folder);
+        fs::create_directories(folder);
+    }
+    writeDrawing(projects + std::wstring(L"Haus.dwg"), {L"Blatt 1"});
+    writeDrawing(projects + std::wstring(L"Plan.dwg"), {L"Blatt 1", L"Blatt 2", L"Schnitt"});
+    writeDrawing(templates + std::wstring(L"Plan A3.dwt"), {L"Rahmen A3"});
+}
+
+void registerAdo() {
+    HMODULE library = LoadLibraryW(windowsPath(ADO_LIBRARY).c_str());
+    const auto enter =
+        reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(GetProcAddress(library, "DllRegisterServer"));
+    throwIfFailed(enter());
+}
+
+std::wstring wide(const std::string& utf8) {
+    std::wstring text(utf8.size(), L'\0');
+    text.resize(static_cast<std::size_t>(MultiByteToWideChar(
+        CP_UTF8, 0, utf8.data(), static_cast<int>(utf8.size()), text.data(), static_cast<int>(text.size()))));
+    return text;
+}
+
+std::wstring sortedLines(std::vector<std::wstring> lines) {
+    std::ranges::sort(lines);
+    std::wstring text;
+    for (const std::wstring& line : lines) text += line + L"\n";
+    return text;
+}
+
+std::wstring marked(const TreeNode& node) {
+    return node.text() + (node.bold() ? L"*" : L"");
+}
+
+}  // namespace
+
+const std::wstring HostProgram::database = temporaryFile(L"Tarvix.mdb");
+
+HostProgram::HostProgram() {
+    registerAdo();
+    demo::mdb::writeDatabase(database, demo::mdb::startTables());
+    runProgram(CADHOST, L"/register /silent");
+}
+
+void HostProgram::start(Client& client, const std::wstring& options) {
+    kill();
+    writeFiles();
+    program_.emplace(CADHOST, L"/silent " + options + L" C:\\Projekte\\Haus.dwg C:\\Projekte\\Plan.dwg",
+                     window);
+    if (!attach(client, name)) throw std::runtime_error("the host does not come up");
+}
+
+int HostProgram::messages() {
+    std::map<std::string, int> counters = program_->counters();
+    return counters["idLookups"] + counters["calls"] + counters["nexts"];
+}
+
+std::wstring HostProgram::drawings() {
+    std::wistringstream text(told(L"drawings"));
+    std::vector<std::wstring> lines;
+    for (std::wstring line; std::getline(text, line);) lines.push_back(line);
+    return sortedLines(std::move(lines));
+}
+
+std::wstring HostProgram::told(const std::wstring& command) {
+    const std::wstring file = temporaryFile(command + L".txt");
+    if (!program_->obey(command + L" " + file)) throw std::runtime_error("the host does not answer");
+    std::ifstream stream{fs::path(file)};
+    return wide({std::istreambuf_iterator<char>(stream), {}});
+}
+
+ProgramOnHost::ProgramOnHost(std::chrono::milliseconds askAfter) : client(askAfter) {
+    client.busyHost.setHandlers({.busyFor = [this](std::int32_t milliseconds) { noteBusy(milliseconds); },
+                                 .askGiveUp =
+                                     [this] {
+                                         ++asked;
+                                         return givesUp;
+                                     }});
+    const std::string file(HostProgram::database.begin(), HostProgram::database.end());
+    world.registry.storeText(RegistryRoot::localMachine, "SOFTWARE\\Ormeda\\Tarvix 2.1", "DefDB", file);
+}
+
+ProgramOnHost::~ProgramOnHost() {
+    presenter.destroyWindows();
+}
+
+bool ProgramOnHost::start() {
+    presenter.destroyWindows();
+    main = std::make_unique<basMain>(platform_, presenter);
+    const bool goesOn = client.guard.guarded([this] { return main->Main(); }, false);
+    if (!goesOn) return false;
+    world.desktop.foregroundWindow = form().window().handle();
+    pump();
+    SetWindowSubclass(
+        presenter.mainWindow()->window(),
+        [](HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR painted) {
+            if (message == WM_PAINT) *reinterpret_cast<bool*>(painted) = true;
+            return DefSubclassProc(window, message, wParam, lParam);
+        },
+        1, reinterpret_cast<DWORD_PTR>(&painted_));
+    return true;
+}
+
+void ProgramOnHost::noteBusy(std::int32_t milliseconds) {
+    MainWindow* window = presenter.mainWindow();
+    if (!window) return;
+    window->showBusy(milliseconds);
+    busy.push_back({milliseconds, busyPanel(), std::exchange(painted_, false)});
+    InvalidateRect(window->window(), nullptr, FALSE);
+}
+
+std::wstring ProgramOnHost::busyPanel() {
+    const HWND bar = childOfClass(presenter.mainWindow()->window(), STATUSCLASSNAMEW);
+    if (SendMessageW(bar, SB_GETPARTS, 0, 0) < 2) return {};
+    std::array<wchar_t, 200> text{};
+    SendMessageW(bar, SB_GETTEXTW, 1, reinterpret_cast<LPARAM>(text.data()));
+    return text.data();
+}
+
+std::int64_t ProgramOnHost::act(const std::function<void()>& action) {
+    const ULONGLONG begun = GetTickCount64();
+    client.guard.guarded(action);
+    const auto taken = static_cast<std::int64_t>(GetTickCount64() - begun);
+    pump();
+    return taken;
+}
+
+void ProgramOnHost::leaveAndReturn() {
+    for (const WindowHandle window : {WindowHandle{1}, form().window().handle()}) {
+        world.desktop.foregroundWindow = window;
+        act([this] { form().ctlTimer_Timer(); });
+    }
+}
+
+TreeNode* ProgramOnHost::node(const std::wstring& path) {
+    TreeNode* found = nullptr;
+    tree().forEach([&](TreeNode& each) {
+        std::wstring name = each.text();
+        if (each.parent() && each.parent()->parent()) name = each.parent()->text() + L"/" + name;
+        if (each.key() == path || name == path) found = &each;
+    });
+    return found;
+}
+
+void ProgramOnHost::selectInList(const std::vector<std::wstring>& texts) {
+    std::vector<ListItem*> items;
+    for (int row = 0; row < list().count(); ++row)
+        if (std::ranges::count(texts, list().row(row).text()) > 0) items.push_back(&list().row(row));
+    list().userSelects(items, items.empty() ? nullptr : items.front());
+}
+
+void ProgramOnHost::confirmDialog(const std::function<void()>& open) {
+    const UINT_PTR timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
+        HWND dialog = FindWindowW(L"#32770", nullptr);
+        if (dialog && IsWindowVisible(dialog)) PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+    });
+    open();
+    KillTimer(nullptr, timer);
+}
+
+int ProgramOnHost::questions() {
+    return static_cast<int>(
+        std::ranges::count(world.messages.shown, MessageButtons::yesNo, &ShownBox::buttons));
+}
+
+std::wstring ProgramOnHost::drawings() {
+    std::vector<std::wstring> lines;
+    for (const auto& drawing : tree().node(L"A").children())
+        for (const auto& layout : drawing->children())
+            lines.push_back(marked(*drawing) + L"\t" + marked(*layout));
+    return sortedLines(std::move(lines));
+}
+
+std::wstring ProgramOnHost::shown() {
+    std::wstring text;
+    tree().forEach([&](TreeNode& each) {
+        text += each.key() + L" " + marked(each) + (&each == tree().selected() ? L" <\n" : L"\n");
+    });
+    for (int row = 0; row < list().count(); ++row) {
+        for (int column = 1; column <= static_cast<int>(list().columns().size()); ++column)
+            text += list().row(row).column(column) + L"|";
+        text += L"\n";
+    }
+    return text;
+}
+
+}  // namespace blattwart::test
