@@ -1,192 +1,441 @@
-#include "Operations.h"
+// Everything that the user can do, with each of its calls to the host, the database, the registry, the files
+// and the settings failing once. The calls are found by a first run in which nothing fails, the operations
+// from the table of commands, so that new ones are covered by themselves.
 
 #include <algorithm>
+#include <array>
+#include <map>
+#include <set>
+
+#include "Operations.h"
+#include "Scenarios.h"
+#include "shell/Commands.h"
 
 namespace blattwart::test {
 namespace {
 
-/// One operation, from its command to the user's last answer.
-struct Operation {
-    const wchar_t* name;
-    const wchar_t* node;
-    std::vector<std::wstring> items;  // selected in the list
-    std::function<void(frmMain&, basMain&)> run;
-    std::wstring mayGo;  // the only layout of Plan.dwg, or drawing, that may be missing afterwards
+using demo::Moment;
+
+/// Which calls fail in one run of an operation.
+struct Fault {
+    std::size_t call = 0;
+    Moment moment = Moment::before;
+    bool hostGone = false;
+    std::size_t second = 0;  // another call that fails, too; 0 for none
 };
 
-Operation command(const wchar_t* node, std::vector<std::wstring> items, const wchar_t* item,
-                  std::wstring mayGo = {}) {
-    return {item, node, std::move(items), [item](frmMain& form, basMain&) { form.item(item).click(); },
-            std::move(mayGo)};
-}
-
-std::vector<Operation> operations() {
-    const auto endEdit = [](auto& control, std::wstring text) { control.userEndsLabelEdit(&text); };
-    std::vector<Operation> all{
-        command(L"Z1", {}, L"mnuDrawing"),
-        command(L"L2", {}, L"mnuActive"),
-        command(L"L5", {}, L"mnuActive"),
-        command(L"D7", {}, L"mnuTemplateOpen"),
-        command(L"Z1", {}, L"mnuFileClose", L"Haus.dwg"),
-        command(L"Z1", {}, L"mnuSave"),
-        command(L"Z1", {}, L"mnuSaveAS"),
-        command(L"Z1", {}, L"mnuModel"),
-        command(L"D7", {}, L"popInsert"),
-        command(L"D7", {}, L"mnuTemplate"),
-        command(L"D7", {}, L"popDCD"),
-        command(L"A", {L"Z1"}, L"mnuCreate"),
-        command(L"L5", {}, L"mnuFileDelete", L"Blatt 2"),
-        command(L"Z3", {L"L5"}, L"popDel", L"Blatt 2"),
-    };
-    all.push_back({L"create template",
-                   L"L5",
-                   {},
-                   [=](frmMain& form, basMain&) {
-                       form.item(L"mnuLayoutImport").click();
-                       endEdit(form.tvTreeView, L"Neu");
-                   },
-                   L""});
-    all.push_back({L"rename in the tree",
-                   L"L5",
-                   {},
-                   [=](frmMain& form, basMain&) {
-                       form.item(L"mnuFileRename").click();
-                       endEdit(form.tvTreeView, L"Neu");
-                   },
-                   L"Blatt 2"});
-    all.push_back({L"rename in the list",
-                   L"Z3",
-                   {L"L5"},
-                   [=](frmMain& form, basMain&) {
-                       form.item(L"mnuFileRename").click();
-                       endEdit(form.lvListView, L"Neu");
-                   },
-                   L"Blatt 2"});
-    all.push_back({L"rename several",
-                   L"Z3",
-                   {L"L5"},
-                   [](frmMain&, basMain& main) {
-                       std::int16_t counter = 1;
-                       main.layouts->RenameSelectedLayouts(L"Neu", counter);
-                   },
-                   L"Blatt 2"});
-    all.push_back({L"copy",
-                   L"L5",
-                   {},
-                   [](frmMain&, basMain& main) {
-                       std::wstring name = L"Neu";
-                       main.tarvix.CopyLayouts(L"Blatt 2", name, 2);
-                   },
-                   L""});
-    all.push_back({L"drop a file",
-                   L"A",
-                   {},
-                   [](frmMain& form, basMain&) {
-                       form.tvTreeView.setDropHighlight(&form.tvTreeView.node(L"A"));
-                       form.tvTreeView.events.filesDropped({L"C:\\Vorlagen\\Plan A3.dwt"});
-                   },
-                   L""});
-    return all;
-}
+/// What a run may leave behind, found in the run in which nothing failed.
+struct CleanRun {
+    std::vector<demo::RecordedCall> calls;
+    std::array<std::set<std::wstring>, 6> states;  // of the host, one set for each part
+    std::map<std::wstring, std::set<std::wstring>> stored;
+    std::size_t boxes = 0;
+    std::size_t questions = 0;
+};
 
 class FaultSweep : public Operations {
   protected:
-    void prepare(const Operation& operation) {
-        restart();
-        std::filesystem::remove(host().disk().realPath(L"C:\\Vorlagen\\Neu.dwt"));
-        document(L"Haus.dwg")->setModified();
-        click(operation.node);
-        selectInList(operation.items);
-        world.messages.answer(MessageAnswer::yes);
-        world.messages.answer(MessageAnswer::yes);
+    FaultSweep() {
+        const auto fails = [this](std::wstring_view call) { return calls.strikes(call); };
+        world.registry.fails = world.files.fails = world.settings.fails = fails;
+        // As few rows as show everything.
+        auto tables = demo::mdb::sampleTables();
+        for (demo::mdb::Table& table : tables) table.rows.resize(1);
+        useDatabase(tables);
+        presenter.inKopieren = [](frmKopieren& dialog) {
+            dialog.txtLayout.setText(L"Neu");
+            dialog.txtAnzahl.setText(L"2");
+            dialog.cmdStart.userClicks();
+        };
+        presenter.inUmbenennen = [](frmUmbenennen& dialog) {
+            dialog.txtLayout.setText(L"Neu");
+            dialog.cmdStart.userClicks();
+        };
+        presenter.inInfo = [](frmInfo& dialog) {
+            dialog.cmdSysInfo.userClicks();
+            dialog.cmdOK.userClicks();
+        };
+    }
+
+    std::vector<Action> allActions() {
+        const auto always = [](frmMain&) { return true; };
+        std::vector<Action> all = actions();
+        all.push_back({L"return", [this](frmMain&) { leaveAndReturn(); }, always});
+        all.push_back({L"return to other drawings",
+                       [this](frmMain&) {
+                           host().activate(document(L"Haus.dwg"));
+                           host().openFile(L"C:\\Vorlagen\\Plan A3.dwt");
+                           leaveAndReturn();
+                       },
+                       always});
+        all.push_back({L"start",
+                       [this](frmMain&) {
+                           main = std::make_unique<basMain>(world.platform, presenter);
+                           EXPECT_TRUE(start());
+                       },
+                       always});
+        return all;
+    }
+
+    // Preparing
+
+    void prepare(const Place& place) {
+        if (!main->fMainForm || !isAsPrepared(place)) {
+            std::filesystem::remove(host().disk().realPath(L"C:\\Vorlagen\\Neu.dwt"));
+            for (const wchar_t* file : {L"C:\\Vorlagen\\Plan A3.dwt", L"C:\\Vorlagen\\Rahmen.dwg"}) {
+                world.files.forget(file);
+                world.files.add(file);
+            }
+            restart();
+            for (const auto& open : host().documents()) open->setModified();
+            go(place);
+            prepared_ = {place.attached ? place.node : L"", wholeState()};
+        }
+        host().forgetTypedTexts();
+        host().macros().load(L"Tarvix.dvb");
+        world.messages.clear();
+        for (int i = 0; i < 3; ++i) world.messages.answer(MessageAnswer::yes);
+        world.fileDialogs.chosen = L"C:\\Vorlagen\\Plan A3.dwt";
+        presenter.dialogsShown = 0;
+        world.settings.values.clear();
+        world.registry.storeText(RegistryRoot::localMachine, registryKey, "LM_Beenden", "1");
+        form().MnuOptAutoCheck();
+        before_ = stored();
         calls.clear();
     }
 
-    /// Numbers, from 1, of the operation's calls to the host: all, or those that do more than read.
-    std::vector<std::size_t> callsOf(const Operation& operation, bool readings) {
-        prepare(operation);
-        operation.run(form(), *main);
-        std::vector<std::size_t> numbers;
-        std::size_t number = 0;
-        for (const demo::RecordedCall& call : calls.calls()) {
-            ++number;
-            const bool reading = call.kind == demo::RecordedCall::Kind::get;
-            if (isOfHost(call) && (readings || !reading)) numbers.push_back(number);
+    bool isAsPrepared(const Place& place) {
+        if (!place.attached || place.node != prepared_.first || !tree().find(place.node)) return false;
+        go(place);
+        return wholeState() == prepared_.second;
+    }
+
+    void go(const Place& place) {
+        if (!place.attached) {
+            calls.clear();
+            calls.goneFrom(1);
+            world.messages.answer(MessageAnswer::yes);
+            leaveAndReturn();
+            calls.heal();
         }
-        return numbers;
+        click(place.node);
+        selectInList(place.items);
     }
 
-    /// The tree under "A" as the host has it, whatever the order of layouts.
-    void expectTheHostsTruth() {
-        std::vector<std::wstring> shown;
-        for (const TreeNode* drawing : tree().node(L"A").children())
-            for (const TreeNode* layout : drawing->children())
-                shown.push_back(drawing->text() + L"/" + layout->text());
-        std::vector<std::wstring> open;
-        for (const auto& each : host().documents())
-            for (const demo::Layout* layout : each->drawing().layouts())
-                if (!layout->isModel()) open.push_back(each->name() + L"/" + layout->name());
-        std::ranges::sort(shown);
-        std::ranges::sort(open);
-        EXPECT_EQ(shown, open);
-        EXPECT_EQ(tree().node(L"B").children().size(), 2U);
+    // Looking
+
+    /// What an operation may change in the host and in the library.
+    std::array<std::wstring, 6> hostParts() {
+        std::array<std::wstring, 6> parts;
+        auto& [drawings, current, unsaved, files, typedTexts, other] = parts;
+        if (const auto active = host().activeDocument()) current = active->name();
+        for (const auto& open : host().documents()) {
+            drawings += open->fullName() + L"(" + layoutsOf(open->drawing()) + L")";
+            current += L"|" + open->drawing().currentLayout().name();
+            unsaved += open->modified() ? L'1' : L'0';
+        }
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path()))
+            if (entry.is_regular_file()) files += entry.path().filename().wstring() + L"|";
+        for (const std::wstring& file : world.files.all()) files += file + L"|";
+        for (const std::wstring& text : typed()) typedTexts += text;
+        other = host().dialog() ? L"dialog" : L"";
+        return parts;
+    }
+
+    std::map<std::wstring, std::wstring> stored() {
+        std::map<std::wstring, std::wstring> all(world.settings.values.begin(), world.settings.values.end());
+        if (const auto* value = world.registry.find(RegistryRoot::localMachine, registryKey, "LM_Beenden"))
+            all[L"LM_Beenden"] = std::wstring(value->bytes.begin(), value->bytes.end());
+        return all;
+    }
+
+    std::wstring wholeState() {
+        std::wstring state = treeText() + picture(form());
+        for (const std::wstring& part : hostParts()) state += L"\n" + part;
+        return state;
+    }
+
+    static std::wstring look(const TreeNode& node) {
+        return node.text() + L"|" + std::to_wstring(node.image()) + (node.bold() ? L"*" : L"") +
+               std::to_wstring(static_cast<int>(node.color()));
+    }
+
+    /// What the main window shows, whatever the keys and the order of layouts.
+    static std::wstring picture(frmMain& form) {
+        std::wstring text;
+        const auto addSorted = [&](std::vector<std::wstring> lines) {
+            std::ranges::sort(lines);
+            for (const std::wstring& line : lines) text += L"  " + line + L"\n";
+        };
+        for (const TreeNode* root : form.tvTreeView.roots()) {
+            text += look(*root) + L"\n";
+            for (const TreeNode* child : root->children()) {
+                text += L" " + look(*child) + L"\n";
+                std::vector<std::wstring> layouts;
+                for (const TreeNode* layout : child->children()) layouts.push_back(look(*layout));
+                addSorted(layouts);
+            }
+        }
+        text += form.lblTitle[1].text() + L"\n";
+        std::vector<std::wstring> rows;
+        for (int i = 0; i < form.lvListView.count(); ++i) {
+            const ListItem& item = form.lvListView.row(i);
+            rows.push_back(item.text() + (item.bold() ? L"*" : L""));
+            for (int c = 2; c <= static_cast<int>(form.lvListView.columns().size()); ++c)
+                rows.back() += L"|" + item.column(c);
+        }
+        addSorted(rows);
+        for (const Command& command : commands())
+            if (!command.item.empty() && form.item(command.item).enabled()) text += command.item;
+        return text + L"\n" + form.sbStatusBar.panelText(1);
+    }
+
+    /// The same of a program just started on the same world, with the same node and entries selected.
+    std::wstring freshPicture() {
+        std::vector<std::wstring> path;
+        for (const TreeNode* node = tree().selected(); node; node = node->parent())
+            path.push_back(node->text());
+        std::vector<std::wstring> items;
+        for (const ListItem* item : list().selectedItems()) items.push_back(item->text());
+
+        TestPlatform other(demo);
+        other.files = world.files;
+        other.files.fails = [](std::wstring_view) { return false; };
+        other.registry.storeText(RegistryRoot::localMachine, registryKey, "DefDB",
+                                 (folder.path() / "Tarvix.mdb").string());
+        FakePresenter otherPresenter(other.desktop);
+        basMain fresh(other.platform, otherPresenter);
+        if (!fresh.Main()) return L"does not start";
+        frmMain& window = *fresh.fMainForm;
+        const std::vector<TreeNode*>* nodes = &window.tvTreeView.roots();
+        TreeNode* found = nullptr;
+        for (; !path.empty(); path.pop_back()) {
+            const auto node = std::ranges::find(*nodes, path.back(), &TreeNode::text);
+            if (node == nodes->end()) return L"has no " + path.back();
+            found = *node;
+            nodes = &found->children();
+        }
+        window.tvTreeView.userClicks(*found);
+        std::vector<ListItem*> selected;
+        for (int i = 0; i < window.lvListView.count(); ++i)
+            if (std::ranges::find(items, window.lvListView.row(i).text()) != items.end())
+                selected.push_back(&window.lvListView.row(i));
+        window.lvListView.userSelects(selected, selected.empty() ? nullptr : selected.front());
+        return picture(window);
+    }
+
+    // Doing
+
+    void perform(const Action& action) {
+        presenter.dialog.closed = false;
+        EXPECT_TRUE(ignoringErrors([&] {
+            action.run(form());
+            const std::wstring name = L"Neu";
+            if (tree().editedNode()) tree().userEndsLabelEdit(&name);
+            if (list().editedItem()) list().userEndsLabelEdit(&name);
+        })) << "an error has reached the border to the system";
+    }
+
+    CleanRun cleanRun(const Action& action) {
+        CleanRun clean;
+        const auto look = [&](std::size_t) {
+            const auto parts = hostParts();
+            for (std::size_t i = 0; i < parts.size(); ++i) clean.states.at(i).insert(parts.at(i));
+        };
+        look(0);
+        calls.beforeCall(look);
+        perform(action);
+        calls.beforeCall({});
+        look(0);
+        clean.calls = calls.calls();
+        for (const auto& [name, value] : stored()) clean.stored[name].insert(value);
+        for (const auto& [name, value] : before_) clean.stored[name].insert(value);
+        clean.boxes = world.messages.shown.size();
+        clean.questions = questions();
+        return clean;
+    }
+
+    std::size_t questions() {
+        return static_cast<std::size_t>(std::ranges::count_if(world.messages.shown, [](const ShownBox& box) {
+            return box.buttons == MessageButtons::yesNo && !box.text.starts_with(L"Soll AutoCAD gestartet");
+        }));
+    }
+
+    void inject(const Fault& fault) {
+        // Of a call whose answer is lost the user has grown tired: it is cancelled.
+        const auto number =
+            static_cast<std::int32_t>(fault.moment == Moment::before ? 0x80020009 : 0x80010002);
+        if (fault.hostGone) {
+            calls.goneFrom(fault.call, fault.moment);
+        } else {
+            calls.failAt(fault.call, RuntimeError(number, L"Fehler"), fault.moment);
+        }
+        if (fault.second) calls.failAt(fault.second, RuntimeError(number, L"Fehler"));
+    }
+
+    void expectRightAfter(const Fault& fault, const CleanRun& clean) {
+        const auto parts = hostParts();
+        // A host that seems not to run is started, as another one.
+        const bool started = std::ranges::any_of(calls.calls(), [](const demo::RecordedCall& call) {
+            return call.ofHost && call.kind == demo::RecordedCall::Kind::create;
+        });
+        for (std::size_t i = 0; i < parts.size() && !started; ++i)
+            EXPECT_TRUE(clean.states.at(i).contains(parts.at(i)))
+                << i << ": " << testing::PrintToString(parts.at(i));
+        for (const auto& [name, value] : stored()) {
+            // The columns are remembered whenever the list changes its kind.
+            if (name.starts_with(L"ColOrder")) continue;
+            EXPECT_TRUE(clean.stored.contains(name) && clean.stored.at(name).contains(value))
+                << testing::PrintToString(name);
+        }
+        // Where the active drawing is not known, the user is asked whether to go to the one he wants.
+        EXPECT_LE(questions(), std::max<std::size_t>(clean.questions, 1));
+        expectFewMessages(clean.boxes + (fault.second ? 2 : 1));
+        EXPECT_TRUE(presenter.dialogsShown == 0 || presenter.dialog.closed);
+        EXPECT_EQ(world.registry.openKeys(), 0U);
+        EXPECT_EQ(world.readings.begun, world.readings.ended);
+        EXPECT_EQ(tree().editedNode(), nullptr);
         EXPECT_EQ(tree().find(L"D0"), nullptr);
+        if (!fault.hostGone && !fault.second) {
+            EXPECT_EQ(host().filedia(), 1);
+        }
     }
 
-    void expectNothingLost(const std::wstring& mayGo) {
-        for (const wchar_t* name : {L"Blatt 1", L"Blatt 2", L"Schnitt"})
-            EXPECT_TRUE(mayGo == name || document(L"Plan.dwg")->findLayout(name));
-        EXPECT_TRUE(mayGo == L"Haus.dwg" || layoutsOf(L"Haus.dwg").starts_with(L"Blatt 1"));
+    /// The operation tells its failure, the refresh behind it its own; none does so twice.
+    void expectFewMessages(std::size_t most) {
+        std::vector<std::wstring> texts = world.messages.texts();
+        for (const wchar_t* text : {L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!",
+                                    L"Vorlagen-Ordner kann nicht gelesen werden!"}) {
+            const auto ofRefresh = std::ranges::find(texts, text);
+            if (ofRefresh != texts.end()) texts.erase(ofRefresh);
+        }
+        EXPECT_LE(texts.size(), most) << testing::PrintToString(texts);
     }
 
-    void expectWholeAfterFault(const Operation& operation, bool gone) {
+    void expectRightOnReturn() {
         calls.heal();
         world.messages.clear();
         if (host().dialog()) host().cancelDialog();
-        if (!gone) {
-            EXPECT_EQ(host().filedia(), 1);
-            EXPECT_TRUE(activeDocumentIsRight() || operation.mayGo == L"Haus.dwg");
-        }
-        ASSERT_NE(tree().selected(), nullptr);
-        EXPECT_EQ(tree().editedNode(), nullptr);
         leaveAndReturn();
-        EXPECT_TRUE(world.messages.shown.empty());
+        EXPECT_TRUE(world.messages.shown.empty()) << testing::PrintToString(world.messages.shown);
+        EXPECT_EQ(calls.deadObjects(), 0U);
         EXPECT_EQ(host().filedia(), 1);
-        EXPECT_TRUE(activeDocumentIsRight());
-        expectTheHostsTruth();
-        expectNothingLost(operation.mayGo);
+        const auto parts = hostParts();
+        std::wstring key = parts[0] + parts[1] + parts[3];
+        for (const TreeNode* node = tree().selected(); node; node = node->parent())
+            key += L"/" + node->text();
+        for (const ListItem* item : list().selectedItems()) key += L"," + item->text();
+        std::wstring& expected = freshPictures_[key];
+        if (expected.empty()) expected = freshPicture();
+        EXPECT_EQ(picture(form()), expected);
     }
+
+    void sweep(const Place& place, const Action& action, const CleanRun& clean, const Fault& fault) {
+        SCOPED_TRACE(
+            testing::PrintToString(action.name) + " at " + testing::PrintToString(place.node) + ", call " +
+            std::to_string(fault.call) + " " + nameOf(clean, fault.call) +
+            (fault.hostGone ? ", host gone" : "") + (fault.moment == Moment::after ? ", answer lost" : "") +
+            (fault.second ? " and " + std::to_string(fault.second) + nameOf(clean, fault.second) : ""));
+        if (failures() > failuresAtStart_) return;
+        prepare(place);
+        inject(fault);
+        perform(action);
+        expectRightAfter(fault, clean);
+        expectRightOnReturn();
+        ++runs_;
+    }
+
+    static std::string nameOf(const CleanRun& clean, std::size_t call) {
+        if (call > clean.calls.size()) return "";
+        return testing::PrintToString(clean.calls[call - 1].className + L"." + clean.calls[call - 1].name);
+    }
+
+    /// Whether a call is new: reached by an action after the same two calls before it, it would fail in the
+    /// same way again. The database is read in one way, whoever asks for it.
+    bool isNew(const Action& action, const CleanRun& clean, std::size_t number) {
+        const auto nameAt = [&](std::size_t at) {
+            return at == 0 ? L"" : clean.calls[at - 1].className + L"." + clean.calls[at - 1].name;
+        };
+        using Kind = demo::RecordedCall::Kind;
+        const demo::RecordedCall& call = clean.calls[number - 1];
+        const bool ofDatabase = !call.ofHost && call.kind != Kind::other;
+        std::wstring surroundings = ofDatabase ? L"" : action.name;
+        for (std::size_t at = number > 2 ? number - 2 : 0; at <= number; ++at)
+            surroundings += L" " + nameAt(at);
+        return swept_.insert(surroundings).second;
+    }
+
+    /// Calls `visit` for every action at every place where it is offered, until one of its runs fails.
+    void forEveryOperation(const std::function<void(const Place&, const Action&, const CleanRun&)>& visit) {
+        for (const Action& action : allActions()) {
+            bool offered = false;
+            failuresAtStart_ = failures();
+            for (const Place& place : places()) {
+                prepare(place);
+                if (!action.offered(form())) continue;
+                offered = true;
+                const CleanRun clean = cleanRun(action);
+                visit(place, action, clean);
+                if (failures() > failuresAtStart_) break;
+            }
+            EXPECT_TRUE(offered) << testing::PrintToString(action.name) << " is offered nowhere";
+        }
+    }
+
+    static int failures() {
+        return testing::UnitTest::GetInstance()->current_test_info()->result()->total_part_count();
+    }
+
+    std::pair<std::wstring, std::wstring> prepared_;
+    std::map<std::wstring, std::wstring> before_;
+    std::map<std::wstring, std::wstring> freshPictures_;
+    std::set<std::wstring> swept_;
+    int failuresAtStart_ = 0;
+    int runs_ = 0;
 };
 
-TEST_F(FaultSweep, EveryCallOfEveryOperationFailsOnce) {
-    const RuntimeError error(static_cast<std::int32_t>(0x80020009), L"");
-    for (const Operation& operation : operations()) {
-        const std::vector<std::size_t> numbers = callsOf(operation, true);
-        EXPECT_GT(numbers.size(), 0U) << testing::PrintToString(std::wstring(operation.name));
-        for (const std::size_t number : numbers) {
-            SCOPED_TRACE(testing::PrintToString(std::wstring(operation.name)) + ", call " +
-                         std::to_string(number));
-            prepare(operation);
-            calls.failAt(number, error);
-            operation.run(form(), *main);
-            expectWholeAfterFault(operation, false);
-            if (HasFailure()) return;
-        }
-    }
+/// Of a reading nothing is left when its answer is lost, so that it need not be lost separately.
+bool acts(const demo::RecordedCall& call) {
+    using Kind = demo::RecordedCall::Kind;
+    return call.ofHost && (call.kind == Kind::put || (call.kind == Kind::call && call.name != L"Item"));
 }
 
-TEST_F(FaultSweep, TheHostGoesInTheMiddleOfEveryOperation) {
-    for (const Operation& operation : operations()) {
-        for (const std::size_t number : callsOf(operation, false)) {
-            SCOPED_TRACE(testing::PrintToString(std::wstring(operation.name)) + ", from call " +
-                         std::to_string(number));
-            prepare(operation);
-            calls.goneFrom(number);
-            operation.run(form(), *main);
-            expectWholeAfterFault(operation, true);
-            if (HasFailure()) return;
+TEST_F(FaultSweep, EveryCallFailsOnce) {
+    forEveryOperation([this](const Place& place, const Action& action, const CleanRun& clean) {
+        for (std::size_t n = 1; n <= clean.calls.size(); ++n) {
+            if (!isNew(action, clean, n)) continue;
+            sweep(place, action, clean, {.call = n});
+            if (acts(clean.calls[n - 1])) sweep(place, action, clean, {.call = n, .moment = Moment::after});
         }
-    }
+    });
+    RecordProperty("runs", runs_);
+}
+
+TEST_F(FaultSweep, TheHostGoesAtEveryCall) {
+    forEveryOperation([this](const Place& place, const Action& action, const CleanRun& clean) {
+        for (std::size_t n = 1; n <= clean.calls.size(); ++n) {
+            const demo::RecordedCall& call = clean.calls[n - 1];
+            if (!call.ofHost || !isNew(action, clean, n)) continue;
+            sweep(place, action, clean, {.call = n, .hostGone = true});
+            if (acts(call))
+                sweep(place, action, clean, {.call = n, .moment = Moment::after, .hostGone = true});
+        }
+    });
+    RecordProperty("runs", runs_);
+}
+
+TEST_F(FaultSweep, TwoCallsOfTheShortOperationsFail) {
+    constexpr std::size_t longest = 8;
+    forEveryOperation([this](const Place& place, const Action& action, const CleanRun& clean) {
+        if (clean.calls.size() > longest) return;
+        for (std::size_t n = 1; n <= clean.calls.size(); ++n) {
+            if (!isNew(action, clean, n)) continue;
+            // The first failure may lead to calls that were not made before.
+            for (std::size_t m = n + 1; m <= clean.calls.size() + 2; ++m)
+                sweep(place, action, clean, {.call = n, .second = m});
+        }
+    });
+    RecordProperty("runs", runs_);
 }
 
 }  // namespace

@@ -69,16 +69,10 @@ void Program::choose(std::wstring_view item) {
     if (entry.enabled()) entry.click();
 }
 
-bool isOfHost(const demo::RecordedCall& call) {
-    using Kind = demo::RecordedCall::Kind;
-    // The objects of the database have class names of their own; its objects are never enumerated.
-    const bool database = call.className == L"Connection" || call.className == L"Recordset" ||
-                          call.className == L"Fields" || call.className == L"Field";
-    return !database && call.kind != Kind::create && call.kind != Kind::running;
-}
-
 std::size_t hostCalls(const demo::CallRecorder& calls) {
-    return static_cast<std::size_t>(std::ranges::count_if(calls.calls(), isOfHost));
+    return static_cast<std::size_t>(std::ranges::count_if(calls.calls(), [](const auto& call) {
+        return call.ofHost && call.kind != demo::RecordedCall::Kind::running;
+    }));
 }
 
 }  // namespace blattwart::test

@@ -65,9 +65,7 @@ class Program : public testing::Test {
     std::unique_ptr<basMain> main;
 };
 
-/// Whether a call goes to one of the host's objects, not to the database.
-bool isOfHost(const demo::RecordedCall& call);
-/// The host's calls alone, without those to the database.
+/// The number of calls to the host's objects.
 std::size_t hostCalls(const demo::CallRecorder& calls);
 
 }  // namespace blattwart::test
