@@ -43,8 +43,9 @@ FrameControls::~FrameControls() {
 }
 
 std::array<Control*, 9> FrameControls::models() {
-    return {&form_.tvTreeView,  &form_.lvListView,  &form_.tbToolBar,   &form_.sbStatusBar, &form_.picTitles,
-            &form_.lblTitle[0], &form_.lblTitle[1], &form_.imgSplitter, &form_.picSplitter};
+    auto& [treeTitle, listTitle] = form_.lblTitle;
+    return {&form_.tvTreeView, &form_.lvListView, &form_.tbToolBar,   &form_.sbStatusBar, &form_.picTitles,
+            &treeTitle,        &listTitle,        &form_.imgSplitter, &form_.picSplitter};
 }
 
 void FrameControls::setDpi(int dpi) {
@@ -59,11 +60,10 @@ void FrameControls::setDpi(int dpi) {
     statusBar_.setFont(font.get(), dpi);
     treeTitle_.setFont(font.get());
     listTitle_.setFont(font.get());
-    const int titleHeight = lineHeight(font.get()) + MulDiv(titlePadding, dpi, USER_DEFAULT_SCREEN_DPI);
-    for (Control* title : {&form_.picTitles, static_cast<Control*>(&form_.lblTitle[0]),
-                           static_cast<Control*>(&form_.lblTitle[1])}) {
-        title->setHeight(toTwips(titleHeight, dpi));
-    }
+    const float titleHeight =
+        toTwips(lineHeight(font.get()) + MulDiv(titlePadding, dpi, USER_DEFAULT_SCREEN_DPI), dpi);
+    form_.picTitles.setHeight(titleHeight);
+    for (Label& title : form_.lblTitle) title.setHeight(titleHeight);
     font_ = std::move(font);
     boldFont_ = std::move(bold);
     pictures_ = std::move(pictures);

@@ -13,7 +13,7 @@
 namespace blattwart {
 
 /// Shows a list model in the system's list control, which asks the model for every row that it draws.
-class ListWindow : public ControlWindow, private ListViewListener {
+class ListWindow final : public ControlWindow, private ListViewListener {
   public:
     ListWindow(HWND parent, ListView& list, EventGate& gate);
     ~ListWindow() override;

@@ -59,8 +59,7 @@ bool isInMenuOrMove() {
 MainWindow::MainWindow(frmMain& form, Guard& guard, const Automation& automation)
     : form_(form), gate_(guard, automation), menu_(form.menuBar, firstMenuCommand, Menu(CreateMenu())) {
     registerWindowClass(procedure);
-    window_ = create(*this);
-    if (!window_) throwSystemError();
+    if (!create()) throwSystemError();
     gate_.setWindow(window_);
     controls_ = std::make_unique<FrameControls>(window_, form_, gate_);
     gate_.afterEvent = [this] {
@@ -70,10 +69,11 @@ MainWindow::MainWindow(frmMain& form, Guard& guard, const Automation& automation
     setDpi(windowDpi(window_));
 }
 
-HWND MainWindow::create(MainWindow& self) {
+/// The window's procedure learns its handle from its first message.
+bool MainWindow::create() {
     return CreateWindowExW(0, className, applicationTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                            CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr,
-                           self.menu_.handle(), GetModuleHandleW(nullptr), &self);
+                           menu_.handle(), GetModuleHandleW(nullptr), this) != nullptr;
 }
 
 MainWindow::~MainWindow() {

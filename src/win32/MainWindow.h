@@ -43,7 +43,7 @@ class MainWindow : public FormWindow {
 
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-    static HWND create(MainWindow& self);
+    bool create();
     LRESULT handleMessage(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> handleFrame(UINT message, WPARAM wParam, LPARAM lParam);
     std::optional<LRESULT> handleInput(UINT message, WPARAM wParam, LPARAM lParam);

@@ -17,7 +17,7 @@ namespace blattwart {
 
 /// Shows a tree model in the system's tree control. The structure is mirrored; texts and images are asked
 /// for.
-class TreeWindow : public ControlWindow, private TreeViewListener {
+class TreeWindow final : public ControlWindow, private TreeViewListener {
   public:
     TreeWindow(HWND parent, TreeView& tree, EventGate& gate);
     ~TreeWindow() override;
