@@ -47,6 +47,7 @@ void frmMain::Form_Load() {
 
 void frmMain::Form_Activate() {
     handle([this] {
+        const basAutoCAD::OneLook look(modules_->autoCAD);
         VisbibleMnuMenu();
         modules_->views.showSelectedNode();
     });
