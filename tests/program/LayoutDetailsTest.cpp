@@ -230,6 +230,7 @@ TEST_F(Details, AFailingCallLeavesItsRowEmptyAndNothingElse) {
 
     for (std::ptrdiff_t n = 1; n <= std::ssize(made); ++n) {
         const std::wstring& name = made[static_cast<std::size_t>(n - 1)].name;
+        calls.heal();
         calls.clear();
         world.messages.clear();
         calls.failAt(static_cast<std::size_t>(n), RuntimeError(hresult::callFailed, L"Fehler"));
