@@ -8,8 +8,8 @@
 #include <set>
 
 #include "Operations.h"
+#include "Picture.h"
 #include "Scenarios.h"
-#include "shell/Commands.h"
 
 namespace blattwart::test {
 namespace {
@@ -155,42 +155,7 @@ class FaultSweep : public Operations {
         return state;
     }
 
-    static std::wstring look(const TreeNode& node) {
-        return node.text() + L"|" + std::to_wstring(node.image()) + (node.bold() ? L"*" : L"") +
-               std::to_wstring(static_cast<int>(node.color()));
-    }
-
-    /// What the main window shows, whatever the keys and the order of layouts.
-    static std::wstring picture(frmMain& form) {
-        std::wstring text;
-        const auto addSorted = [&](std::vector<std::wstring> lines) {
-            std::ranges::sort(lines);
-            for (const std::wstring& line : lines) text += L"  " + line + L"\n";
-        };
-        for (const TreeNode* root : form.tvTreeView.roots()) {
-            text += look(*root) + L"\n";
-            for (const TreeNode* child : root->children()) {
-                text += L" " + look(*child) + L"\n";
-                std::vector<std::wstring> layouts;
-                for (const TreeNode* layout : child->children()) layouts.push_back(look(*layout));
-                addSorted(layouts);
-            }
-        }
-        text += form.lblTitle[1].text() + L"\n";
-        std::vector<std::wstring> rows;
-        for (int i = 0; i < form.lvListView.count(); ++i) {
-            const ListItem& item = form.lvListView.row(i);
-            rows.push_back(item.text() + (item.bold() ? L"*" : L""));
-            for (int c = 2; c <= static_cast<int>(form.lvListView.columns().size()); ++c)
-                rows.back() += L"|" + item.column(c);
-        }
-        addSorted(rows);
-        for (const Command& command : commands())
-            if (!command.item.empty() && form.item(command.item).enabled()) text += command.item;
-        return text + L"\n" + form.sbStatusBar.panelText(1);
-    }
-
-    /// The same of a program just started on the same world, with the same node and entries selected.
+    /// The picture of a program just started on the same world, with the same node and entries selected.
     std::wstring freshPicture() {
         std::vector<std::wstring> path;
         for (const TreeNode* node = tree().selected(); node; node = node->parent())
@@ -425,7 +390,7 @@ TEST_F(FaultSweep, TheHostGoesAtEveryCall) {
 }
 
 TEST_F(FaultSweep, TwoCallsOfTheShortOperationsFail) {
-    constexpr std::size_t longest = 8;
+    constexpr std::size_t longest = 6;
     forEveryOperation([this](const Place& place, const Action& action, const CleanRun& clean) {
         if (clean.calls.size() > longest) return;
         for (std::size_t n = 1; n <= clean.calls.size(); ++n) {

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include "shell/frmMain.h"
+
+namespace blattwart::test {
+
+/// What the main window shows: tree, list, status and enabled commands, whatever the keys of the nodes, the
+/// order of layouts and rows.
+std::wstring picture(frmMain& form);
+
+}  // namespace blattwart::test
