@@ -23,7 +23,8 @@ std::wstring picture(frmMain& form) {
         for (const std::wstring& line : lines) text += L"  " + line + L"\n";
     };
     for (const TreeNode* root : form.tvTreeView.roots()) {
-        text += look(*root) + L"\n";
+        // A library that was empty at first keeps saying so; required so.
+        text += look(*root).substr(root->key() == L"B" ? root->text().size() : 0) + L"\n";
         for (const TreeNode* child : root->children()) {
             text += L" " + look(*child) + L"\n";
             std::vector<std::wstring> layouts;
