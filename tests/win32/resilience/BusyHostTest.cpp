@@ -76,8 +76,11 @@ class BusyHostTest : public testing::Test {
     ProgramOnHost program;
 };
 
-TEST_F(BusyHostTest, EveryOperationIsDoneOnceHoweverOftenTheHostRefuses) {
-    for (const Operation& operation : operations()) {
+class BusyOperations : public BusyHostTest, public testing::WithParamInterface<std::size_t> {};
+INSTANTIATE_TEST_SUITE_P(Part, BusyOperations, testing::Range(std::size_t{0}, operationParts));
+
+TEST_P(BusyOperations, AreDoneOnceHoweverOftenTheHostRefuses) {
+    for (const Operation& operation : operations(GetParam())) {
         SCOPED_TRACE(operation.name);
         const Outcome expected = undisturbed(operation);
         begin(operation);
@@ -91,9 +94,9 @@ TEST_F(BusyHostTest, EveryOperationIsDoneOnceHoweverOftenTheHostRefuses) {
     }
 }
 
-TEST_F(BusyHostTest, TheUserGivesUpEveryOperationOnceWhenTheHostStaysBusy) {
+TEST_P(BusyOperations, AreGivenUpOnceWhenTheHostStaysBusy) {
     program.givesUp = true;
-    for (const Operation& operation : operations()) {
+    for (const Operation& operation : operations(GetParam())) {
         for (const wchar_t* command : {L"refuse for -1", L"modal 2 -1"}) {
             SCOPED_TRACE(operation.name);
             begin(operation);

@@ -1,5 +1,7 @@
 #include "Operations.h"
 
+#include "ui/ControlHost.h"
+
 namespace blattwart::test {
 
 namespace {
@@ -63,9 +65,16 @@ const std::vector<Operation>& operations() {
     return all;
 }
 
+std::span<const Operation> operations(std::size_t part) {
+    const std::span<const Operation> all = operations();
+    const std::size_t begin = part * all.size() / operationParts;
+    return all.subspan(begin, (part + 1) * all.size() / operationParts - begin);
+}
+
 void prepare(ProgramOnHost& program, const Operation& operation) {
     program.act([&] { program.tree().userClicks(*program.node(operation.node)); });
     program.selectInList(operation.items);
+    pump();
     program.world.messages.clear();
     program.world.messages.answer(MessageAnswer::yes);
     program.calls.clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,10 @@ struct Operation {
 
 /// All operations that have to do with the host. Each answers one question with Yes at most.
 const std::vector<Operation>& operations();
+
+/// The same in parts, each for a test of its own.
+inline constexpr std::size_t operationParts = 5;
+std::span<const Operation> operations(std::size_t part);
 
 /// Goes where the operation begins.
 void prepare(ProgramOnHost& program, const Operation& operation);

@@ -154,9 +154,7 @@ std::wstring ProgramOnHost::busyPanel() {
 std::int64_t ProgramOnHost::act(const std::function<void()>& action) {
     const ULONGLONG begun = GetTickCount64();
     client.guard.guarded(action);
-    const auto taken = static_cast<std::int64_t>(GetTickCount64() - begun);
-    pump();
-    return taken;
+    return static_cast<std::int64_t>(GetTickCount64() - begun);
 }
 
 void ProgramOnHost::leaveAndReturn() {

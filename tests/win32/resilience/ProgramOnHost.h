@@ -70,7 +70,8 @@ class ProgramOnHost {
     TreeView& tree() { return form().tvTreeView; }
     ListView& list() { return form().lvListView; }
 
-    /// Does something as the user, in an event of its own; what it takes in milliseconds.
+    /// Does something as the user, in an event of its own; what it takes in milliseconds. Other messages
+    /// wait: when the system activates a window is not certain.
     std::int64_t act(const std::function<void()>& action);
     /// The user goes to another program and comes back; the watchdog looks at both.
     void leaveAndReturn();
