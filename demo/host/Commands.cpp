@@ -27,7 +27,7 @@ void close(Host& host, OpenDocument& document) {
         return;
     }
     const auto answered = [&host, &document](std::optional<std::wstring> answer) {
-        if (sameName(*answer, L"Ja")) document.save();
+        if (sameName(answer.value_or(L""), L"Ja")) document.save();
         host.close(document.shared_from_this());
     };
     document.commandLine().askByDialog(
