@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
@@ -25,10 +24,6 @@ struct WireCounters {
     std::uint32_t refused = 0;   ///< refused without being carried out
     std::uint32_t objects = 0;   ///< objects handed out
     std::uint32_t released = 0;  ///< objects that nobody outside holds any more
-    /// Everything, also refused.
-    std::atomic<std::uint32_t> messages = 0;
-    /// Of these, requests for further interfaces and releases.
-    std::atomic<std::uint32_t> references = 0;
 };
 
 /// Offers objects of a stand-in through IDispatch. The same object always has the same identity outside as

@@ -3,7 +3,6 @@
 #include <objbase.h>
 #include <oleauto.h>
 
-#include "com/MessageCounter.h"
 #include "win32/ComError.h"
 
 namespace demo {
@@ -25,9 +24,7 @@ Server::Server(ServerClass server, const std::wstring& source)
       // Calls may still come in while the objects outlive the server.
       exporter_(std::make_shared<Exporter>(
           source, [behaviour = behaviour_] { return behaviour->admitCall(); },
-          [behaviour = behaviour_] { behaviour->callDone(); })) {
-    countMessages(exporter_);
-}
+          [behaviour = behaviour_] { behaviour->callDone(); })) {}
 
 Server::~Server() {
     exporter_->afterCall = {};
