@@ -142,7 +142,9 @@ bool basAutoCAD::refusesControlCharacters(std::wstring_view name) {
 
 void basAutoCAD::switchFileDialogsOn(const host::Document& document) {
     const auto switchOn = [&] { document.SetVariable(L"FILEDIA", 1); };
-    fileDialogsStillOff_ = !ignoringErrors(switchOn) && !ignoringErrors(switchOn);
+    bool switched = ignoringErrors(switchOn);
+    if (!switched) switched = ignoringErrors(switchOn);
+    fileDialogsStillOff_ = !switched;
 }
 
 void basAutoCAD::warn(const std::wstring& text) {

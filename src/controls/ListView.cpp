@@ -5,7 +5,7 @@
 
 namespace blattwart {
 
-ListItem& ListView::add(std::wstring key, std::wstring text, int icon) {
+ListItem& ListView::add(const std::wstring& key, std::wstring text, int icon) {
     if (byKey_.contains(key)) throwDuplicateKey();
     const Change change(*this);
     if (auto removed = removed_.extract(key)) {

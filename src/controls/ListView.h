@@ -63,7 +63,7 @@ class ListView : public Control {
     explicit ListView(const Locale& locale) : locale_(locale) {}
 
     /// Throws RuntimeError (duplicate key).
-    ListItem& add(std::wstring key, std::wstring text, int icon = 0);
+    ListItem& add(const std::wstring& key, std::wstring text, int icon = 0);
     ListItem* find(std::wstring_view key);
     /// Throws RuntimeError (element not found).
     void remove(std::wstring_view key);

@@ -18,7 +18,7 @@ void CRegistry::write(const wchar_t* name, const std::wstring& text) {
 
 std::wstring CRegistry::CutAtNul(const std::wstring& text) {
     const std::size_t nul = text.find(L'\0');
-    return nul == text.npos ? std::wstring() : text.substr(0, nul);
+    return nul == std::wstring::npos ? std::wstring() : text.substr(0, nul);
 }
 
 void CRegistry::ReadValue() {

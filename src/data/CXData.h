@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "data/Collection.h"
 #include "data/CXWert.h"
 #include "host/Document.h"
@@ -34,7 +36,7 @@ struct XDataSource {
 /// stored as object handles, others as plain text.
 class CXData {
   public:
-    explicit CXData(const XDataSource& source) : source_(source) {}
+    explicit CXData(XDataSource source) : source_(std::move(source)) {}
 
     std::int32_t objId = 0;     ///< of the drawing object
     Value Wert;                 ///< the value last fetched, or to be added

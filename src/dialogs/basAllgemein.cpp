@@ -20,7 +20,7 @@ bool basAllgemein::DateiLoeschen(const std::wstring& file) {
 }
 
 bool basAllgemein::CheckInvalidChars(const std::wstring& text) {
-    if (text.find_first_of(L"<>/\\\":?*|='´") == text.npos) return false;
+    if (text.find_first_of(L"<>/\\\":?*|='´") == std::wstring::npos) return false;
     platform_.messages.show(L"Eingabe enthält ungültige Zeichen!", applicationTitle, MessageButtons::ok,
                             MessageIcon::exclamation);
     return true;

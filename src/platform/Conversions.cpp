@@ -79,7 +79,7 @@ Scan scanNumber(std::wstring_view text, std::wstring_view points) {
         position = 1;
     }
     std::size_t digits = takeDigits(text, position, scan.number);
-    if (position < text.size() && points.find(text[position]) != points.npos) {
+    if (position < text.size() && points.find(text[position]) != std::wstring_view::npos) {
         if (digits == 0) scan.number.push_back('0');
         scan.number.push_back('.');
         digits += takeDigits(text, ++position, scan.number);
@@ -95,7 +95,7 @@ double parsed(const std::string& number) {
     const auto status = std::from_chars(number.data(), number.data() + number.size(), result);
     if (status.ec != std::errc::result_out_of_range) return result;
     const bool negative = number.front() == '-';
-    const bool tiny = number.find("e-") != number.npos || number[negative ? 1 : 0] == '0';
+    const bool tiny = number.find("e-") != std::string::npos || number[negative ? 1 : 0] == '0';
     if (tiny) return 0;
     return negative ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
 }
@@ -104,9 +104,9 @@ double parsed(const std::string& number) {
 void appendGroups(std::wstring& digits, std::wstring_view integerPart, std::wstring_view separator) {
     bool first = true;
     for (;;) {
-        const std::size_t end = separator.empty() ? integerPart.npos : integerPart.find(separator);
+        const std::size_t end = separator.empty() ? std::wstring_view::npos : integerPart.find(separator);
         const std::wstring_view group = integerPart.substr(0, end);
-        const bool last = end == integerPart.npos;
+        const bool last = end == std::wstring_view::npos;
         if (!std::ranges::all_of(group, isDigit)) throwTypeMismatch();
         if (!first && group.size() != 3) throwTypeMismatch();
         if (first && !last && (group.empty() || group.size() > 3)) throwTypeMismatch();
@@ -138,7 +138,7 @@ template <class Number>
 std::wstring localText(Number number, const Locale& locale) {
     std::wstring text = shortestText(number);
     const std::size_t point = text.find(L'.');
-    if (point != text.npos) text.replace(point, 1, locale.decimalSeparator());
+    if (point != std::wstring::npos) text.replace(point, 1, locale.decimalSeparator());
     return text;
 }
 
@@ -198,7 +198,7 @@ double userNumber(std::wstring_view text, const Locale& locale) {
     const std::wstring separator = locale.decimalSeparator();
     const std::size_t point = rest.find(separator);
     appendGroups(plain, rest.substr(0, point), locale.thousandsSeparator());
-    if (point != rest.npos) {
+    if (point != std::wstring_view::npos) {
         const std::wstring_view fraction = rest.substr(point + separator.size());
         if (!std::ranges::all_of(fraction, isDigit)) throwTypeMismatch();
         plain.append(L".").append(fraction);

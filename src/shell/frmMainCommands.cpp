@@ -24,8 +24,8 @@ constexpr int lastVisibleButton = 22;
 
 unsigned kindBit(std::wstring_view kind) {
     constexpr std::wstring_view letters = L"AZLBD";
-    const std::size_t place = kind.empty() ? letters.npos : letters.find(kind.front());
-    return place == letters.npos ? noKind : 1U << place;
+    const std::size_t place = kind.empty() ? std::wstring_view::npos : letters.find(kind.front());
+    return place == std::wstring_view::npos ? noKind : 1U << place;
 }
 
 MenuItem& subMenu(MenuItem& menu, std::wstring_view caption) {
@@ -52,7 +52,7 @@ void frmMain::addToMenus(const Command& command) {
         MenuItem& menu = this->*popup.menu;
         std::wstring name(command.pop);
         const std::size_t star = name.find(L'*');
-        if (star == name.npos) {
+        if (star == std::wstring_view::npos) {
             addMenuItem(menu, name, command);
         } else {
             name[star] = popup.letter;

@@ -31,8 +31,8 @@ const std::array<ListColumns::ColumnSet, 5>& ListColumns::columnSets() {
 
 ListKind listKindOf(std::wstring_view nodeKind) {
     constexpr std::wstring_view letters = L"AZLBD";
-    const std::size_t place = nodeKind.empty() ? letters.npos : letters.find(nodeKind.front());
-    return place == letters.npos ? ListKind::none : static_cast<ListKind>(place + 1);
+    const std::size_t place = nodeKind.empty() ? std::wstring_view::npos : letters.find(nodeKind.front());
+    return place == std::wstring_view::npos ? ListKind::none : static_cast<ListKind>(place + 1);
 }
 
 namespace {
@@ -47,7 +47,7 @@ std::vector<std::wstring> split(const std::wstring& text, wchar_t separator) {
     for (;;) {
         const std::size_t end = text.find(separator, begin);
         elements.push_back(text.substr(begin, end - begin));
-        if (end == text.npos) return elements;
+        if (end == std::wstring_view::npos) return elements;
         begin = end + 1;
     }
 }

@@ -25,8 +25,8 @@ class basDateien {
         std::function<void()> ShowNodeStatus;
     } hooks;
 
-    /// Full name of the drawing behind the list's selected item or the tree's selected node. Throws when there
-    /// is none.
+    /// Full name of the drawing behind the list's selected item or the tree's selected node. Throws when
+    /// there is none.
     std::wstring GetSelectedDrawingFile(bool fromList);
     /// Full file name of the template behind the selection; "" when there is none.
     std::wstring GetSelectedTemplateFile(bool fromList);

@@ -64,7 +64,7 @@ TEST_F(ConversionsTest, TakesTheLeadingNumberOfAText) {
 TEST_F(ConversionsTest, ReadsBackItsOwnPlainNumbers) {
     for (const float number : {0.0F, -1234.5F, 0.1F, 16777216.0F, 1e20F, 1e-40F, 3.4e38F}) {
         const std::wstring text = plainText(number);
-        EXPECT_EQ(text.npos, text.find(L'e')) << testing::PrintToString(text);
+        EXPECT_EQ(std::wstring::npos, text.find(L'e')) << testing::PrintToString(text);
         EXPECT_EQ(number, static_cast<float>(plainNumber(text))) << testing::PrintToString(text);
     }
     EXPECT_EQ(L"1200.5", plainText(1200.5F));

@@ -176,8 +176,8 @@ TEST_F(Copying, NumbersAsManyAsWantedFromTheFirstFreeOne) {
     EXPECT_EQ(main->autoCAD.GetActiveDrawingName(), L"C:\\Haus 1\\Plan.dwg");
     EXPECT_EQ(tree().selected()->key(), L"L4");
     const std::wstring text = treeText();
-    EXPECT_NE(text.find(L"Plan4*\n"), text.npos);
-    EXPECT_NE(text.find(L"Plan6\n"), text.npos);
+    EXPECT_NE(text.find(L"Plan4*\n"), std::wstring::npos);
+    EXPECT_NE(text.find(L"Plan6\n"), std::wstring::npos);
 }
 
 TEST_F(Copying, KeepsToItsDrawing) {

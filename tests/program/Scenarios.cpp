@@ -10,7 +10,7 @@ namespace {
 
 Action byMenu(const Command& command) {
     std::wstring item(command.item.empty() ? command.pop : command.item);
-    if (const std::size_t star = item.find(L'*'); star != item.npos) item[star] = L'D';
+    if (const std::size_t star = item.find(L'*'); star != std::wstring::npos) item[star] = L'D';
     return {item, [item](frmMain& form) { form.item(item).click(); },
             [item](frmMain& form) { return form.item(item).enabled(); }};
 }

@@ -111,8 +111,8 @@ TEST_F(StartUp, BrokenSettingsEndTheProgramWithTheirNameAndPlace) {
         EXPECT_FALSE(start());
         ASSERT_EQ(world.messages.shown.size(), 1U);
         const std::wstring& text = world.messages.shown[0].text;
-        EXPECT_NE(text.find(std::wstring(L"„") + key + L"“ ist keine Zahl: „12 Zoll“"), text.npos);
-        EXPECT_NE(text.find(L"HKEY_CURRENT_USER\\Software\\Blattwart\\Settings\\"), text.npos);
+        EXPECT_NE(text.find(std::wstring(L"„") + key + L"“ ist keine Zahl: „12 Zoll“"), std::wstring::npos);
+        EXPECT_NE(text.find(L"HKEY_CURRENT_USER\\Software\\Blattwart\\Settings\\"), std::wstring::npos);
         EXPECT_EQ(world.settings.writes, 0);
     }
     // These are read as far as they are numbers, or passed over.

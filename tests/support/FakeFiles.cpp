@@ -10,7 +10,7 @@ namespace {
 
 std::wstring folderOf(const std::wstring& path) {
     const std::size_t backslash = path.rfind(L'\\');
-    return backslash == path.npos ? L"" : path.substr(0, backslash);
+    return backslash == std::wstring::npos ? L"" : path.substr(0, backslash);
 }
 
 std::wstring nameOf(const std::wstring& path) {
