@@ -58,7 +58,7 @@ std::wstring frmInfo::toolPath() {
     std::wstring text;
     if (GetKeyValue(root, "SOFTWARE\\Microsoft\\Shared Tools\\MSINFO", "PATH", text)) return text;
     if (GetKeyValue(root, "SOFTWARE\\Microsoft\\Shared Tools Location", "MSINFO", text)) {
-        const std::wstring path = text + L"\\MSINFO32.EXE";
+        std::wstring path = text + L"\\MSINFO32.EXE";
         if (platform_.files.exists(path)) return path;
     }
     return {};

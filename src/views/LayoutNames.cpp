@@ -67,9 +67,8 @@ bool LayoutNames::isTaken(bool fromList, const std::wstring& key, const std::wst
     }
     const TreeNode* node = tree_.view().find(key);
     if (!node || !node->parent()) return false;
-    for (const auto& sibling : node->parent()->children())
-        if (isOther(*sibling)) return true;
-    return false;
+    return std::ranges::any_of(node->parent()->children(), isOther,
+                               [](const auto& child) -> const TreeNode& { return *child; });
 }
 
 bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) {
