@@ -1,5 +1,7 @@
 #include "views/LayoutNames.h"
 
+#include <algorithm>
+
 namespace blattwart {
 
 namespace {
