@@ -5,50 +5,11 @@
 namespace demo {
 namespace {
 
-using Tabs = std::vector<std::wstring>;
-
 const Object* firstOf(const Layout& layout, const std::string& type, std::size_t skip = 0) {
     for (const auto& entity : layout.entities()) {
         if (entity->type() == type && skip-- == 0) return entity.get();
     }
     return nullptr;
-}
-
-struct SampleCase {
-    const char* file;
-    const char* release;
-    Tabs tabs;
-    const wchar_t* current;
-};
-
-TEST(Drawing, ReadsTheLayoutsOfEachRelease) {
-    const SampleCase cases[] = {
-        {"Zeichnungen/Schnitt A-A.dwg",
-         "AC1015",
-         {L"Model", L"Schnitt A-A", L"Schnitt Ω", L"Letter"},
-         L"Model"},
-        {"Zeichnungen/Nur Modell.dwg", "AC1018", {L"Model"}, L"Model"},
-        {"Zeichnungen/Werkplan Obergeschoß.dxf",
-         "AC1021",
-         {L"Model", L"Blatt 10", L"Blatt 2", L"Blatt 1"},
-         L"Blatt 10"},
-        {"Zeichnungen/Erdgeschoß Süd.dwg",
-         "AC1024",
-         {L"Model", L"Grundriß 1-50", L"Übersicht", L"Kopie für Ämter", L"Leer"},
-         L"Grundriß 1-50"},
-        {"Haus 1/Plan.dwg", "AC1027", {L"Model", L"Lageplan", L"Ansicht"}, L"Lageplan"},
-        {"Haus 2/Plan.dwg", "AC1032", {L"Model", L"Lageplan"}, L"Model"},
-        {"Vorlagen/Rahmen A1.DWG", "AC1027", {L"Model", L"Rahmen A1"}, L"Rahmen A1"},
-    };
-    for (const SampleCase& expected : cases) {
-        SCOPED_TRACE(expected.file);
-        const Drawing drawing = sample(expected.file);
-        EXPECT_EQ(drawing.version(), expected.release);
-        EXPECT_EQ(tabs(drawing), expected.tabs);
-        EXPECT_EQ(drawing.currentLayout().name(), expected.current);
-        for (std::size_t i = 0; i < expected.tabs.size(); ++i)
-            EXPECT_EQ(drawing.layouts()[i]->tabOrder(), static_cast<std::int32_t>(i));
-    }
 }
 
 TEST(Drawing, ReadsViewportsBlockReferencesAndTheirExtendedData) {
@@ -111,23 +72,6 @@ TEST(Drawing, WritesBackEverythingItRead) {
         std::erase(written, '\r');
         EXPECT_TRUE(written == original);
     }
-}
-
-TEST(Drawing, KeepsUnknownSectionsGroupsAndComments) {
-    std::string text = saved(Drawing::createEmpty());
-    text.insert(0, "999\r\nein Kommentar\r\n");
-    const std::string more =
-        "  0\r\nSECTION\r\n  2\r\nNEUES\r\n 90\r\n7\r\n  0\r\nDING\r\n310\r\n00FF\r\n  0\r\nENDSEC\r\n";
-    text.insert(text.rfind("  0\r\nEOF"), more);
-    const std::string entity =
-        "  0\r\nUNBEKANNT\r\n  5\r\nFE\r\n330\r\n1F\r\n100\r\nNeu\r\n 70\r\n     "
-        "3\r\n1001\r\nACAD\r\n1000\r\n x \r\n";
-    text.insert(text.find("ENTITIES\r\n") + 10, entity);
-    Drawing drawing = loaded(text);
-    EXPECT_EQ(drawing.modelLayout().entities().front()->type(), "UNBEKANNT");
-    drawing.setHeaderVariable("$HANDSEED", handleGroup(5, 0xFF));
-    text.replace(text.find("$HANDSEED\r\n  5\r\n") + 16, 2, "FF");
-    EXPECT_EQ(saved(drawing), text);
 }
 
 }  // namespace

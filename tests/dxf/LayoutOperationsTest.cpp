@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <set>
-
 #include "DrawingSupport.h"
 
 namespace demo {
@@ -46,14 +44,6 @@ TEST_F(LayoutOperations, CopyStandsBeforeItsSourceAndHasObjectsOfItsOwn) {
               "3 Übersicht: 3 TX_STEMPEL_A3[2]\n4 Kopie für Ämter: 0\n5 Leer: 0\n");
 }
 
-TEST_F(LayoutOperations, CopyRefersToItsOwnObjects) {
-    const Handle viewport = plan_.entities()[1]->handle();
-    drawing_.setXData(*plan_.entities()[3], {{1001, L"Tarvix"}, {1071, 0}, {1005, handleText(viewport)}});
-    const Layout& copy = drawing_.copyLayout(plan_, L"Neu");
-    EXPECT_EQ(copy.entities()[3]->xdata(L"Tarvix")[2].value,
-              XDataItem::Value(handleText(copy.entities()[1]->handle())));
-}
-
 TEST_F(LayoutOperations, DeletesAndPutsTheNeighbourInPlace) {
     const Handle gone = plan_.entities()[1]->handle();
     drawing_.deleteLayout(plan_);
@@ -81,24 +71,6 @@ TEST_F(LayoutOperations, MakingCurrentGivesASheetOnceAndSwapsTheBlocks) {
     EXPECT_EQ(again.currentLayout().name(), L"Leer");
     EXPECT_EQ(again.findLayout(plan_.handle())->entities().size(), plan_.entities().size());
     EXPECT_EQ(inspected(drawing_).substr(0, 15), "AC1024 faults:\n");
-}
-
-TEST_F(LayoutOperations, AddsAndNames) {
-    Layout& added = drawing_.addLayout(L"Blatt „neu“");
-    EXPECT_EQ(added.tabOrder(), 5);
-    EXPECT_EQ(added.sheetViewport(), nullptr);
-    drawing_.renameLayout(added, L"BLATT „NEU“");
-    EXPECT_EQ(drawing_.findLayout(L"Blatt „neu“"), &added);
-    EXPECT_EQ(drawing_.uniqueLayoutName(L"übersicht"), L"übersicht (2)");
-    EXPECT_EQ(errorOf([&] { drawing_.renameLayout(added, L"ÜBERSICHT"); }), errorNumber::duplicateKey);
-    EXPECT_EQ(errorOf([&] { drawing_.renameLayout(drawing_.modelLayout(), L"M"); }),
-              errorNumber::invalidCall);
-    for (const wchar_t* name : {L"", L"a/b", L"a*b", L"a\nb", L"model"})
-        EXPECT_NE(errorOf([&] { drawing_.addLayout(name); }), 0) << encodeText(name);
-    drawing_.setTabOrder(added, 1);
-    EXPECT_EQ(tabs(drawing_)[1], L"BLATT „NEU“");
-    EXPECT_EQ(errorOf([&] { drawing_.setTabOrder(added, 6); }), errorNumber::invalidCall);
-    EXPECT_EQ(inspected(drawing_).find("faults:\n"), 7u);
 }
 
 TEST_F(LayoutOperations, TemplateHoldsOneLayoutAndAnEmptyModel) {

@@ -35,24 +35,6 @@ TEST_F(HostTest, IdsAndWindowHandlesAreAsWideAsTheHost) {
     EXPECT_EQ(errorOf([&] { call(other, L"ObjectIdToObject32", {shortId}); }), code(0x80200014));
 }
 
-TEST_F(HostTest, NewDrawingsHaveNoPathUntilTheyAreSaved) {
-    const ObjectPtr documents = object(application_, L"Documents");
-    const ObjectPtr document = *call(documents, L"Add").as<ObjectPtr>();
-    EXPECT_EQ(get(document, L"Name"), Value(L"Zeichnung1.dwg"));
-    EXPECT_EQ(get(document, L"Path"), Value(L""));
-    EXPECT_EQ(get(document, L"FullName"), Value(L""));
-    EXPECT_NE(errorOf([&] { call(document, L"Save"); }), 0);
-    call(object(document, L"Layouts"), L"Add", {Value(L"Grundriß")});
-    EXPECT_EQ(get(document, L"Saved"), Value(false));
-    call(document, L"SaveAs", {Value(L"C:\\Projekte\\Neu")});
-    EXPECT_EQ(get(document, L"FullName"), Value(L"C:\\Projekte\\Neu.dwg"));
-    EXPECT_EQ(get(document, L"Saved"), Value(true));
-
-    call(document, L"Close", {Value(false)});
-    const ObjectPtr again = *call(documents, L"Open", {Value(L"c:\\projekte\\NEU.DWG")}).as<ObjectPtr>();
-    EXPECT_EQ(names(object(again, L"Layouts")), (Names{L"Grundriß", L"Layout1", L"Model"}));
-}
-
 TEST_F(HostTest, TheUserClosesAndSwitchesDocuments) {
     const ObjectPtr first = open({L"A"}, L"Eins.dwg");
     const ObjectPtr second = open({L"B"}, L"Zwei.dwg");

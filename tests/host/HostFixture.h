@@ -4,7 +4,6 @@
 
 #include <unistd.h>
 
-#include <algorithm>
 #include <filesystem>
 
 #include "host/DemoAutomation.h"
@@ -36,7 +35,6 @@ class HostTest : public testing::Test {
   protected:
     HostTest() {
         std::filesystem::create_directories(root_ / "C" / "Projekte");
-        std::filesystem::create_directories(root_ / "C" / "Vorlagen");
         restart({});
     }
     ~HostTest() override { std::filesystem::remove_all(root_); }

@@ -65,48 +65,5 @@ TEST_F(DatabaseFile, RowsFillManyPages) {
     EXPECT_EQ(count("Typen"), "0\n");
 }
 
-TEST_F(DatabaseFile, IdsMayBeTextsOrRepeat) {
-    const auto texts = typesTable({{L"zwölf", L"a", L"C:\\Größe", Null{}}, {Null{}, L"b", Null{}, Null{}}},
-                                  ColumnType::text);
-    writeDatabase(file_, {texts});
-    EXPECT_EQ(exported(file_, "Typen"), "zwölf|a|C:\\Größe|NULL\nNULL|b|NULL|NULL\n");
-
-    auto twins =
-        typesTable({{3, L"a", Null{}, Null{}}, {3, L"b", Null{}, Null{}}, {Null{}, L"c", Null{}, Null{}}});
-    twins.key.reset();
-    writeDatabase(file_, {twins});
-    EXPECT_EQ(exported(file_, "Typen"), expected(twins));
-}
-
-TEST(DatabaseBytes, RefuseWhatDoesNotSuit) {
-    struct Case {
-        const char* what;
-        Table table;
-        std::int32_t error;
-    };
-    std::vector<Row> tooMany;
-    const std::wstring text(255, L'x');
-    for (std::int32_t i = 0; i < 2000; ++i) tooMany.push_back({i, L"a", text, text});
-    namespace number = blattwart::errorNumber;
-    const std::vector<Case> cases = {
-        {"wrong type", typesTable({{L"1", L"a", Null{}, Null{}}}), number::typeMismatch},
-        {"long text", typesTable({{1, std::wstring(51, L'ä'), Null{}, Null{}}}), number::typeMismatch},
-        {"missing value", typesTable({{1, L"a"}}), number::typeMismatch},
-        {"null as key", typesTable({{Null{}, L"a", Null{}, Null{}}}), number::typeMismatch},
-        {"key twice", typesTable({{1, L"a", Null{}, Null{}}, {1, L"b", Null{}, Null{}}}),
-         number::duplicateKey},
-        {"too many rows", typesTable(std::move(tooMany)), number::overflow},
-    };
-    for (const auto& [what, table, error] : cases) {
-        SCOPED_TRACE(what);
-        try {
-            databaseBytes({table});
-            ADD_FAILURE() << "no error";
-        } catch (const blattwart::RuntimeError& caught) {
-            EXPECT_EQ(caught.number(), error);
-        }
-    }
-}
-
 }  // namespace
 }  // namespace demo::mdb
