@@ -125,8 +125,7 @@ void writeReport(const std::wstring& file, const WireCounters& counters) {
     std::ofstream report{std::filesystem::path(file)};
     report << "idLookups " << counters.idLookups << "\ncalls " << counters.calls << "\nnexts "
            << counters.nexts << "\nrefused " << counters.refused << "\nobjects " << counters.objects
-           << "\nreleased " << counters.released << "\nmessages " << counters.messages
-           << "\nreferences " << counters.references << "\n";
+           << "\nreleased " << counters.released << "\n";
 }
 
 }  // namespace demo
