@@ -87,6 +87,9 @@ void HostScreen::attach(HWND window) {
 void HostScreen::update() {
     updateTitle();
     updateState();
+}
+
+void HostScreen::updateContent() {
     if (std::wstring content = contentOf(host_); content != content_) {
         content_ = std::move(content);
         InvalidateRect(window_, nullptr, TRUE);

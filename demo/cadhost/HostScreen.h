@@ -18,6 +18,8 @@ class HostScreen {
     void attach(HWND window);
     /// Brings the window in line with the host, and the host with what the user did to the window.
     void update();
+    /// Shows what is open, from time to time: it takes longer the more is open.
+    void updateContent();
     void paint(HDC canvas, const RECT& area) const;
     /// Shows the host's dialog when one is open.
     void showDialog();

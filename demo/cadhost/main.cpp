@@ -58,6 +58,7 @@ void serve(const Options& options) {
     window.run([&] {
         if (host->ended()) PostQuitMessage(0);
         screen.update();
+        screen.updateContent();
         screen.showDialog();
     });
     host->quit();
