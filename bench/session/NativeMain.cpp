@@ -1,30 +1,64 @@
 // The program on the demonstration host's objects in this process: what the program itself costs.
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "host/DemoAutomation.h"
+#include "session/Drawings.h"
 #include "session/Session.h"
 
-int main() {
-    using namespace blattwart::bench;
+namespace blattwart::bench {
+
+namespace {
+
+void printLine(const std::string& what, const Cost& cost) {
+    std::printf("%-44s %7zu %11.2f\n", what.c_str(), cost.calls, cost.milliseconds);
+}
+
+std::unique_ptr<Session> startSession(Automation& automation) {
+    auto session = std::make_unique<Session>(automation, std::filesystem::temp_directory_path());
+    session->start();
+    return session;
+}
+
+Cost refresh(demo::DemoAutomation& automation, int drawings) {
+    addDrawings(automation.start(), drawings, layoutsEach);
+    return startSession(automation)->refresh();
+}
+
+Cost clickDrawing(demo::DemoAutomation& automation, int layouts) {
+    addDrawings(automation.start(), 1, layouts);
+    return startSession(automation)->clickDrawing();
+}
+
+void measureAll() {
     demo::DemoAutomation automation;
-    automation.start();
-    const double emptyCall = measureEmptyCall(automation);
-    printHeading("in one process", emptyCall);
-    const auto session = [&] {
-        return Session(automation, std::filesystem::temp_directory_path(), [] { return 0; });
-    };
-    for (const std::size_t drawings : drawingCounts) {
-        demo::Host& host = automation.start();
-        for (std::size_t i = 0; i < drawings; ++i)
-            host.addDocument(L"C:\\Projekte", L"Plan " + std::to_wstring(i) + L".dwg",
-                             layoutNames(layoutsEach));
-        printLine("refresh, " + std::to_string(drawings) + " drawings of 20 layouts", session().refresh(),
-                  emptyCall);
-    }
-    for (const std::size_t layouts : layoutCounts) {
-        automation.start().addDocument(L"C:\\Projekte", L"Plan.dwg", layoutNames(layouts));
-        printLine("click on a drawing of " + std::to_string(layouts) + " layouts", session().clickDrawing(),
-                  emptyCall);
-    }
-    automation.start().addDocument(L"C:\\Projekte", L"Voll.dwg", crowdedDrawing());
-    printLine("click on a layout of 2000 objects", session().clickLayout(L"Blatt"), emptyCall);
+    std::printf("%-44s %7s %11s\n", "", "calls", "time [ms]");
+    for (const int drawings : drawingCounts)
+        printLine("refresh, " + std::to_string(drawings) + " drawings of 20 layouts",
+                  refresh(automation, drawings));
+    for (const int layouts : {layoutsEach, mostLayouts})
+        printLine("click on a drawing of " + std::to_string(layouts) + " layouts",
+                  clickDrawing(automation, layouts));
+    automation.start().addDocument(projectFolder, L"Voll.dwg", crowdedDrawing());
+    printLine("click on a layout of 2000 objects", startSession(automation)->clickLayout(L"Blatt"));
+}
+
+/// "refresh" with so many drawings, or "click" on a drawing of so many layouts, for a tool that counts
+/// instructions.
+bool runOne(std::string_view action, int size) {
+    demo::DemoAutomation automation;
+    if (action == "refresh") return refresh(automation, size).calls > 0;
+    if (action == "click") return clickDrawing(automation, size).calls > 0;
+    return false;
+}
+
+}  // namespace
+
+}  // namespace blattwart::bench
+
+int main(int count, char** words) {
+    if (count == 3) return blattwart::bench::runOne(words[1], std::atoi(words[2])) ? 0 : 1;
+    blattwart::bench::measureAll();
+    return 0;
 }

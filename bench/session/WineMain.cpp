@@ -1,6 +1,12 @@
 // The program on the demonstration host as a process of its own, over COM.
 
+#include <cstdio>
+
 #include "com/Client.h"
+#include "session/Drawings.h"
+#include "session/Least.h"
+#include "session/Script.h"
+#include "session/SentMessages.h"
 #include "session/Session.h"
 
 namespace blattwart::bench {
@@ -8,54 +14,83 @@ namespace blattwart::bench {
 namespace {
 
 constexpr const wchar_t* hostWindow = L"CadHostWindow";
+constexpr const wchar_t* hostName = L"AutoCAD.Application.18";
 
-std::wstring drawingsAsCommands(std::size_t drawings, std::size_t layouts) {
-    std::wstring options = L"/silent ";
-    for (std::size_t i = 0; i < drawings; ++i) {
-        options += L"/do \"add C:\\Projekte|Plan " + std::to_wstring(i) + L".dwg";
-        for (const std::wstring& name : layoutNames(layouts)) options += L"|" + name;
-        options += L"\" ";
+/// The host with these drawings, and what goes over the wire to it.
+class HostProgram {
+  public:
+    explicit HostProgram(const std::wstring& drawings)
+        : program_(CADHOST, L"/silent /Automation" + drawings, hostWindow) {
+        Client client;
+        attach(client, hostName);
     }
-    return options;
+
+    HostProgram(const HostProgram&) = delete;
+    HostProgram& operator=(const HostProgram&) = delete;
+    /// Ended in good order: scripts would still be led to a host that was killed.
+    ~HostProgram() {
+        program_.obey(L"quit");
+        for (int i = 0; i < 250 && FindWindowW(hostWindow, nullptr); ++i) Sleep(20);
+    }
+
+    double emptyCall() const {
+        Client client;
+        return measureEmptyCall(client.automation);
+    }
+
+  private:
+    RunningProgram program_;
+};
+
+/// The program, freshly started on the host.
+class FreshSession {
+  public:
+    explicit FreshSession(const std::function<int()>& messages)
+        : session_(client_.automation, std::filesystem::temp_directory_path(), messages),
+          start_(session_.start()) {}
+
+    const Cost& start() const { return start_; }
+    Session* operator->() { return &session_; }
+
+  private:
+    Client client_;
+    Session session_;
+    Cost start_;
+};
+
+Cost measureStart(const std::function<int()>& messages) {
+    constexpr int times = 3;
+    std::vector<Cost> costs;
+    for (int i = 0; i < times; ++i) costs.push_back(FreshSession(messages).start());
+    return median(std::move(costs));
 }
 
-/// What has gone over the wire so far.
-int messages(const RunningProgram& host) {
-    std::map<std::string, int> counters = host.counters();
-    return counters["calls"] + counters["idLookups"] + counters["nexts"] + counters["released"];
+void printHeading() {
+    std::printf("%-36s %6s %9s %6s %8s %7s %6s %9s %7s\n", "", "calls", "messages", "least", "empty", "ms",
+                "ratio", "script", "quicker");
 }
 
-void measure(const std::wstring& hostOptions, const std::string& what,
-             const std::function<Cost(Session&)>& action) {
-    const RunningProgram host(CADHOST, hostOptions, hostWindow);
-    Client client;
-    attach(client, L"AutoCAD.Application.18");
-    const double emptyCall = measureEmptyCall(client.automation);
-    Session session(client.automation, std::filesystem::temp_directory_path(),
-                    [&] { return messages(host); });
-    printLine(what, action(session), emptyCall);
+/// False when more messages went over the wire than the least.
+bool printLine(const std::string& what, const Cost& cost, int least, double emptyCall, double script) {
+    std::printf("%-36s %6zu %9d %6d %8.3f %7.1f %6.2f %9.1f %7.2f\n", what.c_str(), cost.calls, cost.messages,
+                least, emptyCall, cost.milliseconds, cost.milliseconds / (cost.messages * emptyCall), script,
+                script / cost.milliseconds);
+    std::fflush(stdout);
+    return cost.messages <= least;
 }
 
-void measureAll() {
-    for (const std::size_t drawings : drawingCounts)
-        measure(drawingsAsCommands(drawings, layoutsEach),
-                "refresh, " + std::to_string(drawings) + " drawings of 20 layouts",
-                [](Session& session) { return session.refresh(); });
-    for (const std::size_t layouts : layoutCounts)
-        measure(drawingsAsCommands(1, layouts),
-                "click on a drawing of " + std::to_string(layouts) + " layouts",
-                [](Session& session) { return session.clickDrawing(); });
-    const std::wstring crowded = temporaryFile(L"Voll.dwg");
-    crowdedDrawing().saveFile(crowded);
-    measure(L"/silent \"" + crowded + L"\"", "click on a layout of 2000 objects",
-            [](Session& session) { return session.clickLayout(L"Blatt"); });
-}
-
-double emptyCallOfAFreshHost() {
-    const RunningProgram host(CADHOST, L"/silent", hostWindow);
-    Client client;
-    attach(client, L"AutoCAD.Application.18");
-    return measureEmptyCall(client.automation);
+bool measure(int drawings, int layouts, const std::function<int()>& messages) {
+    const HostProgram host(drawingsAsCommands(drawings, layouts));
+    const std::string size = ", " + std::to_string(drawings) + " x " + std::to_string(layouts);
+    const auto print = [&](const char* what, const Cost& cost, int least, const wchar_t* script) {
+        return printLine(what + size, cost, least, host.emptyCall(), runScript(script));
+    };
+    bool good =
+        print("attach and first tree", measureStart(messages), leastForStart(drawings, layouts), L"start");
+    FreshSession session(messages);
+    good &= print("refresh", session->refresh(), leastForRefresh(drawings, layouts), L"refresh");
+    good &= print("click on a drawing", session->clickDrawing(), leastForClick(drawings, layouts), L"click");
+    return good;
 }
 
 }  // namespace
@@ -63,7 +98,13 @@ double emptyCallOfAFreshHost() {
 }  // namespace blattwart::bench
 
 int main() {
+    using namespace blattwart::bench;
     blattwart::runProgram(CADHOST, L"/register /silent");
-    blattwart::bench::printHeading("over COM", blattwart::bench::emptyCallOfAFreshHost());
-    blattwart::bench::measureAll();
+    const std::function<int()> messages = countSentMessages();
+    printHeading();
+    bool good = true;
+    for (const int drawings : drawingCounts) good &= measure(drawings, layoutsEach, messages);
+    good &= measure(1, mostLayouts, messages);
+    if (!good) std::printf("More messages than the least.\n");
+    return good ? 0 : 1;
 }

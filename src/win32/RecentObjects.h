@@ -7,8 +7,8 @@
 
 namespace blattwart {
 
-/// The host's objects that the program let go of last. Most of them come again with the next look at the host:
-/// as long as they are held, neither their coming nor letting go of them costs a message.
+/// The host's objects that the program let go of last. Most of them come again with the next look at the
+/// host: as long as they are held, neither their coming nor letting go of them costs a message.
 class RecentObjects {
   public:
     RecentObjects() = default;

@@ -1,0 +1,59 @@
+#include "session/Least.h"
+
+namespace blattwart::bench {
+
+namespace {
+
+/// A property or a method; an object that comes back is held and needs no message of its own.
+constexpr int fact = 1;
+/// Its id, once per class.
+constexpr int memberId = 1;
+/// The enumerator, its interface and its elements; COM gives the references to both interfaces back apart.
+constexpr int enumeration = 3 + 2;
+/// From the application to the collection of files to the folder.
+constexpr int templateFolder = 3 * fact;
+constexpr int openDocuments = fact + enumeration;
+constexpr int activeLayoutName = 2 * fact;
+
+int layoutNames(int layouts) {
+    constexpr int modelSpace = 1;
+    return fact + enumeration + (layouts + modelSpace) * fact;
+}
+
+int fullNames(int drawings) {
+    return drawings * fact;
+}
+
+int treeOf(int drawings, int layouts) {
+    constexpr int activeName = fact;
+    return activeName + openDocuments + fullNames(drawings) + drawings * layoutNames(layouts) +
+           activeLayoutName;
+}
+
+/// The object itself, plotter, paper in two steps, orientation, plot style.
+int layoutList(int layouts) {
+    constexpr int collection = fact;
+    return collection + layouts * 6 * fact;
+}
+
+}  // namespace
+
+int leastForStart(int drawings, int layouts) {
+    constexpr int attach = 6;
+    constexpr int members = 18 * memberId;
+    constexpr int statusLine = fact;
+    const int objectIds = drawings * layouts * fact;
+    return attach + members + 2 * templateFolder + treeOf(drawings, layouts) + objectIds +
+           layoutList(layouts) + activeLayoutName + statusLine;
+}
+
+int leastForRefresh(int drawings, int layouts) {
+    return templateFolder + treeOf(drawings, layouts);
+}
+
+int leastForClick(int drawings, int layouts) {
+    constexpr int statusLine = fact;
+    return openDocuments + fullNames(drawings) + layoutList(layouts) + activeLayoutName + statusLine;
+}
+
+}  // namespace blattwart::bench

@@ -1,0 +1,58 @@
+' Reads what the program reads, as a plain script does it. Its exit code is the time in microseconds.
+Option Explicit
+
+Dim application, begun
+begun = Timer
+Set application = CreateObject("AutoCAD.Application.18")
+If WScript.Arguments(0) <> "start" Then begun = Timer
+
+Select Case WScript.Arguments(0)
+    Case "start"
+        ReadTree True
+        ReadDrawing application.ActiveDocument
+    Case "refresh"
+        ReadTree False
+    Case "click"
+        ReadDrawing FindDrawing("C:\Projekte", "Plan 0.dwg")
+End Select
+WScript.Quit CLng((Timer - begun) * 1000000)
+
+Sub ReadTree(first)
+    Dim active, document, name, layout, text
+    text = application.Preferences.Files.TemplateDwgPath
+    active = application.ActiveDocument.Name
+    For Each document In application.Documents
+        name = document.Name
+        text = document.Path & "\" & name
+        For Each layout In document.Layouts
+            text = layout.Name
+            If first Then text = layout.ObjectID
+        Next
+        If name = active Then text = document.ActiveLayout.Name
+    Next
+End Sub
+
+Function FindDrawing(path, name)
+    Dim document
+    For Each document In application.Documents
+        If document.Name = name Then
+            If document.Path = path Then Set FindDrawing = document
+        End If
+    Next
+End Function
+
+Sub ReadDrawing(ByVal document)
+    Dim layout, text
+    For Each layout In document.Layouts
+        text = layout.Name
+        If text <> "Model" Then
+            text = layout.ConfigName
+            text = layout.GetLocaleMediaName(layout.CanonicalMediaName)
+            text = layout.PlotRotation
+            text = layout.StyleSheet
+        End If
+    Next
+    text = document.ActiveLayout.Name
+    Set document = application.ActiveDocument
+    text = document.Path & "\" & document.Name
+End Sub
