@@ -94,7 +94,8 @@ void frmMain::SizeControls(float x) {
 void frmMain::imgSplitter_MouseDown() {
     picSplitter.setLeft(imgSplitter.left());
     picSplitter.setTop(imgSplitter.top());
-    picSplitter.setWidth(static_cast<float>(toInt32(static_cast<double>(imgSplitter.width())) / 2));
+    const std::int32_t halfWidth = toInt32(static_cast<double>(imgSplitter.width())) / 2;
+    picSplitter.setWidth(static_cast<float>(halfWidth));
     ignoringErrors([this] { picSplitter.setHeight(imgSplitter.height() - splitterBarShortening); });
     picSplitter.setVisible(true);
     splitterDragging_ = true;

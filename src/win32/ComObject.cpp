@@ -92,7 +92,7 @@ ComPtr<IEnumVARIANT> ComObject::newEnumerator() {
     const Variant result = invoke(DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, none);
     const VARTYPE type = V_VT(&result.get());
     IUnknown* unknown = type == VT_UNKNOWN || type == VT_DISPATCH ? V_UNKNOWN(&result.get()) : nullptr;
-    if (!unknown) throwIfFailed(E_NOINTERFACE);
+    if (!unknown) throwFailure(E_NOINTERFACE);
     ComPtr<IEnumVARIANT> enumerator;
     throwIfFailed(session_->call([&] {
         return unknown->QueryInterface(IID_IEnumVARIANT,
@@ -126,7 +126,7 @@ std::vector<ObjectPtr> ComObject::itemByItem() {
         const Argument index{Value(i)};
         const Value value = invokeWith(item, std::span(&index, 1));
         const auto* object = value.as<ObjectPtr>();
-        if (!object) throwIfFailed(DISP_E_TYPEMISMATCH);
+        if (!object) throwFailure(DISP_E_TYPEMISMATCH);
         elements.push_back(*object);
     }
     return elements;
@@ -135,7 +135,7 @@ std::vector<ObjectPtr> ComObject::itemByItem() {
 ObjectPtr ComObject::element(const VARIANT& variant) {
     const Value value = fromVariant(variant, *session_);
     const auto* object = value.as<ObjectPtr>();
-    if (!object || !*object) throwIfFailed(DISP_E_TYPEMISMATCH);
+    if (!object || !*object) throwFailure(DISP_E_TYPEMISMATCH);
     return *object;
 }
 

@@ -19,7 +19,7 @@ DISPID ComSession::memberId(IDispatch& object, const Member& member) {
         }
         known = ids_.emplace(key, id).first;
     }
-    if (!known->second) throwIfFailed(DISP_E_UNKNOWNNAME);
+    if (!known->second) throwFailure(DISP_E_UNKNOWNNAME);
     return *known->second;
 }
 
@@ -33,7 +33,7 @@ DISPID ComSession::lookUp(IDispatch& object, std::wstring_view name) {
 
 ComPtr<IDispatch> ComSession::toDispatch(const ObjectPtr& object) {
     const auto* comObject = dynamic_cast<const ComObject*>(object.get());
-    if (!comObject) throwIfFailed(DISP_E_TYPEMISMATCH);
+    if (!comObject) throwFailure(DISP_E_TYPEMISMATCH);
     return comObject->dispatch();
 }
 
