@@ -22,27 +22,6 @@ Value converted(VARTYPE type, std::int64_t content) {
     return fromVariant(variant, objects);
 }
 
-TEST(VariantBorder, ValuesTakeTheTypesThatServersExpect) {
-    NoObjects objects;
-    const std::pair<Value, VARTYPE> cases[] = {{Value(), VT_EMPTY},
-                                               {Null{}, VT_NULL},
-                                               {true, VT_BOOL},
-                                               {std::uint8_t{1}, VT_UI1},
-                                               {std::int16_t{1}, VT_I2},
-                                               {std::int32_t{1}, VT_I4},
-                                               {std::int64_t{1}, VT_I8},
-                                               {1.0F, VT_R4},
-                                               {1.0, VT_R8},
-                                               {Currency{1}, VT_CY},
-                                               {Date{1}, VT_DATE},
-                                               {L"", VT_BSTR},
-                                               {ObjectPtr(), VT_DISPATCH},
-                                               {ShortArray{}, VT_ARRAY | VT_I2},
-                                               {DoubleArray{}, VT_ARRAY | VT_R8},
-                                               {ValueArray{}, VT_ARRAY | VT_VARIANT}};
-    for (const auto& [value, type] : cases) EXPECT_EQ(V_VT(&toVariant(value, objects).get()), type);
-}
-
 TEST(VariantBorder, ForeignTypesTakeTheNextWiderOne) {
     EXPECT_EQ(converted(VT_I1, -1 & 0xFF), Value(std::int16_t{-1}));
     EXPECT_EQ(converted(VT_UI2, 65535), Value(std::int32_t{65535}));
@@ -94,23 +73,6 @@ TEST(GuardBorder, ErrorsStayInsideAndAreToldOnce) {
     }
     guard.guarded([] { throw std::runtime_error("größer"); });
     EXPECT_EQ(reports, (std::vector<std::wstring>{L"Fehlschlag", L"Unerwarteter Fehler: größer"}));
-}
-
-TEST(MessageFilter, KeepsInputBackAndHandsRefusalsOn) {
-    BusyHost busyHost;
-    std::int32_t told = 0;
-    busyHost.setHandlers(
-        {.busyFor = [&](std::int32_t milliseconds) { told = std::max(told, milliseconds); }});
-    const ComPtr<IMessageFilter> filter = makeMessageFilter(busyHost);
-    EXPECT_EQ(filter->RetryRejectedCall(nullptr, 100, SERVERCALL_REJECTED), static_cast<DWORD>(-1));
-    EXPECT_EQ(filter->HandleInComingCall(CALLTYPE_TOPLEVEL, nullptr, 0, nullptr),
-              DWORD{SERVERCALL_ISHANDLED});
-    busyHost.call([&] {
-        EXPECT_EQ(filter->MessagePending(nullptr, 1500, PENDINGTYPE_TOPLEVEL),
-                  DWORD{PENDINGMSG_WAITDEFPROCESS});
-        return S_OK;
-    });
-    EXPECT_EQ(told, 1500);
 }
 
 TEST(MessageFilter, CancelsACallWithoutAnswerWhenTheUserGivesUp) {

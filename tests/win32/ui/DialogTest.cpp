@@ -159,16 +159,6 @@ TEST_F(DialogTest, AsksAFieldThatIsLeftButNotOnTheWayOut) {
     EXPECT_EQ(boxes().size(), 2u);
 }
 
-TEST_F(DialogTest, StartsOnEnter) {
-    copy([this] {
-        type(IDC_ANZAHL, L"2");
-        press(VK_RETURN);
-        EXPECT_FALSE(IsWindowVisible(dialog));
-    });
-    ASSERT_FALSE(boxes().empty());
-    EXPECT_EQ(boxes().front(), L"Die Zeichnung 'Plan.dwg' ist in AutoCAD nicht mehr geöffnet!");
-}
-
 TEST_F(DialogTest, EveryTextHasItsRoom) {
     const auto expectRoom = [this] {
         for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {

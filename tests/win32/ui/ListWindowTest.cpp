@@ -115,17 +115,6 @@ class ListWindowTest : public testing::Test {
     std::wstring happened;
 };
 
-TEST_F(ListWindowTest, ShowsRowsInNaturalOrder) {
-    EXPECT_EQ(cell(0, 0), L"Änderung");
-    EXPECT_EQ(cell(1, 0), L"Blatt 2");
-    EXPECT_EQ(cell(2, 0), L"Blatt 10");
-    EXPECT_EQ(cell(1, 1), L"Plotter Blatt 2");
-    list.find(L"LBlatt 2")->setText(L"Blatt 3");
-    EXPECT_EQ(cell(1, 0), L"Blatt 3");
-    fill({L"Einziges"});
-    EXPECT_EQ(SendMessageW(handle(), LVM_GETITEMCOUNT, 0, 0), 1);
-}
-
 TEST_F(ListWindowTest, ColumnsFollowTheModelInAllOrders) {
     std::vector<int> positions(headings.size());
     std::iota(positions.begin(), positions.end(), 0);
@@ -198,18 +187,6 @@ TEST_F(ListWindowTest, SelectionGoesBothWays) {
     EXPECT_EQ(state(0) | state(1), 0u);
 }
 
-TEST_F(ListWindowTest, TypingFindsTheNextRow) {
-    LVFINDINFOW wanted{};
-    wanted.flags = LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP;
-    wanted.psz = L"blatt 1";
-    EXPECT_EQ(
-        SendMessageW(handle(), LVM_FINDITEMW, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&wanted)), 2);
-    wanted.psz = L"fehlt";
-    EXPECT_EQ(
-        SendMessageW(handle(), LVM_FINDITEMW, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(&wanted)),
-        -1);
-}
-
 TEST_F(ListWindowTest, OnlyReturnTakesAnEditedLabelOver) {
     const auto field = [this] { return childOfClass(handle(), L"Edit"); };
     SendMessageW(handle(), LVM_EDITLABELW, 0, 0);
@@ -226,33 +203,6 @@ TEST_F(ListWindowTest, OnlyReturnTakesAnEditedLabelOver) {
         EXPECT_EQ(cell(1, 0), L"Blatt 2");
         EXPECT_FALSE(list.editedItem());
     }
-}
-
-TEST_F(ListWindowTest, PaintsOnlyWhatChanges) {
-    PaintCount paints(handle());
-    EXPECT_EQ(paints.during([&] { fill({L"Blatt 10", L"Blatt 2", L"Änderung"}); }), 0);
-    EXPECT_EQ(paints.during([&] {
-        list.setMode(ListViewMode::details);
-        list.setSorted(true);
-        list.setColumnWidth(1, 1500);
-        list.setColumnPositions({0, 1, 2, 3, 4});
-    }),
-              0);
-    EXPECT_EQ(paints.during([&] { fill({L"Blatt 10", L"Blatt 2"}); }), 1);
-    EXPECT_EQ(paints.during([&] { list.row(0).setBold(true); }), 1);
-}
-
-/// Rows are only asked for when they are seen.
-TEST_F(ListWindowTest, FillsManyRowsQuickly) {
-    std::vector<std::wstring> texts;
-    for (int i = 0; i < 5000; ++i) texts.push_back(L"Blatt " + std::to_wstring(i));
-    const ULONGLONG start = GetTickCount64();
-    fill(texts);
-    pump();
-    const ULONGLONG milliseconds = GetTickCount64() - start;
-    RecordProperty("milliseconds", static_cast<int>(milliseconds));
-    EXPECT_EQ(cell(4999, 0), L"Blatt 4999");
-    EXPECT_LT(milliseconds, 3000u);
 }
 
 }  // namespace

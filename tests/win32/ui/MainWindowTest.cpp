@@ -79,7 +79,6 @@ class MainWindowTest : public testing::Test {
         pump();
         return result;
     }
-    void mouse(UINT message, int x) { SendMessageW(window(), message, MK_LBUTTON, MAKELPARAM(x, 200)); }
 
     NoAutomation automation;
     TestPlatform world{automation};
@@ -106,44 +105,6 @@ TEST_F(MainWindowTest, StandsWhereTheSettingsSayAndLaysItsPanesOut) {
     EXPECT_EQ(treePlace.bottom, place(statusBar()).top);
     EXPECT_EQ(place(statusBar()).bottom, client().bottom);
     EXPECT_EQ(textOf(window()), L"Blattwart");
-}
-
-TEST_F(MainWindowTest, SnapsBackToItsLeastWidth) {
-    SetWindowPos(window(), nullptr, 0, 0, 120, 300, SWP_NOMOVE | SWP_NOZORDER);
-    pump();
-    EXPECT_GE(main().width(), 3000);
-    EXPECT_LT(main().width(), 3000 + toTwips(1, windowDpi(window())));
-    EXPECT_NEAR(place(tree()).right, pixels(1500), 1);
-}
-
-TEST_F(MainWindowTest, TheSplitterIsDraggedWithTheMouse) {
-    const auto drag = [this](int to) {
-        mouse(WM_LBUTTONDOWN, place(tree()).right + 1);
-        mouse(WM_MOUSEMOVE, to);
-        EXPECT_TRUE(form().picSplitter.visible());
-        mouse(WM_LBUTTONUP, to);
-        pump();
-        EXPECT_FALSE(form().picSplitter.visible());
-        EXPECT_FALSE(GetCapture());
-    };
-    drag(pixels(3600));
-    EXPECT_EQ(place(tree()).right, pixels(3600));
-    drag(0);
-    EXPECT_EQ(place(tree()).right, pixels(1500));
-}
-
-TEST_F(MainWindowTest, BarsComeAndGo) {
-    const int top = place(tree()).top;
-    const int barHeight = place(toolBar()).bottom;
-    choose(L"&Symbolleiste");
-    EXPECT_FALSE(IsWindowVisible(toolBar()));
-    EXPECT_EQ(place(tree()).top, top - barHeight);
-    choose(L"S&tatusleiste");
-    EXPECT_EQ(place(list()).bottom, client().bottom);
-    choose(L"&Symbolleiste");
-    choose(L"S&tatusleiste");
-    EXPECT_EQ(place(tree()).top, top);
-    EXPECT_EQ(place(tree()).bottom, place(statusBar()).top);
 }
 
 TEST_F(MainWindowTest, MenusAndButtonsShowTheViewMode) {
@@ -280,23 +241,6 @@ TEST_F(MainWindowTest, ARefreshWithoutChangesPaintsNothing) {
             << "list";
     });
     EXPECT_EQ(all, 0) << "tree";
-}
-
-TEST_F(MainWindowTest, TheStatusBarHasAPanelForTheBusyHost) {
-    const auto parts = [this] { return SendMessageW(statusBar(), SB_GETPARTS, 0, 0); };
-    const auto text = [this](WPARAM part) {
-        std::array<wchar_t, 200> shown{};
-        SendMessageW(statusBar(), SB_GETTEXTW, part, reinterpret_cast<LPARAM>(shown.data()));
-        return std::wstring(shown.data());
-    };
-    EXPECT_EQ(text(0), L"Keine aktive AutoCAD-Zeichnung !");
-    main().showBusy(900);
-    EXPECT_EQ(parts(), 1);
-    main().showBusy(1100);
-    EXPECT_EQ(parts(), 2);
-    EXPECT_EQ(text(1), L"AutoCAD ist beschäftigt");
-    main().showBusy(0);
-    EXPECT_EQ(parts(), 1);
 }
 
 TEST_F(MainWindowTest, ClosingSavesThePlacementUnlessMinimised) {

@@ -10,7 +10,6 @@
 #include <thread>
 
 #include "ControlHost.h"
-#include "controls/Update.h"
 #include "win32/DragSource.h"
 
 namespace blattwart::test {
@@ -128,27 +127,6 @@ TEST_F(TreeWindowTest, ShowsWhatTheModelHolds) {
     EXPECT_EQ(taken(), L"");
 }
 
-TEST_F(TreeWindowTest, PaintsOnlyWhatChanges) {
-    PaintCount paints(handle());
-    const auto refresh = [this](const std::wstring& text, bool bold) {
-        const Update update(tree);
-        for (const wchar_t* key : {L"Z1", L"Z2", L"Z3"}) tree.node(key).setBold(false);
-        tree.node(L"Z2").setText(text);
-        tree.node(L"Z2").setBold(bold);
-        tree.node(L"A").setExpanded(true);
-        tree.select(tree.node(L"Z1"));
-    };
-    refresh(L"Z2", true);
-    EXPECT_EQ(paints.during([&] { refresh(L"Z2", true); }), 0);
-    EXPECT_EQ(paints.during([&] { refresh(L"Plan", false); }), 1);
-    EXPECT_EQ(paints.during([&] {
-        const Update update(tree);
-        for (int i = 10; i < 60; ++i) tree.add(&tree.node(L"A"), L"Z" + std::to_wstring(i), L"neu");
-        tree.remove(L"Z2");
-    }),
-              1);
-}
-
 TEST_F(TreeWindowTest, ClicksAndKeysAreReportedOnceEach) {
     click(handle(), labelOf(L"Z1"));
     EXPECT_EQ(taken(), L"click Z1;");
@@ -163,14 +141,6 @@ TEST_F(TreeWindowTest, ClicksAndKeysAreReportedOnceEach) {
     EXPECT_EQ(taken(), L"") << "beside all nodes";
     click(handle(), labelOf(L"Z3"), WM_LBUTTONDBLCLK, WM_LBUTTONUP);
     EXPECT_NE(taken().find(L"double;"), std::wstring::npos);
-}
-
-TEST_F(TreeWindowTest, CollapsingAboveTheSelectionIsAClick) {
-    tree.select(tree.node(L"L4"));
-    click(handle(), {8, labelOf(L"A").y});  // the button before the root
-    EXPECT_EQ(tree.selected(), &tree.node(L"A"));
-    EXPECT_FALSE(tree.node(L"A").expanded());
-    EXPECT_EQ(taken().substr(0, 8), L"click A;");
 }
 
 TEST_F(TreeWindowTest, TheContextMenuFirstSelectsWhatIsUnderTheMouse) {
