@@ -29,17 +29,5 @@ TEST(CollectionTest, TellsKeysFromPositionsAndKeepsTheOrder) {
     for (const wchar_t* key : {L"", L"01", L"2"}) EXPECT_THROW(collection.Item(key), RuntimeError);
 }
 
-TEST(CollectionTest, RefusesADuplicateKeyWithoutHarm) {
-    Collection<wchar_t> collection = lettersWithKeys();
-    try {
-        collection.Add(std::make_shared<wchar_t>(L'd'), L"1");
-        FAIL();
-    } catch (const RuntimeError& error) {
-        EXPECT_EQ(errorNumber::duplicateKey, error.number());
-    }
-    EXPECT_EQ(L"abc", contents(collection));
-    EXPECT_EQ(L'c', *collection.Item(L"1"));
-}
-
 }  // namespace
 }  // namespace blattwart::test

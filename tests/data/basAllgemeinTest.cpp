@@ -14,8 +14,7 @@ class AllgemeinTest : public testing::Test {
 
     demo::DemoAutomation nothing;
     TestPlatform world{nothing};
-    std::function<std::wstring()> hostFolder = [] { return std::wstring(L"D:\\Vorlagen"); };
-    basAllgemein module{world.platform, [this] { return hostFolder(); }};
+    basAllgemein module{world.platform, [] { return std::wstring(); }};
 };
 
 TEST_F(AllgemeinTest, FormatsNumbersWithDecimalsOnlyWhereThereAreSome) {
@@ -37,32 +36,6 @@ TEST_F(AllgemeinTest, RefusesForbiddenCharactersWithOneMessage) {
     EXPECT_TRUE(module.CheckInvalidChars(L"A<1>?"));
     EXPECT_EQ((ShownBox{message, L"Blattwart", MessageButtons::ok, MessageIcon::exclamation}),
               world.messages.shown.back());
-}
-
-TEST_F(AllgemeinTest, DeletesAFileOnYesOnly) {
-    const std::wstring file = L"D:\\Vorlagen\\A.dwt";
-    const std::wstring question = L"Datei: D:\\Vorlagen\\A.dwt wirklich löschen?";
-    world.files.add(file);
-    world.messages.expect(question, MessageAnswer::no);
-    EXPECT_FALSE(module.DateiLoeschen(file));
-    EXPECT_EQ((ShownBox{question, L"Blattwart", MessageButtons::yesNo, MessageIcon::question}),
-              world.messages.shown.back());
-    EXPECT_TRUE(world.files.exists(file));
-
-    world.files.lock(file);
-    world.messages.expect(question, MessageAnswer::yes);
-    EXPECT_FALSE(module.DateiLoeschen(file));
-    const std::wstring other = L"D:\\Vorlagen\\B.dwt";
-    world.files.add(other);
-    world.messages.answer(MessageAnswer::yes);
-    EXPECT_TRUE(module.DateiLoeschen(other));
-    EXPECT_FALSE(world.files.exists(other));
-}
-
-TEST_F(AllgemeinTest, TemplateFolderIsEmptyWhenTheHostDoesNotAnswer) {
-    EXPECT_EQ(L"D:\\Vorlagen", module.GetTemplateFolder());
-    hostFolder = []() -> std::wstring { throw RuntimeError(hresult::serverUnavailable, L""); };
-    EXPECT_EQ(L"", module.GetTemplateFolder());
 }
 
 }  // namespace

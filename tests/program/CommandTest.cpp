@@ -182,14 +182,6 @@ TEST_F(CommandTable, CommandsOfTheWindowItself) {
     EXPECT_EQ(list().row(0).key(), L"D7");
     choose(L"mnuEditSelectAll");
     EXPECT_EQ(list().selectedItems().size(), 2U);
-
-    const bool endsWithHost = form().item(L"mnuAutoEnd").checked();
-    choose(L"mnuAutoEnd");
-    EXPECT_NE(form().item(L"mnuAutoEnd").checked(), endsWithHost);
-    choose(L"mnuAutoEnd");
-    EXPECT_EQ(form().item(L"mnuAutoEnd").checked(), endsWithHost);
-    choose(L"mnuEnd");
-    EXPECT_TRUE(presenter.window.closed);
 }
 
 TEST_F(CommandTable, OpensAnyDrawingByTheFileDialog) {

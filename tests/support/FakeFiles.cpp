@@ -46,10 +46,6 @@ void FakeFiles::forget(const std::wstring& path) {
     if (file != files_.end()) files_.erase(file);
 }
 
-void FakeFiles::lock(const std::wstring& path) {
-    locked_.insert(locale_.upperCase(path));
-}
-
 std::vector<std::wstring> FakeFiles::list(const std::wstring& pattern) {
     if (fails(L"Files.list")) throwDenied();
     const std::wstring upperFolder = locale_.upperCase(folderOf(pattern));
@@ -72,7 +68,6 @@ void FakeFiles::remove(const std::wstring& path) {
     if (fails(L"Files.remove")) throwDenied();
     const auto file = find(path);
     if (file == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
-    if (locked_.contains(locale_.upperCase(path))) throwDenied();
     files_.erase(file);
 }
 

@@ -21,8 +21,6 @@ class FakeFiles : public Files {
     void addFolder(const std::wstring& path);
     /// Lets a file disappear as if another program deleted it.
     void forget(const std::wstring& path);
-    /// Makes the deletion of a file fail.
-    void lock(const std::wstring& path);
     const std::vector<std::wstring>& all() const { return files_; }
 
     std::wstring applicationFolder() const override { return folder; }
@@ -36,7 +34,6 @@ class FakeFiles : public Files {
     GermanLocale locale_;
     std::vector<std::wstring> files_;
     std::set<std::wstring> folders_;  // upper case
-    std::set<std::wstring> locked_;   // upper case
 };
 
 }  // namespace blattwart::test
