@@ -44,20 +44,6 @@ class AdoLibrary : public testing::Test {
     const std::wstring file_ = temporaryFile(L"Tarvix.mdb");
 };
 
-TEST_F(AdoLibrary, ReadsAJetFile) {
-    const ObjectPtr types = open(connect(file_), L"select * from Typen");
-    int rows = 0;
-    for (; types->get({L"Recordset", L"EOF"}) == Value(false); types->call({L"Recordset", L"MoveNext"})) {
-        EXPECT_TRUE(cell(types, L"TypenId").is<std::int32_t>());
-        EXPECT_TRUE(cell(types, L"typ").is<std::wstring>());
-        ++rows;
-    }
-    EXPECT_GT(rows, 0);
-    const ObjectPtr blocks = open(connect(file_), L"select * from Bloecke");
-    EXPECT_TRUE(cell(blocks, L"FaktorX").is<double>());
-    EXPECT_EQ(errorOf([&] { cell(blocks, L"Gibtsnicht"); }), static_cast<std::int32_t>(0x800A0CC1));
-}
-
 TEST_F(AdoLibrary, FailsWithTextsOfItsOwn) {
     try {
         connect(L"C:\\fehlt.mdb");
