@@ -4,19 +4,7 @@ namespace demo {
 
 namespace {
 
-class CommandLineTest : public HostTest {
-  protected:
-    void send(const std::wstring& text) {
-        call(object(application_, L"ActiveDocument"), L"SendCommand", {Value(text)});
-    }
-    std::int16_t activity() {
-        const Value value =
-            call(object(application_, L"ActiveDocument"), L"GetVariable", {Value(L"CMDACTIVE")});
-        return *value.as<std::int16_t>();
-    }
-};
-
-TEST_F(CommandLineTest, LayoutOptions) {
+TEST_F(HostTest, CommandLineTakesTheLayoutOptions) {
     struct Case {
         const wchar_t* typed;
         Names tabs;
@@ -38,23 +26,9 @@ TEST_F(CommandLineTest, LayoutOptions) {
     };
     for (const Case& each : cases) {
         restart({});
-        open({L"A", L"B"});
-        send(each.typed);
+        call(open({L"A", L"B"}), L"SendCommand", {Value(each.typed)});
         EXPECT_EQ(tabs(), each.tabs) << &each - cases;
     }
-}
-
-TEST_F(CommandLineTest, AnswersMayComeInPieces) {
-    open({L"A", L"B"});
-    const ObjectPtr state = *call(application_, L"GetAcadState").as<ObjectPtr>();
-    EXPECT_EQ(activity(), 0);
-    send(L"_layout\r_co");
-    EXPECT_EQ(activity(), 1);
-    EXPECT_EQ(get(state, L"IsQuiescent"), Value(false));
-    send(L"py\rA\r");
-    send(L"_layout\r");
-    EXPECT_EQ(tabs(), (Names{L"_layout", L"A", L"B"})) << "the text answers the prompt that is open";
-    EXPECT_EQ(get(state, L"IsQuiescent"), Value(true));
 }
 
 }  // namespace

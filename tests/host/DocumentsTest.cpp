@@ -4,14 +4,6 @@ namespace demo {
 
 namespace {
 
-TEST_F(HostTest, WithoutADocumentOnlyTheApplicationAnswers) {
-    const ObjectPtr documents = object(application_, L"documents");
-    EXPECT_EQ(get(documents, L"Count"), Value(std::int32_t{0}));
-    EXPECT_EQ(errorOf([&] { get(application_, L"ActiveDocument"); }), code(0x8021003C));
-    EXPECT_EQ(errorOf([&] { get(application_, L"Preferences"); }), code(0x8021003C));
-    EXPECT_EQ(get(application_, L"Visible"), Value(false));
-}
-
 TEST_F(HostTest, IdsAndWindowHandlesAreAsWideAsTheHost) {
     const ObjectPtr narrow = open({L"A"});
     const Value id = get(layout(narrow, L"A"), L"ObjectID");
