@@ -36,15 +36,22 @@ int layoutList(int layouts) {
     return collection + layouts * 6 * fact;
 }
 
+/// Of the active layout: collection and object, plotter, paper in two steps and in millimetres, orientation,
+/// plot style and area, then the kind and the data of its one object, a viewport.
+constexpr int layoutDetails = 2 * fact + 7 * fact + fact + enumeration + 2 * fact;
+
 }  // namespace
 
 int leastForStart(int drawings, int layouts) {
-    constexpr int attach = 6;
-    constexpr int members = 18 * memberId;
+    // Asked whether it runs, and given back at once, then found again to stay: each time a reference and an
+    // interface, once the two taken back.
+    constexpr int attach = 2 + 2 + 2;
+    constexpr int activeDocument = fact;
+    constexpr int members = 23 * memberId;
     constexpr int statusLine = fact;
     const int objectIds = drawings * layouts * fact;
-    return attach + members + 2 * templateFolder + treeOf(drawings, layouts) + objectIds +
-           layoutList(layouts) + activeLayoutName + statusLine;
+    return attach + activeDocument + members + 2 * templateFolder + treeOf(drawings, layouts) + objectIds +
+           layoutDetails + statusLine;
 }
 
 int leastForRefresh(int drawings, int layouts) {

@@ -24,6 +24,7 @@ DWORD run(const std::wstring& what) {
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD code = 0;
     GetExitCodeProcess(process.hProcess, &code);
+    if (code == 0) throw std::runtime_error("the script failed");
     CloseHandle(process.hThread);
     CloseHandle(process.hProcess);
     return code;

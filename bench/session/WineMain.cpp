@@ -28,10 +28,7 @@ class HostProgram {
     HostProgram(const HostProgram&) = delete;
     HostProgram& operator=(const HostProgram&) = delete;
     /// Ended in good order: scripts would still be led to a host that was killed.
-    ~HostProgram() {
-        program_.obey(L"quit");
-        for (int i = 0; i < 250 && FindWindowW(hostWindow, nullptr); ++i) Sleep(20);
-    }
+    ~HostProgram() { program_.quit(); }
 
     double emptyCall() const {
         Client client;

@@ -9,7 +9,7 @@ If WScript.Arguments(0) <> "start" Then begun = Timer
 Select Case WScript.Arguments(0)
     Case "start"
         ReadTree True
-        ReadDrawing application.ActiveDocument
+        ReadLayout application.ActiveDocument
     Case "refresh"
         ReadTree False
     Case "click"
@@ -54,5 +54,23 @@ Sub ReadDrawing(ByVal document)
     Next
     text = document.ActiveLayout.Name
     Set document = application.ActiveDocument
+    text = document.Path & "\" & document.Name
+End Sub
+
+Sub ReadLayout(ByVal document)
+    Dim layout, text, width, height, entity, types, values
+    Set layout = document.Layouts.Item(document.ActiveLayout.Name)
+    text = layout.ConfigName
+    text = layout.GetLocaleMediaName(layout.CanonicalMediaName)
+    width = CDbl(0)
+    height = CDbl(0)
+    layout.GetPaperSize width, height
+    text = layout.PlotRotation
+    text = layout.StyleSheet
+    text = layout.PlotType
+    For Each entity In layout.Block
+        text = entity.ObjectName
+        If text = "AcDbViewport" Then entity.GetXData "Tarvix", types, values
+    Next
     text = document.Path & "\" & document.Name
 End Sub

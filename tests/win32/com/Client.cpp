@@ -59,6 +59,11 @@ void RunningProgram::kill() {
     WaitForSingleObject(process_, 5000);
 }
 
+void RunningProgram::quit() {
+    PostMessageW(FindWindowW(windowClass_, nullptr), WM_CLOSE, 0, 0);
+    WaitForSingleObject(process_, 10000);
+}
+
 std::map<std::string, int> RunningProgram::counters() const {
     const std::wstring file = temporaryFile(L"counters.txt");
     if (!obey(L"report " + file)) throw std::runtime_error("no report");

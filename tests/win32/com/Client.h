@@ -34,6 +34,8 @@ class RunningProgram {
     ~RunningProgram();
 
     void kill();
+    /// Has the program end in good order, and waits for that.
+    void quit();
     /// Sends the command to the program's window; false when it was not understood.
     bool obey(const std::wstring& command) const { return demo::sendCommand(windowClass_, command); }
     /// What the program counted so far.
