@@ -18,7 +18,12 @@ void basAutoCAD::ConnectAutoCAD() {
     gAcadDoc = {};
     gAcadApp = {};
     ignoringErrors([&] { gAcadApp = host::Application(platform_.automation.running(automationName)); });
-    if (gAcadApp) ignoringErrors([&] { gAcadDoc = gAcadApp.ActiveDocument(); });
+    try {
+        if (gAcadApp) gAcadDoc = gAcadApp.ActiveDocument();
+    } catch (const RuntimeError& error) {
+        // For a moment the system still hands out a host that has just died.
+        if (isGone(error)) gAcadApp = {};
+    }
     if (fileDialogsStillOff_ && gAcadDoc) switchFileDialogsOn(gAcadDoc);
 }
 
