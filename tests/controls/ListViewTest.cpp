@@ -172,10 +172,10 @@ TEST_F(ListViewTest, labelEdits) {
     list.userEndsLabelEdit(&text);
     EXPECT_EQ(edits, Log{L"Plan"});
     EXPECT_EQ(list.row(1).text(), L"Blatt 2");
-    for (const auto& ending : std::vector<std::function<void()>>{
-             [&] { list.userEndsLabelEdit(nullptr); }, [&] { list.cancelLabelEdit(); },
-             [&] { list.setFocused(nullptr); }, [&] { list.clearSelection(); },
-             [&] { list.remove(L"L1"); }}) {
+    const std::vector<std::function<void()>> endings{
+        [&] { list.userEndsLabelEdit(nullptr); }, [&] { list.cancelLabelEdit(); },
+        [&] { list.setFocused(nullptr); }, [&] { list.clearSelection(); }, [&] { list.remove(L"L1"); }};
+    for (const auto& ending : endings) {
         list.startLabelEdit(list.row(0));
         ending();
         EXPECT_EQ(list.editedItem(), nullptr);

@@ -9,10 +9,17 @@
 
 namespace blattwart::test {
 
-TemporaryFolder::TemporaryFolder() {
+namespace {
+
+std::filesystem::path freshPath() {
     static std::atomic<int> number = 0;
-    path_ = std::filesystem::temp_directory_path() /
-            ("blattwart-" + std::to_string(getpid()) + "-" + std::to_string(++number));
+    return std::filesystem::temp_directory_path() /
+           ("blattwart-" + std::to_string(getpid()) + "-" + std::to_string(++number));
+}
+
+}  // namespace
+
+TemporaryFolder::TemporaryFolder() : path_(freshPath()) {
     std::filesystem::create_directories(path_);
 }
 

@@ -187,6 +187,18 @@ TEST_F(ListWindowTest, SelectionGoesBothWays) {
     EXPECT_EQ(state(0) | state(1), 0u);
 }
 
+TEST_F(ListWindowTest, TypingFindsTheNextRow) {
+    LVFINDINFOW wanted{};
+    wanted.flags = LVFI_STRING | LVFI_PARTIAL | LVFI_WRAP;
+    const auto found = [&](const wchar_t* text) {
+        wanted.psz = text;
+        return SendMessageW(handle(), LVM_FINDITEMW, static_cast<WPARAM>(-1),
+                            reinterpret_cast<LPARAM>(&wanted));
+    };
+    EXPECT_EQ(found(L"blatt 1"), 2);
+    EXPECT_EQ(found(L"fehlt"), -1);
+}
+
 TEST_F(ListWindowTest, OnlyReturnTakesAnEditedLabelOver) {
     const auto field = [this] { return childOfClass(handle(), L"Edit"); };
     SendMessageW(handle(), LVM_EDITLABELW, 0, 0);
