@@ -154,7 +154,8 @@ void measureStart(const std::wstring& self) {
     runProgram(CADHOST, L"/register /silent");
     std::filesystem::create_directories(L"C:\\Vorlagen");
     std::ofstream(L"C:\\Vorlagen\\Plan.dwt") << "-";
-    const RunningProgram host(CADHOST, L"/silent /do \"add C:\\Projekte|Plan.dwg|Blatt 1\"", L"CadHostWindow");
+    const RunningProgram host(CADHOST, L"/silent /do \"add C:\\Projekte|Plan.dwg|Blatt 1\"",
+                              L"CadHostWindow");
     const double call = emptyCall();
     int messages = 0;
     const double total = medianOf([&] {

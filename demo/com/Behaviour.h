@@ -18,7 +18,8 @@ namespace demo {
 /// - `refuse creations N [later]`: the next N creations of the application are refused
 /// - `refuse for MS [later]`: for so many milliseconds all calls are refused; -1 for ever
 /// - `refuse percent P [later]`: each call is refused with this probability
-/// - `modal N MS`: before the N-th call from now that is not refused, a dialog opens for so many milliseconds;
+/// - `modal N MS`: before the N-th call from now that is not refused, a dialog opens for so many
+/// milliseconds;
 ///   -1 for ever
 /// - `slow MS`: each call takes so much longer
 /// - `hold MS`: the next call is kept so long before it is carried out, the others are refused
