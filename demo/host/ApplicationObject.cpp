@@ -44,7 +44,7 @@ std::vector<MemberSlot<ApplicationObject>> ApplicationObject::windowMembers() {
 Value ApplicationObject::activeDocument() {
     const DocumentPtr active = host().activeDocument();
     if (!active) throw failure(hostError::noDocument);
-    return ObjectPtr(std::make_shared<DocumentObject>(hostPtr(), active));
+    return ObjectPtr(heldObject<DocumentObject>(hostPtr(), active));
 }
 
 void ApplicationObject::putActiveDocument(const Value& value) {

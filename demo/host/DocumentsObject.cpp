@@ -57,7 +57,7 @@ Value DocumentsObject::close(Arguments) {
 }
 
 ObjectPtr DocumentsObject::objectOf(const DocumentPtr& document) const {
-    return std::make_shared<DocumentObject>(hostPtr(), document);
+    return heldObject<DocumentObject>(hostPtr(), document);
 }
 
 }  // namespace demo

@@ -118,11 +118,11 @@ Value DrawingPart::ownerId32() {
 ObjectPtr makeDrawingObject(const HostPtr& host, const DocumentPtr& document, const Object& object) {
     const Handle handle = object.handle();
     const std::string& type = object.type();
-    if (type == "LAYOUT") return std::make_shared<LayoutObject>(host, document, handle);
-    if (type == "BLOCK_RECORD") return std::make_shared<BlockObject>(host, document, handle);
-    if (type == "VIEWPORT") return std::make_shared<ViewportObject>(host, document, handle);
-    if (type == "INSERT") return std::make_shared<BlockReferenceObject>(host, document, handle);
-    return std::make_shared<EntityObject>(host, document, handle);
+    if (type == "LAYOUT") return heldObject<LayoutObject>(host, document, handle);
+    if (type == "BLOCK_RECORD") return heldObject<BlockObject>(host, document, handle);
+    if (type == "VIEWPORT") return heldObject<ViewportObject>(host, document, handle);
+    if (type == "INSERT") return heldObject<BlockReferenceObject>(host, document, handle);
+    return heldObject<EntityObject>(host, document, handle);
 }
 
 }  // namespace demo

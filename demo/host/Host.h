@@ -5,6 +5,7 @@
 
 #include "host/Dialog.h"
 #include "host/Disk.h"
+#include "host/HeldObjects.h"
 #include "host/HostOptions.h"
 #include "host/Macros.h"
 #include "host/OpenDocument.h"
@@ -91,6 +92,7 @@ class Host : public std::enable_shared_from_this<Host> {
     std::int64_t window() const { return window_; }
     void setWindow(std::int64_t window) { window_ = window; }
 
+    HeldObjects& heldObjects() { return heldObjects_; }
     std::int32_t nextObjectNumber() { return ++objectNumber_; }
     /// A file name of the user's: relative ones belong to the template folder, `extension` is added when
     /// there is none.
@@ -102,6 +104,7 @@ class Host : public std::enable_shared_from_this<Host> {
 
     HostOptions options_;
     Disk disk_;
+    HeldObjects heldObjects_;
     std::vector<DocumentPtr> documents_;
     std::vector<DocumentPtr> lastUsed_;
     std::vector<TypedText> typedTexts_;

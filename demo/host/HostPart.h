@@ -1,9 +1,18 @@
 #pragma once
 
+#include <concepts>
+
 #include "host/Host.h"
 #include "object/DispatchObject.h"
 
 namespace demo {
+
+/// The object of the class for what there is once in a document or in the host, or for what has this handle.
+template <class Part, std::same_as<Handle>... Name>
+std::shared_ptr<Part> heldObject(const HostPtr& host, const DocumentPtr& document, Name... handle) {
+    const auto make = [&] { return std::make_shared<Part>(host, document, handle...); };
+    return host->heldObjects().get<Part>(document.get(), (Handle{0} + ... + handle), make);
+}
 
 /// What all objects of the host have in common: the host they belong to, perhaps a document, and the reading
 /// of arguments, which throws the automation's failures.
@@ -32,9 +41,10 @@ class HostPart : public DispatchObject {
     /// A window handle or object id as this host gives them.
     blattwart::Value wideOrNarrow(std::int64_t number) const;
 
-    template <class Part, class... Arguments>
-    blattwart::ObjectPtr make(Arguments&&... arguments) const {
-        return std::make_shared<Part>(host_, document_, std::forward<Arguments>(arguments)...);
+    /// An object of the same document, or of the host.
+    template <class Part, class... Name>
+    blattwart::ObjectPtr make(Name... name) const {
+        return heldObject<Part>(host_, document_, name...);
     }
 
   private:

@@ -28,7 +28,7 @@ std::vector<ObjectPtr> RegisteredApplicationsObject::enumerate() {
     checkReachable();
     std::vector<ObjectPtr> objects;
     for (const auto& name : document().drawing().applications()) {
-        objects.push_back(make<RegisteredApplicationObject>(name));
+        objects.push_back(application(name));
     }
     return objects;
 }
@@ -42,7 +42,7 @@ Value RegisteredApplicationsObject::item(Arguments arguments) {
     std::int64_t position = 0;
     for (const auto& name : document().drawing().applications()) {
         const bool wanted = index.position ? *index.position == position : sameName(name, index.name);
-        if (wanted) return make<RegisteredApplicationObject>(name);
+        if (wanted) return application(name);
         ++position;
     }
     throw failure(index.position ? hostError::invalidInput : hostError::keyNotFound);
@@ -51,7 +51,11 @@ Value RegisteredApplicationsObject::item(Arguments arguments) {
 Value RegisteredApplicationsObject::add(Arguments arguments) {
     const std::wstring name = textOf(arguments[0].value());
     document().drawing().registerApplication(name);
-    return make<RegisteredApplicationObject>(name);
+    return application(name);
+}
+
+ObjectPtr RegisteredApplicationsObject::application(const std::wstring& name) const {
+    return std::make_shared<RegisteredApplicationObject>(hostPtr(), documentPtr(), name);
 }
 
 }  // namespace demo

@@ -28,6 +28,7 @@ class RegisteredApplicationsObject final : public HostClass<RegisteredApplicatio
     blattwart::Value item(Arguments arguments);
     /// Gives the existing entry when the name is registered already.
     blattwart::Value add(Arguments arguments);
+    blattwart::ObjectPtr application(const std::wstring& name) const;
 };
 
 }  // namespace demo
