@@ -3,6 +3,7 @@
 #include <objbase.h>
 #include <oleauto.h>
 
+#include "com/ExportedObject.h"
 #include "win32/ComError.h"
 
 namespace demo {
@@ -18,16 +19,37 @@ Apartment::~Apartment() {
     CoUninitialize();
 }
 
+namespace {
+
+/// COM makes an interface known with the first object that offers it and forgets it with the last one. In
+/// Wine the forgetting now and then waits without end for a call that is over. So an enumerator stays known:
+/// there is none between two enumerations otherwise.
+ComPtr<IStream> standingEnumerator(const std::shared_ptr<Exporter>& exporter) {
+    const auto enumerator = blattwart::makeCom<ExportedEnumerator>(exporter, std::vector<ObjectPtr>());
+    ComPtr<IStream> references;
+    throwIfFailed(CreateStreamOnHGlobal(nullptr, TRUE, references.GetAddressOf()));
+    for (const IID& interfaceId : {IID_IUnknown, IID_IEnumVARIANT})
+        throwIfFailed(CoMarshalInterface(references.Get(), interfaceId, enumerator.Get(), MSHCTX_LOCAL,
+                                         nullptr, MSHLFLAGS_TABLESTRONG));
+    throwIfFailed(references->Seek({}, STREAM_SEEK_SET, nullptr));
+    return references;
+}
+
+}  // namespace
+
 Server::Server(ServerClass server, const std::wstring& source)
     : server_(std::move(server)),
       behaviour_(std::make_shared<Behaviour>()),
       // Calls may still come in while the objects outlive the server.
       exporter_(std::make_shared<Exporter>(
           source, [behaviour = behaviour_] { return behaviour->admitCall(); },
-          [behaviour = behaviour_] { behaviour->callDone(); })) {}
+          [behaviour = behaviour_] { behaviour->callDone(); })),
+      standingEnumerator_(standingEnumerator(exporter_)) {}
 
 Server::~Server() {
     exporter_->afterCall = {};
+    while (SUCCEEDED(CoReleaseMarshalData(standingEnumerator_.Get()))) {
+    }
     if (running_) RevokeActiveObject(running_, nullptr);
     if (offered_) CoRevokeClassObject(offered_);
 }

@@ -43,6 +43,7 @@ class Server {
     ServerClass server_;
     std::shared_ptr<Behaviour> behaviour_;
     std::shared_ptr<Exporter> exporter_;
+    ComPtr<IStream> standingEnumerator_;
     DWORD running_ = 0;
     DWORD offered_ = 0;
 };
