@@ -12,7 +12,9 @@ using blattwart::Value;
 
 namespace {
 
-enum Id : std::int32_t { idState = 5, idClose = 6, idOpen = 10, idCursorLocation = 15 };
+namespace connectionMember {
+enum : std::int32_t { state = 5, close = 6, open = 10, cursorLocation = 15 };
+}  // namespace connectionMember
 
 /// The value of a key in "KEY=value;key=value;"; empty when the key is missing.
 std::wstring settingOf(std::wstring_view connectionString, std::wstring_view key) {
@@ -29,22 +31,23 @@ std::wstring settingOf(std::wstring_view connectionString, std::wstring_view key
 }  // namespace
 
 std::span<const MemberName> Connection::members() const {
-    static constexpr std::array names = {MemberName{L"State", idState}, MemberName{L"Close", idClose},
-                                         MemberName{L"Open", idOpen},
-                                         MemberName{L"CursorLocation", idCursorLocation}};
+    static constexpr std::array names = {MemberName{L"State", connectionMember::state},
+                                         MemberName{L"Close", connectionMember::close},
+                                         MemberName{L"Open", connectionMember::open},
+                                         MemberName{L"CursorLocation", connectionMember::cursorLocation}};
     return names;
 }
 
 Value Connection::invoke(std::int32_t id, Access access, Arguments arguments) {
-    if (id == idCursorLocation) return cursorLocation(access, arguments);
+    if (id == connectionMember::cursorLocation) return cursorLocation(access, arguments);
     requireRead(access);
     switch (id) {
-        case idState:
+        case connectionMember::state:
             return std::int32_t{database_ ? 1 : 0};
-        case idClose:
+        case connectionMember::close:
             close();
             return {};
-        case idOpen:
+        case connectionMember::open:
             open(textAt(arguments, 0));
             return {};
         default:

@@ -15,19 +15,21 @@ using blattwart::ValueArray;
 
 namespace {
 
-enum Id : std::int32_t {
-    idCollect = -8,
-    idBof = 1002,
-    idEof = 1006,
-    idClose = 1014,
-    idGetRows = 1016,
-    idMoveNext = 1018,
-    idMoveFirst = 1020,
-    idOpen = 1022,
-    idUpdate = 1025,
-    idClone = 1034,
-    idState = 1054
+namespace recordsetMember {
+enum : std::int32_t {
+    collect = -8,
+    bof = 1002,
+    eof = 1006,
+    close = 1014,
+    getRows = 1016,
+    moveNext = 1018,
+    moveFirst = 1020,
+    open = 1022,
+    update = 1025,
+    clone = 1034,
+    state = 1054
 };
+}  // namespace recordsetMember
 
 constexpr std::int32_t lockUnspecified = -1;
 constexpr std::int32_t lockReadOnly = 1;
@@ -67,49 +69,49 @@ std::shared_ptr<Connection> connectionIn(const Value& value) {
 
 std::span<const MemberName> Recordset::members() const {
     static constexpr std::array names = {MemberName{L"Fields", defaultMember},
-                                         MemberName{L"Collect", idCollect},
-                                         MemberName{L"BOF", idBof},
-                                         MemberName{L"EOF", idEof},
-                                         MemberName{L"Close", idClose},
-                                         MemberName{L"GetRows", idGetRows},
-                                         MemberName{L"MoveNext", idMoveNext},
-                                         MemberName{L"MoveFirst", idMoveFirst},
-                                         MemberName{L"Open", idOpen},
-                                         MemberName{L"Update", idUpdate},
-                                         MemberName{L"Clone", idClone},
-                                         MemberName{L"State", idState}};
+                                         MemberName{L"Collect", recordsetMember::collect},
+                                         MemberName{L"BOF", recordsetMember::bof},
+                                         MemberName{L"EOF", recordsetMember::eof},
+                                         MemberName{L"Close", recordsetMember::close},
+                                         MemberName{L"GetRows", recordsetMember::getRows},
+                                         MemberName{L"MoveNext", recordsetMember::moveNext},
+                                         MemberName{L"MoveFirst", recordsetMember::moveFirst},
+                                         MemberName{L"Open", recordsetMember::open},
+                                         MemberName{L"Update", recordsetMember::update},
+                                         MemberName{L"Clone", recordsetMember::clone},
+                                         MemberName{L"State", recordsetMember::state}};
     return names;
 }
 
 Value Recordset::invoke(std::int32_t id, Access access, Arguments arguments) {
     if (id == defaultMember) return defaultValue(access, arguments);
-    if (id == idCollect) return collect(access, arguments);
+    if (id == recordsetMember::collect) return collect(access, arguments);
     requireRead(access);
     switch (id) {
-        case idBof:
+        case recordsetMember::bof:
             return openRows().rows.empty();
-        case idEof:
+        case recordsetMember::eof:
             return atEnd();
-        case idClose:
+        case recordsetMember::close:
             close();
             return {};
-        case idGetRows:
+        case recordsetMember::getRows:
             return getRows(numberAt(arguments, 0, -1));
-        case idMoveNext:
+        case recordsetMember::moveNext:
             moveNext();
             return {};
-        case idMoveFirst:
+        case recordsetMember::moveFirst:
             moveFirst();
             return {};
-        case idOpen:
+        case recordsetMember::open:
             open(arguments);
             return {};
-        case idUpdate:
+        case recordsetMember::update:
             update();
             return {};
-        case idClone:
+        case recordsetMember::clone:
             return clone(numberAt(arguments, 0, lockUnspecified));
-        case idState:
+        case recordsetMember::state:
             return std::int32_t{rows_ ? 1 : 0};
         default:
             fail(AdoError::memberNotFound);

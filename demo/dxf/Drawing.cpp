@@ -16,6 +16,10 @@ namespace demo {
 using blattwart::RuntimeError;
 namespace errorNumber = blattwart::errorNumber;
 
+void refuse(const std::wstring& reason) {
+    throw RuntimeError(errorNumber::invalidCall, reason);
+}
+
 Drawing Drawing::load(std::istream& stream) {
     Drawing drawing;
     DrawingLoader(drawing).run(stream);

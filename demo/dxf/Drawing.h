@@ -9,6 +9,12 @@
 
 namespace demo {
 
+/// Beside the model space.
+inline constexpr std::size_t mostPaperLayouts = 255;
+
+/// Throws invalidCall: the operation is not allowed for the reason given.
+[[noreturn]] void refuse(const std::wstring& reason);
+
 /// A table of named records (layers, applications, block records, ...).
 struct Table {
     std::unique_ptr<Object> head;

@@ -11,7 +11,6 @@ namespace {
 
 /// Handles beyond this are refused, so that counting on never overflows.
 constexpr Handle highestHandle = Handle{1} << 62;
-constexpr std::size_t mostLayouts = 256;  // model space included
 
 bool isPart(const Object& object) {
     return object.type() == "VERTEX" || object.type() == "ATTRIB" || object.type() == "SEQEND";
@@ -144,7 +143,7 @@ void DrawingLoader::makeLayouts() {
         if (object->type() == "LAYOUT") makeLayout(*object);
     }
     auto& layouts = drawing_.layouts_;
-    if (layouts.size() > mostLayouts) throwDamaged(L"Sie hat zu viele Layouts.");
+    if (layouts.size() > mostPaperLayouts + 1) throwDamaged(L"Sie hat zu viele Layouts.");
     std::ranges::stable_sort(layouts, {}, [](const auto& layout) {
         return layout->isModel() ? std::int64_t{-1} << 32 : std::int64_t{layout->tabOrder()};
     });

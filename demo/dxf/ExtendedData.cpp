@@ -2,22 +2,14 @@
 
 #include "dxf/Drawing.h"
 #include "dxf/Text.h"
-#include "platform/RuntimeError.h"
 
 /// Extended data and the applications that it belongs to.
 namespace demo {
-
-using blattwart::RuntimeError;
-namespace errorNumber = blattwart::errorNumber;
 
 namespace {
 
 constexpr std::size_t longestText = 255;
 constexpr std::size_t largestData = 16383;
-
-[[noreturn]] void refuse(const std::wstring& text) {
-    throw RuntimeError(errorNumber::invalidCall, text);
-}
 
 void requireText(const XDataItem& item) {
     const auto* text = std::get_if<std::wstring>(&item.value);

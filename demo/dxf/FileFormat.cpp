@@ -46,8 +46,8 @@ std::string_view trimmed(std::string_view text) {
     return text.substr(first, text.find_last_not_of(" \t") - first + 1);
 }
 
-/// Types and names of sections, which are the same in all encodings.
-bool isAscii(std::string_view text) {
+/// As types and names of sections are in all encodings.
+bool isPlain(std::string_view text) {
     return std::ranges::all_of(text, [](char c) { return c >= 0x20 && c < 0x7F; });
 }
 
@@ -67,7 +67,7 @@ class GroupReader {
             damaged(L"Gruppencode erwartet");
         const std::string_view value = line();
         group.value = group.code == 0 ? trimmed(value) : value;
-        if (group.code == 0 && !isAscii(group.value)) damaged(L"Fremde Zeichen im Typ");
+        if (group.code == 0 && !isPlain(group.value)) damaged(L"Fremde Zeichen im Typ");
         return group;
     }
 
@@ -103,7 +103,7 @@ Section readSection(GroupReader& reader, Group& next) {
     section.lead = readGroups(reader, next);
     if (section.lead.empty() || section.lead.front().code != 2) reader.damaged(L"Abschnitt ohne Namen");
     section.name = trimmed(section.lead.front().value);
-    if (!isAscii(section.name)) reader.damaged(L"Fremde Zeichen im Namen eines Abschnitts");
+    if (!isPlain(section.name)) reader.damaged(L"Fremde Zeichen im Namen eines Abschnitts");
     section.lead.erase(section.lead.begin());
     while (next.value != "ENDSEC") {
         if (next.value == "SECTION" || next.value == "EOF") reader.damaged(L"Abschnitt ohne Ende");

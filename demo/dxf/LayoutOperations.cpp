@@ -16,12 +16,7 @@ namespace errorNumber = blattwart::errorNumber;
 
 namespace {
 
-constexpr std::size_t mostLayouts = 255;
 constexpr std::size_t longestName = 255;
-
-[[noreturn]] void refuse(const std::wstring& text) {
-    throw RuntimeError(errorNumber::invalidCall, text);
-}
 
 void requirePaper(const Layout& layout, const std::wstring& operation) {
     if (layout.isModel()) refuse(L"Der Modellbereich kann nicht " + operation + L" werden.");
@@ -253,7 +248,7 @@ void Drawing::requireNewLayoutName(std::wstring_view name, const Layout* renamed
     if (same && same != renamed)
         throw RuntimeError(errorNumber::duplicateKey,
                            L"Das Layout „" + std::wstring(name) + L"“ gibt es schon.");
-    if (!renamed && layouts_.size() > mostLayouts) refuse(L"Die Zeichnung hat bereits 255 Layouts.");
+    if (!renamed && layouts_.size() > mostPaperLayouts) refuse(L"Die Zeichnung hat bereits 255 Layouts.");
 }
 
 std::size_t Drawing::positionOf(const Layout& layout) const {

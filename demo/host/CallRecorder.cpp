@@ -4,6 +4,8 @@
 #include <map>
 #include <optional>
 
+#include "host/HostError.h"
+
 namespace demo {
 
 using blattwart::Argument;
@@ -16,9 +18,7 @@ using blattwart::ValueArray;
 
 namespace {
 
-constexpr std::wstring_view hostName = L"AutoCAD.";
-constexpr auto notRunning = static_cast<std::int32_t>(0x800401E3);
-constexpr auto cannotStart = static_cast<std::int32_t>(0x80080005);
+constexpr std::wstring_view hostPrefix = L"AutoCAD.";
 
 }  // namespace
 
@@ -54,9 +54,9 @@ struct CallRecorder::State {
         if (!instance || !instance->gone) return;
         switch (calls[number - 1].kind) {
             case RecordedCall::Kind::running:
-                throw RuntimeError(notRunning, L"Vorgang nicht verfügbar");
+                throw RuntimeError(hostError::notRunning, L"Vorgang nicht verfügbar");
             case RecordedCall::Kind::create:
-                throw RuntimeError(cannotStart, L"Starten des Servers fehlgeschlagen");
+                throw RuntimeError(hostError::cannotStart, L"Starten des Servers fehlgeschlagen");
             default:
                 throw RuntimeError(blattwart::hresult::serverUnavailable,
                                    L"Der RPC-Server ist nicht verfügbar.");
@@ -245,7 +245,7 @@ ObjectPtr CallRecorder::create(std::wstring_view name) {
 }
 
 ObjectPtr CallRecorder::top(RecordedCall::Kind kind, std::wstring_view name) {
-    const State::InstancePtr instance = name.starts_with(hostName) ? state_->host : nullptr;
+    const State::InstancePtr instance = name.starts_with(hostPrefix) ? state_->host : nullptr;
     const std::size_t number = state_->enter({kind, std::wstring(name), L"", false, {}}, instance);
     ObjectPtr object = kind == RecordedCall::Kind::create ? inner_.create(name) : inner_.running(name);
     state_->disturb(number, Moment::after, instance);

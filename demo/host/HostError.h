@@ -22,6 +22,10 @@ inline constexpr std::int32_t noDocument = code(0x8021003C);
 inline constexpr std::int32_t macroNotFound = code(0x80210047);
 inline constexpr std::int32_t vbaMissing = code(0x80210048);
 
+inline constexpr std::int32_t notRunning = code(0x800401E3);
+inline constexpr std::int32_t notInstalled = code(0x800401F3);
+inline constexpr std::int32_t cannotStart = code(0x80080005);
+
 inline constexpr std::int32_t memberNotFound = code(0x80020003);
 inline constexpr std::int32_t typeMismatch = code(0x80020005);
 inline constexpr std::int32_t badParameterCount = code(0x8002000E);

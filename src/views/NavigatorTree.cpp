@@ -1,26 +1,13 @@
 #include "views/NavigatorTree.h"
 
+#include "views/TreeIcons.h"
+
 namespace blattwart {
 
 namespace {
 
 constexpr const wchar_t* drawingsRoot = L"A";
 constexpr const wchar_t* libraryRoot = L"B";
-
-namespace image {
-constexpr int drawings = 2;
-constexpr int library = 3;
-constexpr int dwtSelected = 4;
-constexpr int dwgSelected = 5;
-constexpr int dwt = 6;
-constexpr int dwg = 7;
-constexpr int layout = 8;
-constexpr int layoutSelected = 9;
-constexpr int notAttached = 10;
-constexpr int libraryEmpty = 11;
-constexpr int drawing = 12;
-constexpr int drawingSelected = 13;
-}  // namespace image
 
 }  // namespace
 
@@ -29,11 +16,11 @@ void NavigatorTree::BuildTree() {
     TreeInitialised = 0;
     const Update update(tree_);
     tree_.clear();
-    TreeNode& drawings = tree_.add(nullptr, drawingsRoot, L"Geladene Zeichnungen", image::drawings);
+    TreeNode& drawings = tree_.add(nullptr, drawingsRoot, L"Geladene Zeichnungen", treeIcon::drawings);
     drawings.setColor(SystemColor::buttonText);
     drawings.setExpanded(true);
     tree_.select(drawings);
-    tree_.add(nullptr, libraryRoot, L"Bibliothek", image::library).setExpanded(true);
+    tree_.add(nullptr, libraryRoot, L"Bibliothek", treeIcon::library).setExpanded(true);
 }
 
 void NavigatorTree::GetSelectedNodeKind() {
@@ -51,16 +38,16 @@ void NavigatorTree::AddTreeNode(const std::wstring& text, bool isTemplate, bool 
     if (isTemplate) {
         const bool dwt = locale_.upperCase(text).ends_with(L"DWT");
         if (TreeNode* library = tree_.find(libraryRoot))
-            tree_.add(library, L"D" + number, text, dwt ? image::dwt : image::dwg,
-                      dwt ? image::dwtSelected : image::dwgSelected);
+            tree_.add(library, L"D" + number, text, dwt ? treeIcon::dwt : treeIcon::dwg,
+                      dwt ? treeIcon::dwtSelected : treeIcon::dwgSelected);
         return;
     }
     const bool isLayout = parentNumber != 0;
     TreeNode* parent = tree_.find(isLayout ? L"Z" + std::to_wstring(parentNumber) : drawingsRoot);
     if (!parent) return;
-    TreeNode& node = isLayout
-                         ? tree_.add(parent, L"L" + number, text, image::layout, image::layoutSelected)
-                         : tree_.add(parent, L"Z" + number, text, image::drawing, image::drawingSelected);
+    TreeNode& node =
+        isLayout ? tree_.add(parent, L"L" + number, text, treeIcon::layout, treeIcon::layoutSelected)
+                 : tree_.add(parent, L"Z" + number, text, treeIcon::drawing, treeIcon::drawingSelected);
     if (!isActive) return;
     node.setBold(true);
     if (!isLayout) node.setExpanded(true);
@@ -89,7 +76,7 @@ void NavigatorTree::resetDrawingsRoot() {
     TreeNode* root = tree_.find(drawingsRoot);
     if (!root) return;
     root->setColor(SystemColor::buttonText);
-    root->setImage(image::drawings);
+    root->setImage(treeIcon::drawings);
     root->setExpanded(true);
     if (!TreeInitialised) tree_.select(*root);
 }
@@ -99,14 +86,14 @@ void NavigatorTree::showAttached(bool attached) {
     if (!root) return;
     root->setText(attached ? L"Geladene Zeichnungen" : L"AutoCAD nicht aktiv!");
     root->setColor(attached ? SystemColor::buttonText : SystemColor::appWorkspace);
-    root->setImage(attached ? image::drawings : image::notAttached);
+    root->setImage(attached ? treeIcon::drawings : treeIcon::notAttached);
     root->setBold(attached);
 }
 
 void NavigatorTree::resetLibraryRoot() {
     TreeNode* root = tree_.find(libraryRoot);
     if (!root) return;
-    root->setImage(image::library);
+    root->setImage(treeIcon::library);
     root->setExpanded(true);
     root->setColor(SystemColor::buttonText);
 }
@@ -116,7 +103,7 @@ void NavigatorTree::showLibraryEmpty() {
     if (!root) return;
     root->setText(L"Keine Vorlagen vorhanden!");
     root->setColor(SystemColor::appWorkspace);
-    root->setImage(image::libraryEmpty);
+    root->setImage(treeIcon::libraryEmpty);
     root->setBold(false);
 }
 

@@ -2,16 +2,13 @@
 
 #include <algorithm>
 
+#include "views/TreeIcons.h"
+
 namespace blattwart {
 
 namespace {
 
 constexpr const wchar_t* placeholderKey = L"D0";
-
-namespace image {
-constexpr int placeholder = 4;
-constexpr int dwt = 6;
-}  // namespace image
 
 }  // namespace
 
@@ -26,7 +23,8 @@ void TemplateCreation::BeginNewTemplate() {
     sourceKey_ = tree.selected()->key();
     sourceLayout_ = kind == L"Z" ? item->text() : tree.selected()->text();
 
-    TreeNode& placeholder = tree.add(library, placeholderKey, L"", image::placeholder, image::placeholder);
+    TreeNode& placeholder =
+        tree.add(library, placeholderKey, L"", treeIcon::dwtSelected, treeIcon::dwtSelected);
     tree.select(placeholder);
     pending_ = true;
     tree.startLabelEdit(sourceLayout_);
@@ -98,7 +96,7 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
 
     TreeNode& node = tree_.view().node(placeholderKey);
     node.setText(file);
-    node.setImage(image::dwt);
+    node.setImage(treeIcon::dwt);
     node.setKey(L"D" + number);
     pending_ = false;
     hooks.showSelectedNode();

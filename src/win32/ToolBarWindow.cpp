@@ -11,8 +11,8 @@ namespace {
 constexpr DWORD toolBarStyle =
     WS_VISIBLE | TBSTYLE_FLAT | TBSTYLE_TOOLTIPS | CCS_NODIVIDER | CCS_NOPARENTALIGN | CCS_NORESIZE;
 // Pixels at 96 dpi. With this padding all buttons fit into the window as it opens for the first time.
-constexpr int padding = 6;  // of a button round its picture, both sides together
-constexpr int margin = 2;   // above and below the buttons
+constexpr int buttonPadding = 6;  // of a button round its picture, both sides together
+constexpr int margin = 2;         // above and below the buttons
 
 BYTE stateOf(const ToolBarButton& button) {
     int state = 0;
@@ -54,8 +54,8 @@ void ToolBarWindow::setImages(HIMAGELIST images, int dpi) {
     int width = 0;
     int height = 0;
     ImageList_GetIconSize(images, &width, &height);
-    const int buttonHeight = height + scaled(padding);
-    SendMessageW(handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(width + scaled(padding), buttonHeight));
+    const int buttonHeight = height + scaled(buttonPadding);
+    SendMessageW(handle(), TB_SETBUTTONSIZE, 0, MAKELPARAM(width + scaled(buttonPadding), buttonHeight));
     addButtons();
     model_.setHeight(toTwips(buttonHeight + 2 * scaled(margin), dpi));
 }
@@ -90,7 +90,7 @@ bool ToolBarWindow::command(int id) {
 
 void ToolBarWindow::showState(int index) const {
     const ToolBarButton& button = model_.button(index);
-    const auto command = static_cast<WPARAM>(firstCommand_ + index);
+    const WPARAM command = firstCommand_ + index;
     const LRESULT wanted = stateOf(button);
     if (SendMessageW(handle(), TB_GETSTATE, command, 0) != wanted) {
         SendMessageW(handle(), TB_SETSTATE, command, wanted);
