@@ -26,7 +26,7 @@ void close(Host& host, OpenDocument& document) {
         host.close(document.shared_from_this());
         return;
     }
-    const auto answered = [&host, &document](std::optional<std::wstring> answer) {
+    const auto answered = [&host, &document](const std::optional<std::wstring>& answer) {
         if (sameName(answer.value_or(L""), L"Ja")) document.save();
         host.close(document.shared_from_this());
     };

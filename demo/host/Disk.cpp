@@ -15,7 +15,7 @@ namespace {
 #ifndef _WIN32
 /// The entry of a folder with this name, its case aside; the name itself when there is none.
 fs::path entryOf(const fs::path& folder, const std::wstring& name) {
-    const fs::path exact = folder / encodeText(name);
+    fs::path exact = folder / encodeText(name);
     std::error_code error;
     if (fs::exists(exact, error)) return exact;
     for (const auto& entry : fs::directory_iterator(folder, error)) {

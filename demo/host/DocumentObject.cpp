@@ -75,11 +75,11 @@ Value DocumentObject::readOnly() {
 }
 
 Value DocumentObject::window() {
-    return wideOrNarrow(host().window() + document().number() * 2);
+    return wideOrNarrow(host().window() + std::int64_t{2} * document().number());
 }
 
 Value DocumentObject::window32() {
-    return static_cast<std::int32_t>(host().window() + document().number() * 2);
+    return static_cast<std::int32_t>(host().window() + std::int64_t{2} * document().number());
 }
 
 Value DocumentObject::activate(Arguments) {

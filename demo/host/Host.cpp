@@ -74,7 +74,7 @@ void Host::activate(const DocumentPtr& document) {
 }
 
 void Host::close(const DocumentPtr& document) {
-    const DocumentPtr kept = document;
+    const DocumentPtr kept = document->shared_from_this();
     std::erase(documents_, kept);
     std::erase(lastUsed_, kept);
     kept->close();

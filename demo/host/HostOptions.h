@@ -23,7 +23,7 @@ struct HostOptions {
     std::wstring modelName = L"Model";
     bool vbaInstalled = true;
     /// The macro project file that can be loaded; "" takes any file of the project's name.
-    std::wstring macroFile = L"";
+    std::wstring macroFile{};
     /// Extended data of an application that is not registered is refused; otherwise it is registered.
     bool strictXData = false;
     /// At prompts for files a space ends the answer unless it stands in double quotes.

@@ -53,6 +53,7 @@ std::vector<Layout*> OpenDocument::layoutsByName() const {
     for (Layout* layout : drawing_->layouts()) named.emplace_back(folded(layoutName(*layout)), layout);
     std::ranges::sort(named, {}, &std::pair<std::wstring, Layout*>::first);
     std::vector<Layout*> layouts;
+    layouts.reserve(named.size());
     for (const auto& [name, layout] : named) layouts.push_back(layout);
     return layouts;
 }

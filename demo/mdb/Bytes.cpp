@@ -32,7 +32,7 @@ void Bytes::add(const Bytes& other) {
 
 void Bytes::addText(std::wstring_view text) {
     for (const wchar_t character : text) {
-        const auto code = static_cast<std::uint32_t>(character);
+        const auto code = static_cast<char32_t>(character);
         if (code < 0x10000) {
             add16(code);
         } else {

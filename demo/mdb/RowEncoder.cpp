@@ -48,7 +48,7 @@ Bytes fixedCell(const Column& column, const Value& value) {
 Bytes variableCell(const Column& column, const Value& value) {
     Bytes text;
     text.addText(contentOf<std::wstring>(column, value));
-    if (column.type == ColumnType::text && text.size() > 2U * column.characters)
+    if (column.type == ColumnType::text && text.size() / 2 > column.characters)
         throw RuntimeError(blattwart::errorNumber::typeMismatch,
                            L"Zu langer Text in Spalte " + column.name + L".");
     if (column.type != ColumnType::memo) return text;

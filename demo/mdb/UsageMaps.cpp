@@ -5,9 +5,9 @@
 namespace demo::mdb {
 
 Bytes usageMap(const std::vector<std::uint32_t>& pages) {
-    constexpr std::size_t bitsStart = 5;
-    Bytes map(bitsStart + pageLimit / 8);
-    for (const auto page : pages) map.setBit(bitsStart, page);
+    constexpr std::size_t header = 5;
+    Bytes map(header + pageLimit / 8);
+    for (const auto page : pages) map.setBit(header, page);
     return map;
 }
 

@@ -35,7 +35,7 @@ COLORREF colorOf(SystemColor color) {
 /// Place of a row, or of its label only; nothing while it cannot be seen.
 std::optional<RECT> placeOf(HWND tree, HTREEITEM item, bool labelOnly) {
     RECT place{};
-    std::memcpy(&place, &item, sizeof item);  // the message takes the item where it puts the answer
+    std::memcpy(&place, &item, sizeof(void*));  // the message takes the item where it puts the answer
     if (!item || !SendMessageW(tree, TVM_GETITEMRECT, labelOnly, reinterpret_cast<LPARAM>(&place)))
         return std::nullopt;
     return place;
@@ -182,7 +182,7 @@ TreeNode& TreeWindow::node(HTREEITEM item) const {
 TreeNode* TreeWindow::nodeAt(POINT client) const {
     TVHITTESTINFO hit{};
     hit.pt = client;
-    const HTREEITEM found = TreeView_HitTest(handle(), &hit);
+    const auto found = TreeView_HitTest(handle(), &hit);
     return found && (hit.flags & TVHT_ONITEM) != 0 ? &node(found) : nullptr;
 }
 

@@ -1,7 +1,5 @@
 #include "win32/Win32FormPresenter.h"
 
-#include <ranges>
-
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmKopieren.h"
 #include "dialogs/frmUmbenennen.h"
@@ -58,7 +56,7 @@ void Win32FormPresenter::show(FormDialog& dialog, int templateId) {
 }
 
 void Win32FormPresenter::closeDialogs() {
-    for (DialogWindow* dialog : dialogs_ | std::views::reverse) dialog->close();
+    for (auto dialog = dialogs_.rbegin(); dialog != dialogs_.rend(); ++dialog) (*dialog)->close();
 }
 
 }  // namespace blattwart

@@ -56,17 +56,17 @@ class Ado : public testing::Test {
         return L"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + wideFile_ + L";";
     }
     ObjectPtr connect(const AdoFaults& faults = {}) const {
-        const auto connection = makeAdo(L"ADODB.Connection", faults);
+        auto connection = makeAdo(L"ADODB.Connection", faults);
         connection->put({L"", L"CursorLocation"}, 3);
         call(connection, L"Open", {connectionString(), L"", L"", -1});
         return connection;
     }
     ObjectPtr select(const ObjectPtr& connection, const std::wstring& table) const {
-        const auto recordset = makeAdo(L"ADODB.Recordset");
+        auto recordset = makeAdo(L"ADODB.Recordset");
         call(recordset, L"Open", {L"select * from " + table, connection, 3, 3, -1});
         return recordset;
     }
-    ObjectPtr write(std::vector<mdb::Table> tables) const {
+    ObjectPtr write(const std::vector<mdb::Table>& tables) const {
         mdb::writeDatabase(file_, tables);
         return connect();
     }

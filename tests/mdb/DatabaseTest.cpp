@@ -55,6 +55,7 @@ TEST_F(DatabaseFile, SampleIsReadBackValueForValue) {
 
 TEST_F(DatabaseFile, RowsFillManyPages) {
     std::vector<Row> rows;
+    rows.reserve(4000);
     for (std::int32_t i = 0; i < 4000; ++i) rows.push_back(blockRow((i * 2741) % 4000 - 2000, i));
     const auto blocks = blocksTable(std::move(rows));
     writeDatabase(file_, {blocks, typesTable()});

@@ -93,7 +93,7 @@ TEST_F(TreeEvents, KeysDroppedOnTheTree) {
         tree().setDropHighlight(tree().find(c.target));
         tree().events.keyDropped(c.dropped);
         const std::wstring effect = c.effect;
-        const bool edits = effect != L"" && effect != L"new" && effect != L"refused";
+        const bool edits = !effect.empty() && effect != L"new" && effect != L"refused";
         EXPECT_EQ(tree().editText(), edits ? effect : L"");
         EXPECT_EQ(host().documents().size(), effect == L"new" ? 3U : 2U);
         EXPECT_EQ(world.messages.shown,

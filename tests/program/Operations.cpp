@@ -20,8 +20,8 @@ void Operations::restart() {
     calls.heal();
     demo.start();
     const auto onDisk = [this](const wchar_t* folder, const wchar_t* name,
-                               std::vector<std::wstring> layouts) {
-        const demo::DocumentPtr made = host().addDocument(folder, name, layouts);
+                               const std::vector<std::wstring>& layouts) {
+        demo::DocumentPtr made = host().addDocument(folder, name, layouts);
         made->save();
         return made;
     };
@@ -68,6 +68,7 @@ bool Operations::activeDocumentIsRight() {
 
 void Operations::selectInList(const std::vector<std::wstring>& keys) {
     std::vector<ListItem*> items;
+    items.reserve(keys.size());
     for (const std::wstring& key : keys) items.push_back(list().find(key));
     list().userSelects(items, items.empty() ? nullptr : items.front());
 }

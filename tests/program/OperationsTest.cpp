@@ -197,7 +197,7 @@ TEST_F(TemplateOperations, SaveTheLayoutUnderTheTypedName) {
         endTreeEdit(c.name);
 
         const std::wstring file = L"C:\\Vorlagen\\" + c.name + L".dwt";
-        EXPECT_EQ(typed(), std::vector{L"Plan.dwg 0 _layout¶SI¶" + source + L"¶" + file + L"¶"});
+        EXPECT_EQ(typed(), std::vector{L"Plan.dwg 0 _layout¶SI¶" + source + (L"¶" + file) + L"¶"});
         EXPECT_EQ(host().filedia(), 1);
         EXPECT_EQ(layoutsOf(host().disk().load(file)), source);
         EXPECT_TRUE(activeDocumentIsRight());

@@ -57,14 +57,14 @@ std::wstring_view takeNumber(std::wstring_view& text) {
 
 std::strong_ordering compareNumbers(std::wstring_view a, std::wstring_view b) {
     const auto byLength = a.size() <=> b.size();
-    return byLength != 0 ? byLength : a <=> b;
+    return std::is_neq(byLength) ? byLength : a <=> b;
 }
 
 std::strong_ordering compareFolded(std::wstring_view a, std::wstring_view b) {
     while (!a.empty() && !b.empty()) {
         if (isDigit(a.front()) && isDigit(b.front())) {
             const auto order = compareNumbers(takeNumber(a), takeNumber(b));
-            if (order != 0) return order;
+            if (std::is_neq(order)) return order;
         } else {
             if (a.front() != b.front()) return a.front() <=> b.front();
             a.remove_prefix(1);
@@ -84,8 +84,8 @@ std::wstring GermanLocale::upperCase(std::wstring_view text) const {
 
 int GermanLocale::compareNaturally(std::wstring_view a, std::wstring_view b) const {
     auto order = compareFolded(folded(a), folded(b));
-    if (order == 0) order = upperCase(a) <=> upperCase(b);
-    return order < 0 ? -1 : order > 0 ? 1 : 0;
+    if (std::is_eq(order)) order = upperCase(a) <=> upperCase(b);
+    return std::is_lt(order) ? -1 : std::is_gt(order) ? 1 : 0;
 }
 
 std::string GermanLocale::toAnsi(std::wstring_view text) const {

@@ -21,7 +21,7 @@ class AdoLibrary : public testing::Test {
     }
 
     ObjectPtr connect(const std::wstring& file) {
-        const ObjectPtr connection = client_.automation.create(L"ADODB.Connection");
+        ObjectPtr connection = client_.automation.create(L"ADODB.Connection");
         connection->put({L"Connection", L"CursorLocation"}, std::int32_t{3});
         connection->call({L"Connection", L"Open"},
                          {Value(L"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + file + L";"), Value(L""),
@@ -29,7 +29,7 @@ class AdoLibrary : public testing::Test {
         return connection;
     }
     ObjectPtr open(const ObjectPtr& connection, const wchar_t* query) {
-        const ObjectPtr recordset = client_.automation.create(L"ADODB.Recordset");
+        ObjectPtr recordset = client_.automation.create(L"ADODB.Recordset");
         recordset->call({L"Recordset", L"Open"}, {Value(query), Value(connection), Value(std::int32_t{3}),
                                                   Value(std::int32_t{3}), Value(std::int32_t{-1})});
         return recordset;

@@ -20,14 +20,14 @@ namespace {
 /// The whole program in its real window, in a world without AutoCAD.
 class MainWindowTest : public testing::Test {
   protected:
-    MainWindowTest() {
+    void SetUp() override {
         world.settings.values = {{L"MainLeft", L"1500"},
                                  {L"MainTop", L"900"},
                                  {L"MainWidth", L"9000"},
                                  {L"MainHeight", L"6000"},
                                  {L"ViewMode", L"3"}};
         world.messages.answer(MessageAnswer::yes);
-        started = program.Main();
+        ASSERT_TRUE(program.Main());
         pumpFor(100);
         world.messages.clear();
     }
@@ -86,11 +86,9 @@ class MainWindowTest : public testing::Test {
     Guard guard{busyHost, {}};
     Win32FormPresenter presenter{guard, automation};
     basMain program{world.platform, presenter};
-    bool started = false;
 };
 
 TEST_F(MainWindowTest, StandsWhereTheSettingsSayAndLaysItsPanesOut) {
-    ASSERT_TRUE(started);
     EXPECT_TRUE(IsWindowVisible(window()));
     const Placement placement = main().placement();
     EXPECT_EQ(placement.width, 9000);

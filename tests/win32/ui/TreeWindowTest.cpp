@@ -90,7 +90,7 @@ class TreeWindowTest : public testing::Test {
     POINT labelOf(const std::wstring& key) const {
         RECT place{};
         const HTREEITEM item = itemOf(key);
-        std::memcpy(&place, &item, sizeof item);
+        std::memcpy(&place, &item, sizeof(void*));
         SendMessageW(handle(), TVM_GETITEMRECT, TRUE, reinterpret_cast<LPARAM>(&place));
         return {place.left + 4, (place.top + place.bottom) / 2};
     }
