@@ -15,7 +15,7 @@ constexpr int templateFolder = 3 * fact;
 constexpr int openDocuments = fact + enumeration;
 constexpr int activeLayoutName = 2 * fact;
 
-int layoutNames(int layouts) {
+int namesOfLayouts(int layouts) {
     constexpr int modelSpace = 1;
     return fact + enumeration + (layouts + modelSpace) * fact;
 }
@@ -26,7 +26,7 @@ int fullNames(int drawings) {
 
 int treeOf(int drawings, int layouts) {
     constexpr int activeName = fact;
-    return activeName + openDocuments + fullNames(drawings) + drawings * layoutNames(layouts) +
+    return activeName + openDocuments + fullNames(drawings) + drawings * namesOfLayouts(layouts) +
            activeLayoutName;
 }
 

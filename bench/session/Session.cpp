@@ -68,8 +68,8 @@ struct Session::World {
     std::vector<Clock::time_point> moments;  ///< when each recorded call was made
 };
 
-Session::Session(Automation& host, const std::filesystem::path& folder, std::function<int()> messages)
-    : world_(std::make_unique<World>(host)), messages_(std::move(messages)) {
+Session::Session(Automation& host, const std::filesystem::path& folder, Wire wire)
+    : world_(std::make_unique<World>(host)), wire_(std::move(wire)) {
     const std::filesystem::path file = folder / "Tarvix.mdb";
     demo::mdb::writeDatabase(file, demo::mdb::sampleTables());
     world_->platform.registry.storeText(RegistryRoot::localMachine, "SOFTWARE\\Ormeda\\Tarvix 2.1", "DefDB",
@@ -80,21 +80,24 @@ Session::Session(Automation& host, const std::filesystem::path& folder, std::fun
 Session::~Session() = default;
 
 Cost Session::once(const std::function<void()>& action) {
+    const double before = wire_.emptyCall();
     world_->moments.clear();
     world_->recorder.clear();
-    const int before = messages_();
+    const int messages = wire_.messages();
     const Clock::time_point start = Clock::now();
     action();
     world_->moments.push_back(Clock::now());
     const double taken = millisecondsBetween(start, world_->moments.back());
-    return {hostCalls(world_->recorder), taken - world_->database(), messages_() - before};
+    const int sent = wire_.messages() - messages;
+    return {hostCalls(world_->recorder), taken - world_->database(), sent, (before + wire_.emptyCall()) / 2};
 }
 
 Cost Session::measure(const std::function<void()>& action) {
     constexpr int times = 5;
     std::vector<Cost> costs;
+    costs.reserve(times);
     for (int i = 0; i < times; ++i) costs.push_back(once(action));
-    return median(costs);
+    return median(std::move(costs));
 }
 
 Cost Session::start() {
@@ -120,20 +123,8 @@ Cost Session::clickLayout(std::wstring_view name) {
 }
 
 Cost median(std::vector<Cost> costs) {
-    std::ranges::sort(costs, {}, &Cost::milliseconds);
+    std::ranges::sort(costs, {}, [](const Cost& cost) { return cost.milliseconds / cost.emptyCall; });
     return costs[costs.size() / 2];
-}
-
-double measureEmptyCall(Automation& host) {
-    constexpr int calls = 200;
-    const ObjectPtr application = host.running(L"AutoCAD.Application.18");
-    std::vector<Cost> costs;
-    for (int i = 0; i < calls; ++i) {
-        const Clock::time_point start = Clock::now();
-        application->get({L"Application", L"Visible"});
-        costs.push_back({1, millisecondsBetween(start, Clock::now()), 1});
-    }
-    return median(std::move(costs)).milliseconds;
 }
 
 }  // namespace blattwart::bench

@@ -16,18 +16,23 @@ struct Cost {
     std::size_t calls = 0;    ///< of the host, those of the database not counted
     double milliseconds = 0;  ///< without those of the database
     int messages = 0;         ///< on the wire; 0 when they are not counted
+    double emptyCall = 1;     ///< milliseconds of one that does nothing, before and after; 1 natively
 };
 
-/// The one in the middle by time.
+/// The one in the middle by its time in empty calls, as the machine is quicker and slower for seconds.
 Cost median(std::vector<Cost> costs);
+
+/// The way to a host in another process.
+struct Wire {
+    std::function<int()> messages;      ///< that have gone over it so far
+    std::function<double()> emptyCall;  ///< time of a call that does nothing, milliseconds
+};
 
 /// The program on the host behind `host`, with the demonstration's database written into `folder`.
 class Session {
   public:
-    /// `messages` tells how many have gone over the wire so far.
-    Session(
-        Automation& host, const std::filesystem::path& folder,
-        std::function<int()> messages = [] { return 0; });
+    Session(Automation& host, const std::filesystem::path& folder,
+            Wire wire = {.messages = [] { return 0; }, .emptyCall = [] { return 1.0; }});
     ~Session();
     Session(const Session&) = delete;
     Session& operator=(const Session&) = delete;
@@ -47,10 +52,7 @@ class Session {
     Cost measure(const std::function<void()>& action);
 
     std::unique_ptr<World> world_;
-    std::function<int()> messages_;
+    Wire wire_;
 };
-
-/// Time of one call of the host that does nothing, milliseconds: the median of 200.
-double measureEmptyCall(Automation& host);
 
 }  // namespace blattwart::bench

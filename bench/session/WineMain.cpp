@@ -1,5 +1,6 @@
 // The program on the demonstration host as a process of its own, over COM.
 
+#include <chrono>
 #include <cstdio>
 
 #include "com/Client.h"
@@ -16,6 +17,17 @@ namespace {
 constexpr const wchar_t* hostWindow = L"CadHostWindow";
 constexpr const wchar_t* hostName = L"AutoCAD.Application.18";
 
+/// Mean time of a call that does nothing, as each operation is the sum of many.
+double emptyCall() {
+    constexpr int calls = 100;
+    Client client;
+    const ObjectPtr application = attach(client, hostName);
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < calls; ++i) application->get({L"Application", L"Visible"});
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count() /
+           calls;
+}
+
 /// The host with these drawings, and what goes over the wire to it.
 class HostProgram {
   public:
@@ -30,11 +42,6 @@ class HostProgram {
     /// Ended in good order: scripts would still be led to a host that was killed.
     ~HostProgram() { program_.quit(); }
 
-    double emptyCall() const {
-        Client client;
-        return measureEmptyCall(client.automation);
-    }
-
   private:
     RunningProgram program_;
 };
@@ -42,8 +49,8 @@ class HostProgram {
 /// The program, freshly started on the host.
 class FreshSession {
   public:
-    explicit FreshSession(const std::function<int()>& messages)
-        : session_(client_.automation, std::filesystem::temp_directory_path(), messages),
+    explicit FreshSession(const Wire& wire)
+        : session_(client_.automation, std::filesystem::temp_directory_path(), wire),
           start_(session_.start()) {}
 
     const Cost& start() const { return start_; }
@@ -55,10 +62,11 @@ class FreshSession {
     Cost start_;
 };
 
-Cost measureStart(const std::function<int()>& messages) {
+Cost measureStart(const Wire& wire) {
     constexpr int times = 3;
     std::vector<Cost> costs;
-    for (int i = 0; i < times; ++i) costs.push_back(FreshSession(messages).start());
+    costs.reserve(times);
+    for (int i = 0; i < times; ++i) costs.push_back(FreshSession(wire).start());
     return median(std::move(costs));
 }
 
@@ -68,25 +76,36 @@ void printHeading() {
 }
 
 /// False when more messages went over the wire than the least.
-bool printLine(const std::string& what, const Cost& cost, int least, double emptyCall, double script) {
+bool printLine(const std::string& what, const Cost& cost, int least, double script) {
     std::printf("%-36s %6zu %9d %6d %8.3f %7.1f %6.2f %9.1f %7.2f\n", what.c_str(), cost.calls, cost.messages,
-                least, emptyCall, cost.milliseconds, cost.milliseconds / (cost.messages * emptyCall), script,
-                script / cost.milliseconds);
+                least, cost.emptyCall, cost.milliseconds,
+                cost.milliseconds / (cost.messages * cost.emptyCall), script, script / cost.milliseconds);
     std::fflush(stdout);
     return cost.messages <= least;
 }
 
-bool measure(int drawings, int layouts, const std::function<int()>& messages) {
+bool measure(int drawings, int layouts, const Wire& wire) {
     const HostProgram host(drawingsAsCommands(drawings, layouts));
     const std::string size = ", " + std::to_string(drawings) + " x " + std::to_string(layouts);
     const auto print = [&](const char* what, const Cost& cost, int least, const wchar_t* script) {
-        return printLine(what + size, cost, least, host.emptyCall(), runScript(script));
+        return printLine(what + size, cost, least, runScript(script));
     };
     bool good =
-        print("attach and first tree", measureStart(messages), leastForStart(drawings, layouts), L"start");
-    FreshSession session(messages);
+        print("attach and first tree", measureStart(wire), leastForStart(drawings, layouts), L"start");
+    FreshSession session(wire);
     good &= print("refresh", session->refresh(), leastForRefresh(drawings, layouts), L"refresh");
     good &= print("click on a drawing", session->clickDrawing(), leastForClick(drawings, layouts), L"click");
+    return good;
+}
+
+bool measureAll() {
+    runProgram(CADHOST, L"/register /silent");
+    const Wire wire{.messages = countSentMessages(), .emptyCall = emptyCall};
+    printHeading();
+    bool good = true;
+    for (const int drawings : drawingCounts) good &= measure(drawings, layoutsEach, wire);
+    good &= measure(1, mostLayouts, wire);
+    if (!good) std::printf("More messages than the least.\n");
     return good;
 }
 
@@ -95,13 +114,10 @@ bool measure(int drawings, int layouts, const std::function<int()>& messages) {
 }  // namespace blattwart::bench
 
 int main() {
-    using namespace blattwart::bench;
-    blattwart::runProgram(CADHOST, L"/register /silent");
-    const std::function<int()> messages = countSentMessages();
-    printHeading();
-    bool good = true;
-    for (const int drawings : drawingCounts) good &= measure(drawings, layoutsEach, messages);
-    good &= measure(1, mostLayouts, messages);
-    if (!good) std::printf("More messages than the least.\n");
-    return good ? 0 : 1;
+    try {
+        return blattwart::bench::measureAll() ? 0 : 1;
+    } catch (const std::exception& error) {
+        std::printf("failed: %s\n", error.what());
+        return 2;
+    }
 }

@@ -53,8 +53,8 @@ double keptByWine(HostProgram& host) {
 }
 
 void print(std::size_t round, const Usage& usage) {
-    std::printf("%8zu %8.0f %8.0f %8.0f %10.2f\n", round, usage.gdi, usage.user, usage.kernel,
-                usage.megabytes);
+    std::printf("%8zu %8.0f %8.0f %8.0f %8.3f %8.2f\n", round, usage.gdi, usage.user, usage.kernel,
+                usage.heap, usage.memory);
     std::fflush(stdout);
 }
 
@@ -74,7 +74,8 @@ struct Noise {
     double gdi = 1;
     double user = 2;
     double kernel = 2;
-    double megabytes = 0.25;
+    double heap = 0.05;
+    double memory = 1;
 };
 
 bool isLevel(const std::vector<Usage>& usages, const Noise& noise) {
@@ -86,7 +87,8 @@ bool isLevel(const std::vector<Usage>& usages, const Noise& noise) {
     const Limit limits[] = {{"GDI objects", &Usage::gdi, noise.gdi},
                             {"USER objects", &Usage::user, noise.user},
                             {"kernel handles", &Usage::kernel, noise.kernel},
-                            {"private memory [MB]", &Usage::megabytes, noise.megabytes}};
+                            {"heaps [MB]", &Usage::heap, noise.heap},
+                            {"private memory [MB]", &Usage::memory, noise.memory}};
     bool level = true;
     for (const Limit& limit : limits) {
         const double grown = growth(usages, limit.number);
@@ -99,7 +101,7 @@ bool isLevel(const std::vector<Usage>& usages, const Noise& noise) {
 }
 
 std::vector<Usage> repeat(const char* what, int rounds, const std::function<Usage()>& round) {
-    std::printf("\n%s\n%8s %8s %8s %8s %10s\n", what, "round", "GDI", "USER", "kernel", "memory");
+    std::printf("\n%s\n%8s %8s %8s %8s %8s %8s\n", what, "round", "GDI", "USER", "kernel", "heaps", "memory");
     std::vector<Usage> usages;
     for (int i = 1; i <= rounds; ++i) {
         usages.push_back(round());
@@ -133,7 +135,7 @@ bool soakRestarts(HostProgram& host, ProgramOnHost& program, int rounds) {
     constexpr double megabytesEach = 0.03;
     return isLevel(
         repeat("Restarts of the host, without the handles that Wine keeps of each", rounds, restart),
-        {.megabytes = megabytesEach * rounds / 3});
+        {.heap = megabytesEach * rounds / 3, .memory = 1 + megabytesEach * rounds / 3});
 }
 
 int roundsWanted() {

@@ -9,13 +9,14 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
 #include <span>
 #include <vector>
 
 namespace blattwart::bench {
 
 namespace {
+
+constexpr double megabyte = 1024 * 1024;
 
 /// An entry of the table in which each process sees its GDI objects.
 struct GdiEntry {
@@ -34,8 +35,7 @@ double countGdi() {
     NtQueryInformationProcess(GetCurrentProcess(), ProcessBasicInformation, &process, sizeof(process),
                               nullptr);
     const auto* peb = reinterpret_cast<const char*>(process.PebBaseAddress);
-    const GdiEntry* table = nullptr;
-    std::memcpy(&table, peb + tableInPeb, sizeof(table));
+    const auto* table = *reinterpret_cast<const GdiEntry* const*>(peb + tableInPeb);
     return static_cast<double>(std::ranges::count_if(std::span(table, entries),
                                                      [](const GdiEntry& entry) { return entry.type != 0; }));
 }
@@ -52,7 +52,8 @@ double countUser() {
         last = std::max(last, (reinterpret_cast<UINT_PTR>(menu) & 0xFFFF) - firstPlace);
     }
     for (HMENU menu : menus) DestroyMenu(menu);
-    return static_cast<double>(last / 2 + 1 - probes);
+    const UINT_PTR others = last / 2 + 1 - probes;
+    return static_cast<double>(others);
 }
 
 struct SystemHandle {
@@ -77,17 +78,35 @@ double countKernel() {
         [](const SystemHandle& handle) { return handle.process == GetCurrentProcessId(); }));
 }
 
+double usedMegabytes(HANDLE heap) {
+    std::size_t bytes = 0;
+    PROCESS_HEAP_ENTRY entry{};
+    HeapLock(heap);
+    while (HeapWalk(heap, &entry))
+        if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) bytes += entry.cbData;
+    HeapUnlock(heap);
+    return static_cast<double>(bytes) / megabyte;
+}
+
+double heapMegabytes() {
+    std::array<HANDLE, 32> heaps{};
+    const DWORD count = std::min<DWORD>(GetProcessHeaps(heaps.size(), heaps.data()), heaps.size());
+    double sum = 0;
+    for (HANDLE heap : std::span(heaps).first(count)) sum += usedMegabytes(heap);
+    return sum;
+}
+
 /// Wine fills in the older field only.
 double privateMegabytes() {
     PROCESS_MEMORY_COUNTERS memory{};
     GetProcessMemoryInfo(GetCurrentProcess(), &memory, sizeof(memory));
-    return static_cast<double>(memory.PagefileUsage) / (1024 * 1024);
+    return static_cast<double>(memory.PagefileUsage) / megabyte;
 }
 
 }  // namespace
 
 Usage measureUsage() {
-    return {countGdi(), countUser(), countKernel(), privateMegabytes()};
+    return {countGdi(), countUser(), countKernel(), heapMegabytes(), privateMegabytes()};
 }
 
 }  // namespace blattwart::bench
