@@ -31,6 +31,14 @@ void closingDialogs(const std::function<void()>& action) {
     KillTimer(nullptr, timer);
 }
 
+/// What the fakes remember for tests would grow and grow.
+void forget(ProgramOnHost& program) {
+    program.calls.clear();
+    program.busy.clear();
+    program.world.messages.clear();
+    program.world.desktop.log.clear();
+}
+
 /// The user works for a while.
 void work(ProgramOnHost& program, int refreshes) {
     for (int i = 0; i < refreshes; ++i) program.act([&] { program.form().item(L"mnuViewRefresh").click(); });
@@ -40,8 +48,7 @@ void work(ProgramOnHost& program, int refreshes) {
         program.act([&] { program.tree().userClicks(*node); });
     }
     closingDialogs([&] { program.act([&] { program.form().item(L"mnuHelpAbout").click(); }); });
-    program.calls.clear();
-    program.world.messages.clear();
+    forget(program);
 }
 
 /// What a client's process keeps under Wine, whatever it does, when a host ends of which it holds objects: a
