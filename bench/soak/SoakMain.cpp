@@ -139,7 +139,7 @@ bool soakRestarts(HostProgram& host, ProgramOnHost& program, int rounds) {
         return usage;
     };
     // What Wine keeps needs memory too.
-    constexpr double megabytesEach = 0.03;
+    constexpr double megabytesEach = 0.01;
     return isLevel(
         repeat("Restarts of the host, without the handles that Wine keeps of each", rounds, restart),
         {.heap = megabytesEach * rounds / 3, .memory = 1 + megabytesEach * rounds / 3});
