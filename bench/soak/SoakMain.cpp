@@ -138,7 +138,7 @@ bool soakRestarts(HostProgram& host, ProgramOnHost& program, int rounds) {
         usage.kernel -= kept;
         return usage;
     };
-    // The heaps grow by 5 KB a restart. Why is not known: a bare client of six objects shows nothing of it.
+    // What Wine keeps needs memory too: a bare client of seven objects grows by 2.5 KB a restart.
     constexpr double megabytesEach = 0.01;
     return isLevel(
         repeat("Restarts of the host, without the handles that Wine keeps of each", rounds, restart),
