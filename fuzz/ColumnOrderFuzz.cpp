@@ -1,7 +1,7 @@
 // Stored column orders: whatever stands in the settings, every column keeps one place of its own.
 #include <algorithm>
 
-#include "host/DemoAutomation.h"
+#include "demo/host/DemoAutomation.h"
 #include "Input.h"
 #include "support/TestPlatform.h"
 #include "views/ListColumns.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "autocad/basTarvix.h"
-#include "host/DemoAutomation.h"
+#include "demo/host/DemoAutomation.h"
 #include "Input.h"
 #include "support/TestPlatform.h"
 

@@ -2,7 +2,7 @@
 // again.
 #include <sstream>
 
-#include "dxf/Drawing.h"
+#include "demo/dxf/Drawing.h"
 #include "Input.h"
 #include "platform/RuntimeError.h"
 

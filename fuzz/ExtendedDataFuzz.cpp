@@ -1,6 +1,6 @@
 // Extended data as a drawing may hold it: lines of a group code and a value each.
 #include "data/CAFenster.h"
-#include "host/XDataArrays.h"
+#include "demo/host/XDataArrays.h"
 #include "Input.h"
 #include "support/FakeMessages.h"
 

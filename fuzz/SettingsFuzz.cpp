@@ -2,7 +2,7 @@
 // what it stores at its end brings it up the same way.
 #include <cmath>
 
-#include "host/DemoAutomation.h"
+#include "demo/host/DemoAutomation.h"
 #include "Input.h"
 #include "program/FakeWindow.h"
 #include "shell/basMain.h"

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "dxf/Drawing.h"
-#include "host/Host.h"
+#include "demo/dxf/Drawing.h"
+#include "demo/host/Host.h"
 
 namespace blattwart::bench {
 

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "host/DemoAutomation.h"
+#include "demo/host/DemoAutomation.h"
 #include "session/Drawings.h"
 #include "session/Session.h"
 

@@ -6,8 +6,8 @@
 
 #include <atomic>
 
-#include "win32/ComBase.h"
-#include "win32/ComError.h"
+#include "win32/com/ComBase.h"
+#include "win32/com/ComError.h"
 
 namespace blattwart::bench {
 

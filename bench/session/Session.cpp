@@ -5,11 +5,11 @@
 #include <cstdio>
 #include <vector>
 
-#include "ado/Ado.h"
+#include "demo/ado/Ado.h"
+#include "demo/host/CallRecorder.h"
+#include "demo/mdb/Database.h"
+#include "demo/mdb/DefinitionTables.h"
 #include "host/Application.h"
-#include "host/CallRecorder.h"
-#include "mdb/Database.h"
-#include "mdb/DefinitionTables.h"
 #include "program/FakeWindow.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"

@@ -10,12 +10,12 @@
 #include <stdexcept>
 
 #include "com/Client.h"
-#include "mdb/Database.h"
-#include "mdb/DefinitionTables.h"
+#include "demo/mdb/Database.h"
+#include "demo/mdb/DefinitionTables.h"
 #include "program/FakeWindow.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
-#include "win32/ComError.h"
+#include "win32/com/ComError.h"
 
 namespace blattwart::bench {
 

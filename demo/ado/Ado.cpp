@@ -1,8 +1,8 @@
-#include "ado/Ado.h"
+#include "demo/ado/Ado.h"
 
-#include "ado/AdoErrors.h"
-#include "ado/Connection.h"
-#include "ado/Recordset.h"
+#include "demo/ado/AdoErrors.h"
+#include "demo/ado/Connection.h"
+#include "demo/ado/Recordset.h"
 
 namespace demo {
 

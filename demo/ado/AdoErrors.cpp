@@ -1,4 +1,4 @@
-#include "ado/AdoErrors.h"
+#include "demo/ado/AdoErrors.h"
 
 #include <algorithm>
 #include <utility>

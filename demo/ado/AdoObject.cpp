@@ -1,9 +1,9 @@
-#include "ado/AdoObject.h"
+#include "demo/ado/AdoObject.h"
 
 #include <algorithm>
 #include <cwctype>
 
-#include "ado/AdoErrors.h"
+#include "demo/ado/AdoErrors.h"
 
 namespace demo::ado {
 

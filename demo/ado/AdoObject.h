@@ -1,6 +1,6 @@
 #pragma once
 
-#include "object/DispatchObject.h"
+#include "demo/object/DispatchObject.h"
 
 namespace demo::ado {
 

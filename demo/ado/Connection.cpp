@@ -1,10 +1,10 @@
-#include "ado/Connection.h"
+#include "demo/ado/Connection.h"
 
 #include <array>
 
-#include "ado/AdoErrors.h"
-#include "ado/DatabaseFile.h"
-#include "ado/Recordset.h"
+#include "demo/ado/AdoErrors.h"
+#include "demo/ado/DatabaseFile.h"
+#include "demo/ado/Recordset.h"
 
 namespace demo::ado {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "ado/Ado.h"
-#include "ado/AdoObject.h"
-#include "ado/Database.h"
+#include "demo/ado/Ado.h"
+#include "demo/ado/AdoObject.h"
+#include "demo/ado/Database.h"
 
 namespace demo::ado {
 

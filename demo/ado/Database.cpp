@@ -1,8 +1,8 @@
-#include "ado/Database.h"
+#include "demo/ado/Database.h"
 
-#include "ado/DatabaseFile.h"
-#include "ado/Odbc.h"
-#include "ado/OdbcCells.h"
+#include "demo/ado/DatabaseFile.h"
+#include "demo/ado/Odbc.h"
+#include "demo/ado/OdbcCells.h"
 
 namespace demo::ado {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "ado/OdbcHandle.h"
-#include "ado/RowSet.h"
+#include "demo/ado/OdbcHandle.h"
+#include "demo/ado/RowSet.h"
 
 namespace demo::ado {
 

@@ -1,4 +1,4 @@
-#include "ado/DatabaseFile.h"
+#include "demo/ado/DatabaseFile.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -11,7 +11,7 @@
 #include <system_error>
 #include <type_traits>
 
-#include "ado/AdoErrors.h"
+#include "demo/ado/AdoErrors.h"
 
 namespace demo::ado {
 

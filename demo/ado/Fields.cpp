@@ -1,8 +1,8 @@
-#include "ado/Fields.h"
+#include "demo/ado/Fields.h"
 
 #include <array>
 
-#include "ado/AdoErrors.h"
+#include "demo/ado/AdoErrors.h"
 
 namespace demo::ado {
 

@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "ado/AdoObject.h"
-#include "ado/Recordset.h"
+#include "demo/ado/AdoObject.h"
+#include "demo/ado/Recordset.h"
 
 namespace demo::ado {
 

@@ -9,7 +9,7 @@
 #include <sql.h>
 #include <sqlext.h>
 
-#include "ado/AdoErrors.h"
+#include "demo/ado/AdoErrors.h"
 
 namespace demo::ado {
 

@@ -1,10 +1,10 @@
-#include "ado/OdbcCells.h"
+#include "demo/ado/OdbcCells.h"
 
 #include <array>
 #include <chrono>
 #include <optional>
 
-#include "ado/Odbc.h"
+#include "demo/ado/Odbc.h"
 
 namespace demo::ado {
 

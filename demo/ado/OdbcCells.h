@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ado/RowSet.h"
+#include "demo/ado/RowSet.h"
 
 namespace demo::ado {
 

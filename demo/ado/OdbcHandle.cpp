@@ -1,6 +1,6 @@
-#include "ado/OdbcHandle.h"
+#include "demo/ado/OdbcHandle.h"
 
-#include "ado/Odbc.h"
+#include "demo/ado/Odbc.h"
 
 namespace demo::ado {
 

@@ -1,11 +1,11 @@
-#include "ado/Recordset.h"
+#include "demo/ado/Recordset.h"
 
 #include <algorithm>
 #include <array>
 
-#include "ado/AdoErrors.h"
-#include "ado/Connection.h"
-#include "ado/Fields.h"
+#include "demo/ado/AdoErrors.h"
+#include "demo/ado/Connection.h"
+#include "demo/ado/Fields.h"
 
 namespace demo::ado {
 

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "ado/AdoObject.h"
-#include "ado/RowSet.h"
+#include "demo/ado/AdoObject.h"
+#include "demo/ado/RowSet.h"
 
 namespace demo::ado {
 

@@ -4,9 +4,9 @@
 
 #include <array>
 
-#include "ado/Ado.h"
-#include "com/ClassFactory.h"
-#include "com/Registration.h"
+#include "demo/ado/Ado.h"
+#include "demo/com/ClassFactory.h"
+#include "demo/com/Registration.h"
 #include "platform/RuntimeError.h"
 
 /// The ADO stand-in under the names of the real objects, for clients in whose process it is loaded.

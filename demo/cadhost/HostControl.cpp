@@ -1,4 +1,4 @@
-#include "cadhost/HostControl.h"
+#include "demo/cadhost/HostControl.h"
 
 #include <algorithm>
 #include <filesystem>

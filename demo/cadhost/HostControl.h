@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "com/Server.h"
-#include "host/Host.h"
+#include "demo/com/Server.h"
+#include "demo/host/Host.h"
 
 namespace demo {
 

@@ -1,4 +1,4 @@
-#include "cadhost/HostScreen.h"
+#include "demo/cadhost/HostScreen.h"
 
 #include <commdlg.h>
 

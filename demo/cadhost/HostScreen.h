@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "host/Host.h"
+#include "demo/host/Host.h"
 
 namespace demo {
 

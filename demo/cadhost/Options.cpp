@@ -1,4 +1,4 @@
-#include "cadhost/Options.h"
+#include "demo/cadhost/Options.h"
 
 #include <shellapi.h>
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/HostOptions.h"
+#include "demo/host/HostOptions.h"
 
 namespace demo {
 

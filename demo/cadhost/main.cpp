@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "cadhost/HostControl.h"
-#include "cadhost/HostScreen.h"
-#include "cadhost/Options.h"
-#include "com/ServerWindow.h"
+#include "demo/cadhost/HostControl.h"
+#include "demo/cadhost/HostScreen.h"
+#include "demo/cadhost/Options.h"
+#include "demo/com/ServerWindow.h"
 #include "platform/RuntimeError.h"
 
 /// The demonstration host as a program of its own, driven by clients as the host is.

@@ -1,4 +1,4 @@
-#include "com/Behaviour.h"
+#include "demo/com/Behaviour.h"
 
 #include <filesystem>
 #include <fstream>

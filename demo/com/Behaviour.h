@@ -7,7 +7,7 @@
 #include <random>
 #include <string>
 
-#include "com/Exporter.h"
+#include "demo/com/Exporter.h"
 
 namespace demo {
 

@@ -1,6 +1,6 @@
-#include "com/ClassFactory.h"
+#include "demo/com/ClassFactory.h"
 
-#include "win32/ComBase.h"
+#include "win32/com/ComBase.h"
 
 namespace demo {
 

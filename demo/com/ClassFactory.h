@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "com/Exporter.h"
+#include "demo/com/Exporter.h"
 
 namespace demo {
 

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "com/ExportedObject.h"
+#include "demo/com/ExportedObject.h"
 
 namespace demo {
 

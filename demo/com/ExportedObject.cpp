@@ -1,6 +1,6 @@
-#include "com/ExportedObject.h"
+#include "demo/com/ExportedObject.h"
 
-#include "com/ReceivedArguments.h"
+#include "demo/com/ReceivedArguments.h"
 
 namespace demo {
 

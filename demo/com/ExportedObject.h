@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "com/Exporter.h"
-#include "win32/ComBase.h"
+#include "demo/com/Exporter.h"
+#include "win32/com/ComBase.h"
 
 namespace demo {
 

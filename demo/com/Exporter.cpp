@@ -1,6 +1,6 @@
-#include "com/Exporter.h"
+#include "demo/com/Exporter.h"
 
-#include "com/ExportedObject.h"
+#include "demo/com/ExportedObject.h"
 
 namespace demo {
 

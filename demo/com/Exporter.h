@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
-#include "object/DispatchObject.h"
-#include "win32/ComValue.h"
+#include "demo/object/DispatchObject.h"
+#include "win32/com/ComValue.h"
 
 namespace demo {
 

@@ -1,4 +1,4 @@
-#include "com/ReceivedArguments.h"
+#include "demo/com/ReceivedArguments.h"
 
 namespace demo {
 

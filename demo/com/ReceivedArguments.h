@@ -3,7 +3,7 @@
 #include <span>
 #include <vector>
 
-#include "com/Exporter.h"
+#include "demo/com/Exporter.h"
 
 namespace demo {
 

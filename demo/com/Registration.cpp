@@ -1,10 +1,10 @@
-#include "com/Registration.h"
+#include "demo/com/Registration.h"
 
 #include <objbase.h>
 
 #include <array>
 
-#include "win32/ComError.h"
+#include "win32/com/ComError.h"
 
 namespace demo {
 

@@ -1,10 +1,10 @@
-#include "com/Server.h"
+#include "demo/com/Server.h"
 
 #include <objbase.h>
 #include <oleauto.h>
 
-#include "com/ExportedObject.h"
-#include "win32/ComError.h"
+#include "demo/com/ExportedObject.h"
+#include "win32/com/ComError.h"
 
 namespace demo {
 

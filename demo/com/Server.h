@@ -2,9 +2,9 @@
 
 #include <windows.h>
 
-#include "com/Behaviour.h"
-#include "com/ClassFactory.h"
-#include "com/Registration.h"
+#include "demo/com/Behaviour.h"
+#include "demo/com/ClassFactory.h"
+#include "demo/com/Registration.h"
 
 namespace demo {
 

@@ -1,7 +1,7 @@
-#include "com/ServerWindow.h"
+#include "demo/com/ServerWindow.h"
 
 #include "platform/RuntimeError.h"
-#include "win32/ComError.h"
+#include "win32/com/ComError.h"
 
 namespace demo {
 

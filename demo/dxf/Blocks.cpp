@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "dxf/Drawing.h"
-#include "dxf/Text.h"
+#include "demo/dxf/Drawing.h"
+#include "demo/dxf/Text.h"
 
 /// Blocks of a drawing: each stands in the list of blocks, in the table of block records and in the look-ups.
 namespace demo {

@@ -1,8 +1,8 @@
-#include "dxf/Dictionary.h"
+#include "demo/dxf/Dictionary.h"
 
 #include <algorithm>
 
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 
 namespace demo {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dxf/Object.h"
+#include "demo/dxf/Object.h"
 
 /// Objects of type DICTIONARY: names (group 3), each followed by the handle of an object (350 or 360).
 namespace demo {

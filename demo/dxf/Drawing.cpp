@@ -1,14 +1,14 @@
-#include "dxf/Drawing.h"
+#include "demo/dxf/Drawing.h"
 
 #include <algorithm>
 #include <fstream>
 #include <sstream>
 #include <unordered_set>
 
-#include "dxf/Dictionary.h"
-#include "dxf/DrawingLoader.h"
-#include "dxf/Templates.h"
-#include "dxf/Text.h"
+#include "demo/dxf/Dictionary.h"
+#include "demo/dxf/DrawingLoader.h"
+#include "demo/dxf/Templates.h"
+#include "demo/dxf/Text.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {

@@ -4,8 +4,8 @@
 #include <span>
 #include <unordered_map>
 
-#include "dxf/FileFormat.h"
-#include "dxf/Layout.h"
+#include "demo/dxf/FileFormat.h"
+#include "demo/dxf/Layout.h"
 
 namespace demo {
 

@@ -1,9 +1,9 @@
-#include "dxf/DrawingLoader.h"
+#include "demo/dxf/DrawingLoader.h"
 
 #include <algorithm>
 #include <utility>
 
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 
 namespace demo {
 

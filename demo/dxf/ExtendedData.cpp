@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "dxf/Drawing.h"
-#include "dxf/Text.h"
+#include "demo/dxf/Drawing.h"
+#include "demo/dxf/Text.h"
 
 /// Extended data and the applications that it belongs to.
 namespace demo {

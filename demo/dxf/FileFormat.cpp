@@ -1,4 +1,4 @@
-#include "dxf/FileFormat.h"
+#include "demo/dxf/FileFormat.h"
 
 #include <algorithm>
 #include <array>
@@ -6,7 +6,7 @@
 #include <istream>
 #include <ostream>
 
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {

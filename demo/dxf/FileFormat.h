@@ -2,7 +2,7 @@
 
 #include <iosfwd>
 
-#include "dxf/Object.h"
+#include "demo/dxf/Object.h"
 
 /// The file as such: lines, groups, records and sections, without their meaning.
 namespace demo {

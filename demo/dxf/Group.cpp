@@ -1,11 +1,11 @@
-#include "dxf/Group.h"
+#include "demo/dxf/Group.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {

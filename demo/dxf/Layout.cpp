@@ -1,8 +1,8 @@
-#include "dxf/Layout.h"
+#include "demo/dxf/Layout.h"
 
 #include <algorithm>
 
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 
 namespace demo {
 

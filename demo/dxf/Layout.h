@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dxf/Object.h"
+#include "demo/dxf/Object.h"
 
 namespace demo {
 

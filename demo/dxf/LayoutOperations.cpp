@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <sstream>
 
-#include "dxf/Dictionary.h"
-#include "dxf/Drawing.h"
-#include "dxf/ObjectCopier.h"
-#include "dxf/Templates.h"
-#include "dxf/Text.h"
+#include "demo/dxf/Dictionary.h"
+#include "demo/dxf/Drawing.h"
+#include "demo/dxf/ObjectCopier.h"
+#include "demo/dxf/Templates.h"
+#include "demo/dxf/Text.h"
 #include "platform/RuntimeError.h"
 
 /// Layouts of a drawing and what is done with them.

@@ -1,8 +1,8 @@
-#include "dxf/Object.h"
+#include "demo/dxf/Object.h"
 
 #include <algorithm>
 
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 
 namespace demo {
 

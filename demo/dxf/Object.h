@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "dxf/Group.h"
+#include "demo/dxf/Group.h"
 
 namespace demo {
 

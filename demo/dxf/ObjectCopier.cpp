@@ -1,9 +1,9 @@
-#include "dxf/ObjectCopier.h"
+#include "demo/dxf/ObjectCopier.h"
 
 #include <algorithm>
 
-#include "dxf/Dictionary.h"
-#include "dxf/Text.h"
+#include "demo/dxf/Dictionary.h"
+#include "demo/dxf/Text.h"
 
 namespace demo {
 

@@ -2,7 +2,7 @@
 
 #include <set>
 
-#include "dxf/Drawing.h"
+#include "demo/dxf/Drawing.h"
 
 namespace demo {
 

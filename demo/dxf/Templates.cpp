@@ -1,4 +1,4 @@
-#include "dxf/Templates.h"
+#include "demo/dxf/Templates.h"
 
 #include <algorithm>
 #include <charconv>

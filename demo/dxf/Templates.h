@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "dxf/Group.h"
+#include "demo/dxf/Group.h"
 
 /// What new objects consist of.
 namespace demo {

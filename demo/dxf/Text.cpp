@@ -1,4 +1,4 @@
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 
 #include <algorithm>
 #include <array>

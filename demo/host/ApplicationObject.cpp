@@ -1,7 +1,7 @@
-#include "host/ApplicationObject.h"
+#include "demo/host/ApplicationObject.h"
 
-#include "host/DocumentObject.h"
-#include "host/DocumentsObject.h"
+#include "demo/host/DocumentObject.h"
+#include "demo/host/DocumentsObject.h"
 
 namespace demo {
 

@@ -1,6 +1,6 @@
-#include "host/BlockObject.h"
+#include "demo/host/BlockObject.h"
 
-#include "host/LayoutObject.h"
+#include "demo/host/LayoutObject.h"
 
 namespace demo {
 

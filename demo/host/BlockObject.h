@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/DrawingParts.h"
+#include "demo/host/DrawingParts.h"
 
 namespace demo {
 

@@ -1,10 +1,10 @@
-#include "host/CallRecorder.h"
+#include "demo/host/CallRecorder.h"
 
 #include <algorithm>
 #include <map>
 #include <optional>
 
-#include "host/HostError.h"
+#include "demo/host/HostError.h"
 
 namespace demo {
 

@@ -1,9 +1,9 @@
-#include "host/CommandLine.h"
+#include "demo/host/CommandLine.h"
 
 #include <algorithm>
 
-#include "host/Commands.h"
-#include "host/Host.h"
+#include "demo/host/Commands.h"
+#include "demo/host/Host.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {

@@ -1,10 +1,10 @@
-#include "host/Commands.h"
+#include "demo/host/Commands.h"
 
 #include <algorithm>
 #include <array>
 
-#include "dxf/Text.h"
-#include "host/LayoutCommand.h"
+#include "demo/dxf/Text.h"
+#include "demo/host/LayoutCommand.h"
 
 namespace demo {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/HostOptions.h"
+#include "demo/host/HostOptions.h"
 
 namespace demo {
 

@@ -1,6 +1,6 @@
-#include "host/DemoAutomation.h"
+#include "demo/host/DemoAutomation.h"
 
-#include "host/HostError.h"
+#include "demo/host/HostError.h"
 
 namespace demo {
 

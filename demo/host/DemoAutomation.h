@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "host/Host.h"
+#include "demo/host/Host.h"
 #include "platform/Automation.h"
 
 namespace demo {

@@ -1,9 +1,9 @@
-#include "host/Disk.h"
+#include "demo/host/Disk.h"
 
 #include <algorithm>
 #include <fstream>
 
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {

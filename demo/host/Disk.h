@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "dxf/Drawing.h"
+#include "demo/dxf/Drawing.h"
 
 namespace demo {
 

@@ -1,10 +1,10 @@
-#include "host/DocumentObject.h"
+#include "demo/host/DocumentObject.h"
 
-#include "host/BlockObject.h"
-#include "host/DrawingParts.h"
-#include "host/LayoutObject.h"
-#include "host/RegisteredApplicationsObject.h"
-#include "host/Variables.h"
+#include "demo/host/BlockObject.h"
+#include "demo/host/DrawingParts.h"
+#include "demo/host/LayoutObject.h"
+#include "demo/host/RegisteredApplicationsObject.h"
+#include "demo/host/Variables.h"
 
 namespace demo {
 

@@ -1,7 +1,7 @@
-#include "host/DocumentsObject.h"
+#include "demo/host/DocumentsObject.h"
 
-#include "dxf/Text.h"
-#include "host/DocumentObject.h"
+#include "demo/dxf/Text.h"
+#include "demo/host/DocumentObject.h"
 
 namespace demo {
 

@@ -1,11 +1,11 @@
-#include "host/DrawingParts.h"
+#include "demo/host/DrawingParts.h"
 
 #include <limits>
 
-#include "host/BlockObject.h"
-#include "host/EntityObject.h"
-#include "host/LayoutObject.h"
-#include "host/XDataArrays.h"
+#include "demo/host/BlockObject.h"
+#include "demo/host/EntityObject.h"
+#include "demo/host/LayoutObject.h"
+#include "demo/host/XDataArrays.h"
 
 namespace demo {
 

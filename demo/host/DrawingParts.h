@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/Members.h"
+#include "demo/host/Members.h"
 
 namespace demo {
 

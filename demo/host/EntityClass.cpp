@@ -1,9 +1,9 @@
-#include "host/EntityClass.h"
+#include "demo/host/EntityClass.h"
 
 #include <algorithm>
 #include <array>
 
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 
 namespace demo {
 

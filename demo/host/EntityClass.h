@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dxf/Drawing.h"
+#include "demo/dxf/Drawing.h"
 
 namespace demo {
 

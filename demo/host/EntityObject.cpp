@@ -1,9 +1,9 @@
-#include "host/EntityObject.h"
+#include "demo/host/EntityObject.h"
 
 #include <numbers>
 
-#include "dxf/Text.h"
-#include "host/EntityClass.h"
+#include "demo/dxf/Text.h"
+#include "demo/host/EntityClass.h"
 
 namespace demo {
 

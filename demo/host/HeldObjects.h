@@ -6,7 +6,7 @@
 #include <tuple>
 #include <typeindex>
 
-#include "object/DispatchObject.h"
+#include "demo/object/DispatchObject.h"
 
 namespace demo {
 

@@ -1,10 +1,10 @@
-#include "host/Host.h"
+#include "demo/host/Host.h"
 
 #include <algorithm>
 
-#include "dxf/Text.h"
-#include "host/ApplicationObject.h"
-#include "host/HostError.h"
+#include "demo/dxf/Text.h"
+#include "demo/host/ApplicationObject.h"
+#include "demo/host/HostError.h"
 
 namespace demo {
 

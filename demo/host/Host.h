@@ -3,12 +3,12 @@
 #include <memory>
 #include <optional>
 
-#include "host/Dialog.h"
-#include "host/Disk.h"
-#include "host/HeldObjects.h"
-#include "host/HostOptions.h"
-#include "host/Macros.h"
-#include "host/OpenDocument.h"
+#include "demo/host/Dialog.h"
+#include "demo/host/Disk.h"
+#include "demo/host/HeldObjects.h"
+#include "demo/host/HostOptions.h"
+#include "demo/host/Macros.h"
+#include "demo/host/OpenDocument.h"
 #include "platform/Value.h"
 
 namespace demo {

@@ -1,4 +1,4 @@
-#include "host/HostError.h"
+#include "demo/host/HostError.h"
 
 #include <algorithm>
 #include <array>

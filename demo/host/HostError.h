@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/HostOptions.h"
+#include "demo/host/HostOptions.h"
 #include "platform/RuntimeError.h"
 
 /// Failures as the host reports them: 0x8020xxxx come from the drawing database, 0x8021xxxx from the

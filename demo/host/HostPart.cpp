@@ -1,9 +1,9 @@
-#include "host/HostPart.h"
+#include "demo/host/HostPart.h"
 
 #include <cmath>
 
-#include "host/HostError.h"
-#include "host/Members.h"
+#include "demo/host/HostError.h"
+#include "demo/host/Members.h"
 
 namespace demo {
 

@@ -2,8 +2,8 @@
 
 #include <concepts>
 
-#include "host/Host.h"
-#include "object/DispatchObject.h"
+#include "demo/host/Host.h"
+#include "demo/object/DispatchObject.h"
 
 namespace demo {
 

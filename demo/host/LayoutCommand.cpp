@@ -1,10 +1,10 @@
-#include "host/LayoutCommand.h"
+#include "demo/host/LayoutCommand.h"
 
 #include <array>
 
-#include "dxf/Text.h"
-#include "host/Commands.h"
-#include "host/HostError.h"
+#include "demo/dxf/Text.h"
+#include "demo/host/Commands.h"
+#include "demo/host/HostError.h"
 
 namespace demo {
 

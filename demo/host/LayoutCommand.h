@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "host/Host.h"
+#include "demo/host/Host.h"
 
 namespace demo {
 

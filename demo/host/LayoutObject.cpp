@@ -1,10 +1,10 @@
-#include "host/LayoutObject.h"
+#include "demo/host/LayoutObject.h"
 
 #include <algorithm>
 #include <thread>
 
-#include "dxf/Text.h"
-#include "host/BlockObject.h"
+#include "demo/dxf/Text.h"
+#include "demo/host/BlockObject.h"
 
 namespace demo {
 

@@ -1,11 +1,11 @@
-#include "host/Macros.h"
+#include "demo/host/Macros.h"
 
 #include <algorithm>
 #include <array>
 
-#include "dxf/Text.h"
-#include "host/Host.h"
-#include "host/HostError.h"
+#include "demo/dxf/Text.h"
+#include "demo/host/Host.h"
+#include "demo/host/HostError.h"
 
 namespace demo {
 

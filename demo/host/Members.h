@@ -3,8 +3,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/HostError.h"
-#include "host/HostPart.h"
+#include "demo/host/HostError.h"
+#include "demo/host/HostPart.h"
 
 /// How the host's classes offer their members: each class has one table that joins name, id and operations.
 namespace demo {

@@ -1,10 +1,10 @@
-#include "host/OpenDocument.h"
+#include "demo/host/OpenDocument.h"
 
 #include <algorithm>
 
-#include "dxf/Text.h"
-#include "host/Host.h"
-#include "host/HostError.h"
+#include "demo/dxf/Text.h"
+#include "demo/host/Host.h"
+#include "demo/host/HostError.h"
 
 namespace demo {
 

@@ -5,9 +5,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/CommandLine.h"
-#include "host/Disk.h"
-#include "host/HostOptions.h"
+#include "demo/host/CommandLine.h"
+#include "demo/host/Disk.h"
+#include "demo/host/HostOptions.h"
 
 namespace demo {
 

@@ -1,6 +1,6 @@
-#include "host/RegisteredApplicationsObject.h"
+#include "demo/host/RegisteredApplicationsObject.h"
 
-#include "dxf/Text.h"
+#include "demo/dxf/Text.h"
 
 namespace demo {
 

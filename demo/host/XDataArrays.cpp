@@ -1,8 +1,8 @@
-#include "host/XDataArrays.h"
+#include "demo/host/XDataArrays.h"
 
 #include <optional>
 
-#include "host/HostError.h"
+#include "demo/host/HostError.h"
 
 namespace demo {
 

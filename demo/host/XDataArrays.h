@@ -1,7 +1,7 @@
 #pragma once
 
-#include "dxf/Group.h"
-#include "host/HostOptions.h"
+#include "demo/dxf/Group.h"
+#include "demo/host/HostOptions.h"
 #include "platform/Value.h"
 
 namespace demo {

@@ -1,4 +1,4 @@
-#include "mdb/Bytes.h"
+#include "demo/mdb/Bytes.h"
 
 #include <algorithm>
 #include <bit>

@@ -1,12 +1,12 @@
-#include "mdb/Database.h"
+#include "demo/mdb/Database.h"
 
 #include <fstream>
 
-#include "mdb/FileHeader.h"
-#include "mdb/KeyIndex.h"
-#include "mdb/RowEncoder.h"
-#include "mdb/TableDefinition.h"
-#include "mdb/UsageMaps.h"
+#include "demo/mdb/FileHeader.h"
+#include "demo/mdb/KeyIndex.h"
+#include "demo/mdb/RowEncoder.h"
+#include "demo/mdb/TableDefinition.h"
+#include "demo/mdb/UsageMaps.h"
 #include "platform/RuntimeError.h"
 
 namespace demo::mdb {

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <vector>
 
-#include "mdb/Table.h"
+#include "demo/mdb/Table.h"
 
 namespace demo::mdb {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mdb/Table.h"
+#include "demo/mdb/Table.h"
 
 namespace demo::mdb {
 

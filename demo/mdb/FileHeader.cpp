@@ -1,11 +1,11 @@
-#include "mdb/FileHeader.h"
+#include "demo/mdb/FileHeader.h"
 
 #include <array>
 #include <numeric>
 #include <string_view>
 #include <utility>
 
-#include "mdb/PageFile.h"
+#include "demo/mdb/PageFile.h"
 
 namespace demo::mdb {
 

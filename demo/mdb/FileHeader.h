@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mdb/Bytes.h"
+#include "demo/mdb/Bytes.h"
 
 namespace demo::mdb {
 

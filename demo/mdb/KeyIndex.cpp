@@ -1,4 +1,4 @@
-#include "mdb/KeyIndex.h"
+#include "demo/mdb/KeyIndex.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "mdb/PageFile.h"
+#include "demo/mdb/PageFile.h"
 
 namespace demo::mdb {
 

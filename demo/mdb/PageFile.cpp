@@ -1,4 +1,4 @@
-#include "mdb/PageFile.h"
+#include "demo/mdb/PageFile.h"
 
 #include "platform/RuntimeError.h"
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "mdb/Bytes.h"
+#include "demo/mdb/Bytes.h"
 
 namespace demo::mdb {
 

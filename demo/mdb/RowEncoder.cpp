@@ -1,4 +1,4 @@
-#include "mdb/RowEncoder.h"
+#include "demo/mdb/RowEncoder.h"
 
 #include "platform/RuntimeError.h"
 

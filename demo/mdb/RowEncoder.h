@@ -1,7 +1,7 @@
 #pragma once
 
-#include "mdb/Bytes.h"
-#include "mdb/Table.h"
+#include "demo/mdb/Bytes.h"
+#include "demo/mdb/Table.h"
 
 namespace demo::mdb {
 

@@ -1,6 +1,6 @@
 #include <numbers>
 
-#include "mdb/DefinitionTables.h"
+#include "demo/mdb/DefinitionTables.h"
 
 namespace demo::mdb {
 

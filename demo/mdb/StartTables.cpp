@@ -1,4 +1,4 @@
-#include "mdb/DefinitionTables.h"
+#include "demo/mdb/DefinitionTables.h"
 
 namespace demo::mdb {
 

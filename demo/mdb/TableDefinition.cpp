@@ -1,9 +1,9 @@
-#include "mdb/TableDefinition.h"
+#include "demo/mdb/TableDefinition.h"
 
 #include <algorithm>
 
-#include "mdb/PageFile.h"
-#include "mdb/RowEncoder.h"
+#include "demo/mdb/PageFile.h"
+#include "demo/mdb/RowEncoder.h"
 #include "platform/RuntimeError.h"
 
 namespace demo::mdb {

@@ -3,8 +3,8 @@
 #include <optional>
 #include <vector>
 
-#include "mdb/Bytes.h"
-#include "mdb/Table.h"
+#include "demo/mdb/Bytes.h"
+#include "demo/mdb/Table.h"
 
 namespace demo::mdb {
 

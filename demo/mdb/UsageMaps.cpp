@@ -1,4 +1,4 @@
-#include "mdb/UsageMaps.h"
+#include "demo/mdb/UsageMaps.h"
 
 #include "platform/RuntimeError.h"
 

@@ -1,8 +1,8 @@
 #include <iostream>
 #include <string_view>
 
-#include "mdb/Database.h"
-#include "mdb/DefinitionTables.h"
+#include "demo/mdb/Database.h"
+#include "demo/mdb/DefinitionTables.h"
 #include "platform/RuntimeError.h"
 
 /// mkmdb OUT.mdb: writes the definition database of the demonstration; mkmdb --start OUT.mdb: the one that a

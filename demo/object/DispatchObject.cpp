@@ -1,4 +1,4 @@
-#include "object/DispatchObject.h"
+#include "demo/object/DispatchObject.h"
 
 namespace demo {
 

@@ -5,7 +5,7 @@
 
 #include "autocad/basAutoCAD.h"
 #include "controls/Dialog.h"
-#include "dialogs/basAllgemein.h"
+#include "data/basAllgemein.h"
 #include "dialogs/basHTMLHelp.h"
 #include "views/basViewControls.h"
 

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "autocad/basAutoCAD.h"
+#include "data/basAllgemein.h"
 #include "data/basDatenbank.h"
 #include "data/basRegistry.h"
-#include "dialogs/basAllgemein.h"
 #include "dialogs/basHTMLHelp.h"
 #include "shell/FormPresenter.h"
 #include "shell/frmMain.h"

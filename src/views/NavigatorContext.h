@@ -1,8 +1,8 @@
 #pragma once
 
 #include "autocad/basAutoCAD.h"
+#include "data/basAllgemein.h"
 #include "data/basDatenbank.h"
-#include "dialogs/basAllgemein.h"
 
 namespace blattwart {
 

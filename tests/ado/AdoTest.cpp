@@ -1,12 +1,12 @@
-#include "ado/Ado.h"
+#include "demo/ado/Ado.h"
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 
-#include "mdb/Database.h"
-#include "mdb/DefinitionTables.h"
+#include "demo/mdb/Database.h"
+#include "demo/mdb/DefinitionTables.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {

@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "ado/Ado.h"
-#include "host/CallRecorder.h"
-#include "host/DemoAutomation.h"
-#include "mdb/Database.h"
-#include "mdb/DefinitionTables.h"
+#include "demo/ado/Ado.h"
+#include "demo/host/CallRecorder.h"
+#include "demo/host/DemoAutomation.h"
+#include "demo/mdb/Database.h"
+#include "demo/mdb/DefinitionTables.h"
 #include "support/TestPlatform.h"
 
 namespace blattwart::test {

@@ -1,8 +1,8 @@
-#include "dialogs/basAllgemein.h"
+#include "data/basAllgemein.h"
 
 #include <gtest/gtest.h>
 
-#include "host/DemoAutomation.h"
+#include "demo/host/DemoAutomation.h"
 #include "support/TestPlatform.h"
 
 namespace blattwart::test {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "dxf/Drawing.h"
-#include "dxf/Text.h"
+#include "demo/dxf/Drawing.h"
+#include "demo/dxf/Text.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {

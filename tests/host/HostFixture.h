@@ -6,7 +6,7 @@
 
 #include <filesystem>
 
-#include "host/DemoAutomation.h"
+#include "demo/host/DemoAutomation.h"
 
 namespace demo {
 

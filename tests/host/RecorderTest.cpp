@@ -1,4 +1,4 @@
-#include "host/CallRecorder.h"
+#include "demo/host/CallRecorder.h"
 #include "HostFixture.h"
 
 namespace demo {

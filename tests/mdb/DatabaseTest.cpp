@@ -1,8 +1,8 @@
-#include "mdb/Database.h"
+#include "demo/mdb/Database.h"
 
 #include <gtest/gtest.h>
 
-#include "mdb/DefinitionTables.h"
+#include "demo/mdb/DefinitionTables.h"
 #include "MdbTools.h"
 #include "platform/RuntimeError.h"
 

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "ado/DatabaseFile.h"
+#include "demo/ado/DatabaseFile.h"
 
 namespace demo::test {
 

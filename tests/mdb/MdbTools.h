@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <string>
 
-#include "mdb/Table.h"
+#include "demo/mdb/Table.h"
 
 namespace demo::test {
 

@@ -5,7 +5,7 @@
 
 #include <unistd.h>
 
-#include "mdb/Database.h"
+#include "demo/mdb/Database.h"
 
 namespace blattwart::test {
 

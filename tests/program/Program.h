@@ -5,11 +5,11 @@
 #include <filesystem>
 #include <memory>
 
-#include "ado/Ado.h"
+#include "demo/ado/Ado.h"
+#include "demo/host/CallRecorder.h"
+#include "demo/host/DemoAutomation.h"
+#include "demo/mdb/DefinitionTables.h"
 #include "FakeWindow.h"
-#include "host/CallRecorder.h"
-#include "host/DemoAutomation.h"
-#include "mdb/DefinitionTables.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
 

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "com/Server.h"
-#include "com/ServerWindow.h"
-#include "win32/ComAutomation.h"
-#include "win32/Guard.h"
+#include "demo/com/Server.h"
+#include "demo/com/ServerWindow.h"
+#include "win32/com/ComAutomation.h"
+#include "win32/ui/Guard.h"
 
 namespace blattwart {
 

@@ -3,8 +3,8 @@
 #include <filesystem>
 
 #include "com/Client.h"
-#include "mdb/Database.h"
-#include "mdb/DefinitionTables.h"
+#include "demo/mdb/Database.h"
+#include "demo/mdb/DefinitionTables.h"
 
 namespace blattwart {
 namespace {

@@ -6,11 +6,11 @@
 #include <fstream>
 #include <sstream>
 
-#include "dxf/Drawing.h"
-#include "mdb/Database.h"
-#include "mdb/DefinitionTables.h"
+#include "demo/dxf/Drawing.h"
+#include "demo/mdb/Database.h"
+#include "demo/mdb/DefinitionTables.h"
 #include "ui/ControlHost.h"
-#include "win32/ComError.h"
+#include "win32/com/ComError.h"
 
 namespace blattwart::test {
 

@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "com/Client.h"
-#include "host/CallRecorder.h"
+#include "demo/host/CallRecorder.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
-#include "win32/Win32Files.h"
-#include "win32/Win32FormPresenter.h"
+#include "win32/platform/Win32Files.h"
+#include "win32/ui/Win32FormPresenter.h"
 
 namespace blattwart::test {
 

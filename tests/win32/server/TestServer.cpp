@@ -7,8 +7,8 @@
 #include <functional>
 #include <map>
 
-#include "com/Server.h"
-#include "com/ServerWindow.h"
+#include "demo/com/Server.h"
+#include "demo/com/ServerWindow.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {

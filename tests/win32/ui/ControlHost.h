@@ -9,9 +9,9 @@
 #include <string>
 
 #include "platform/RuntimeError.h"
-#include "win32/BusyHost.h"
-#include "win32/EventGate.h"
-#include "win32/Guard.h"
+#include "win32/com/BusyHost.h"
+#include "win32/ui/EventGate.h"
+#include "win32/ui/Guard.h"
 
 namespace blattwart::test {
 

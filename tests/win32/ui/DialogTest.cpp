@@ -7,10 +7,10 @@
 #include "res/DialogIds.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
-#include "win32/Dpi.h"
-#include "win32/Fonts.h"
-#include "win32/Win32FormPresenter.h"
-#include "win32/Win32MessageBoxes.h"
+#include "win32/platform/Win32MessageBoxes.h"
+#include "win32/ui/Dpi.h"
+#include "win32/ui/Fonts.h"
+#include "win32/ui/Win32FormPresenter.h"
 
 namespace blattwart::test {
 

@@ -1,4 +1,4 @@
-#include "win32/ListWindow.h"
+#include "win32/ui/ListWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,9 @@
 
 #include "ControlHost.h"
 #include "controls/Update.h"
-#include "win32/Dpi.h"
-#include "win32/Fonts.h"
-#include "win32/Win32Locale.h"
+#include "win32/platform/Win32Locale.h"
+#include "win32/ui/Dpi.h"
+#include "win32/ui/Fonts.h"
 
 namespace blattwart::test {
 

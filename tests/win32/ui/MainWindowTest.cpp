@@ -1,4 +1,4 @@
-#include "win32/MainWindow.h"
+#include "win32/ui/MainWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,9 @@
 #include "ControlHost.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
-#include "win32/Dpi.h"
-#include "win32/Win32Desktop.h"
-#include "win32/Win32FormPresenter.h"
+#include "win32/platform/Win32Desktop.h"
+#include "win32/ui/Dpi.h"
+#include "win32/ui/Win32FormPresenter.h"
 
 namespace blattwart::test {
 

@@ -6,14 +6,14 @@
 #include <thread>
 
 #include "ControlHost.h"
-#include "win32/Dpi.h"
-#include "win32/Win32Desktop.h"
-#include "win32/Win32Files.h"
-#include "win32/Win32Locale.h"
-#include "win32/Win32MessageBoxes.h"
-#include "win32/Win32Process.h"
-#include "win32/Win32Registry.h"
-#include "win32/Win32Settings.h"
+#include "win32/platform/Win32Desktop.h"
+#include "win32/platform/Win32Files.h"
+#include "win32/platform/Win32Locale.h"
+#include "win32/platform/Win32MessageBoxes.h"
+#include "win32/platform/Win32Process.h"
+#include "win32/platform/Win32Registry.h"
+#include "win32/platform/Win32Settings.h"
+#include "win32/ui/Dpi.h"
 
 namespace blattwart::test {
 

@@ -1,4 +1,4 @@
-#include "win32/TreeWindow.h"
+#include "win32/ui/TreeWindow.h"
 
 #include <gtest/gtest.h>
 #include <ole2.h>
@@ -10,7 +10,7 @@
 #include <thread>
 
 #include "ControlHost.h"
-#include "win32/DragSource.h"
+#include "win32/ui/DragSource.h"
 
 namespace blattwart::test {
 

@@ -1,0 +1,35 @@
+#include "data/basAllgemein.h"
+
+#include "platform/Conversions.h"
+
+namespace blattwart {
+
+std::wstring basAllgemein::FormatZahl(double number) const {
+    std::wstring text = formatTwoDecimals(number, platform_.locale);
+    const std::wstring noDecimals = platform_.locale.decimalSeparator() + L"00";
+    if (text.ends_with(noDecimals)) text.resize(text.size() - noDecimals.size());
+    return text;
+}
+
+bool basAllgemein::DateiLoeschen(const std::wstring& file) {
+    const MessageAnswer answer =
+        platform_.messages.show(L"Datei: " + file + L" wirklich löschen?", applicationTitle,
+                                MessageButtons::yesNo, MessageIcon::question);
+    if (answer != MessageAnswer::yes) return false;
+    return ignoringErrors([&] { platform_.files.remove(file); });
+}
+
+bool basAllgemein::CheckInvalidChars(const std::wstring& text) {
+    if (text.find_first_of(L"<>/\\\":?*|='´") == std::wstring::npos) return false;
+    platform_.messages.show(L"Eingabe enthält ungültige Zeichen!", applicationTitle, MessageButtons::ok,
+                            MessageIcon::exclamation);
+    return true;
+}
+
+std::wstring basAllgemein::GetTemplateFolder() const {
+    std::wstring folder;
+    ignoringErrors([&] { folder = hostTemplateFolder_(); });
+    return folder;
+}
+
+}  // namespace blattwart

@@ -1,0 +1,111 @@
+#include "win32/ui/FrameControls.h"
+
+#include "win32/ui/Dpi.h"
+
+namespace blattwart {
+
+namespace {
+
+constexpr DWORD titleStyle = WS_VISIBLE | SS_LEFT | SS_CENTERIMAGE | SS_ENDELLIPSIS | SS_NOPREFIX;
+constexpr int titlePadding = 8;       // pixels at 96 dpi, above and below the text together
+constexpr float splitterWidth = 150;  // twips
+constexpr float titleInset = 60;      // twips
+constexpr UINT_PTR borderSubclass = 2;
+
+/// The borders of tree and list belong to the splitter: the gap between them alone is hard to hit.
+LRESULT CALLBACK borderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                 DWORD_PTR) {
+    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, borderProcedure, borderSubclass);
+    return message == WM_NCHITTEST && result == HTBORDER ? HTTRANSPARENT : result;
+}
+
+}  // namespace
+
+FrameControls::FrameControls(HWND frame, frmMain& form, EventGate& gate)
+    : frame_(frame),
+      form_(form),
+      splitterBar_(frame, form.picSplitter, WC_STATICW, SS_GRAYRECT),
+      treeTitle_(frame, form.lblTitle[0], WC_STATICW, titleStyle),
+      tree_(frame, form.tvTreeView, gate),
+      listTitle_(frame, form.lblTitle[1], WC_STATICW, titleStyle),
+      list_(frame, form.lvListView, gate),
+      toolBar_(frame, form.tbToolBar, gate, firstToolBarCommand),
+      statusBar_(frame, form.sbStatusBar) {
+    form_.imgSplitter.setWidth(splitterWidth);
+    for (Control* model : models()) model->changed = [this] { changed_ = true; };
+    for (const HWND pane : {tree_.handle(), list_.handle()})
+        SetWindowSubclass(pane, borderProcedure, borderSubclass, 0);
+}
+
+FrameControls::~FrameControls() {
+    for (Control* model : models()) model->changed = nullptr;
+}
+
+std::array<Control*, 9> FrameControls::models() {
+    auto& [treeTitle, listTitle] = form_.lblTitle;
+    return {&form_.tvTreeView, &form_.lvListView, &form_.tbToolBar,   &form_.sbStatusBar, &form_.picTitles,
+            &treeTitle,        &listTitle,        &form_.imgSplitter, &form_.picSplitter};
+}
+
+void FrameControls::setDpi(int dpi) {
+    dpi_ = dpi;
+    Font font = messageFont(dpi);
+    Font bold = boldFont(font.get());
+    Pictures pictures = loadPictures(dpi);
+    tree_.setLook(font.get(), pictures.tree.get(), dpi);
+    list_.setFonts(font.get(), bold.get(), dpi);
+    list_.setImages(pictures.listLarge.get(), pictures.listSmall.get());
+    toolBar_.setImages(pictures.toolBar.get(), dpi);
+    statusBar_.setFont(font.get(), dpi);
+    treeTitle_.setFont(font.get());
+    listTitle_.setFont(font.get());
+    const float titleHeight =
+        toTwips(lineHeight(font.get()) + MulDiv(titlePadding, dpi, USER_DEFAULT_SCREEN_DPI), dpi);
+    form_.picTitles.setHeight(titleHeight);
+    for (Label& title : form_.lblTitle) title.setHeight(titleHeight);
+    font_ = std::move(font);
+    boldFont_ = std::move(bold);
+    pictures_ = std::move(pictures);
+}
+
+void FrameControls::layOut() {
+    if (!changed_) return;
+    alignToFrame();
+    setWindowText(treeTitle_.handle(), form_.lblTitle[0].text());
+    setWindowText(listTitle_.handle(), form_.lblTitle[1].text());
+    place();
+    statusBar_.show();
+    changed_ = false;
+}
+
+/// Toolbar and status bar stick to the frame's edges.
+void FrameControls::alignToFrame() {
+    RECT client{};
+    GetClientRect(frame_, &client);
+    const float width = toTwips(client.right, dpi_);
+    form_.tbToolBar.setWidth(width);
+    form_.sbStatusBar.setWidth(width);
+    form_.sbStatusBar.setTop(toTwips(client.bottom, dpi_) - form_.sbStatusBar.height());
+}
+
+void FrameControls::place() const {
+    const Inset strip{titleInset, form_.picTitles.top()};
+    HDWP moves = BeginDeferWindowPos(7);
+    splitterBar_.place(moves, dpi_);
+    treeTitle_.place(moves, dpi_, strip);
+    listTitle_.place(moves, dpi_, strip);
+    tree_.place(moves, dpi_);
+    list_.place(moves, dpi_);
+    toolBar_.place(moves, dpi_);
+    statusBar_.place(moves, dpi_);
+    EndDeferWindowPos(moves);
+}
+
+std::optional<LRESULT> FrameControls::notify(NMHDR& header) {
+    if (isTree(header.hwndFrom)) return tree_.notify(header);
+    if (isList(header.hwndFrom)) return list_.notify(header);
+    return std::nullopt;
+}
+
+}  // namespace blattwart

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include "controls/ListView.h"
+#include "win32/ui/ControlWindow.h"
+#include "win32/ui/EventGate.h"
+#include "win32/ui/LabelEdit.h"
+#include "win32/ui/ListHeader.h"
+
+namespace blattwart {
+
+/// Shows a list model in the system's list control, which asks the model for every row that it draws.
+class ListWindow final : public ControlWindow, private ListViewListener {
+  public:
+    ListWindow(HWND parent, ListView& list, EventGate& gate);
+    ~ListWindow() override;
+
+    /// Index 0 is the picture of items without an icon.
+    void setImages(HIMAGELIST large, HIMAGELIST small) const;
+    /// Bold rows are drawn in `bold`, which must outlive its use here.
+    void setFonts(HFONT normal, HFONT bold, int dpi);
+    LRESULT notify(NMHDR& header);
+    /// Where the menu asked for by keyboard belongs: at the selected row.
+    POINT contextMenuByKey() const;
+    bool editing() const { return labelEdit_.active(); }
+
+  private:
+    void rowsChanged() override;
+    void rowChanged(int row) override;
+    void selectionChanged() override;
+    void columnsChanged() override;
+    void sortChanged() override { header_.showSorting(); }
+    void modeChanged() override;
+    void labelEditStarted(const ListItem& item) override;
+    void labelEditCancelled() override;
+
+    void showSelection();
+    void fitListColumns();
+    int focusedRow() const;
+
+    void fill(LVITEMW& wanted) const;
+    LRESULT draw(NMLVCUSTOMDRAW& draw) const;
+    LRESULT find(const NMLVFINDITEMW& wanted) const;
+    void itemChanged(const NMLISTVIEW& change);
+    void postSelection();
+    void reportSelection();
+    void columnClicked(int column);
+    void doubleClicked(const NMITEMACTIVATE& click);
+    void beginDrag(int row);
+
+    ListView& list_;
+    EventGate& gate_;
+    LabelEdit labelEdit_;
+    ListHeader header_;
+    HFONT boldFont_ = nullptr;
+    bool selectionPosted_ = false;
+    bool showing_ = false;
+};
+
+}  // namespace blattwart

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "platform/Automation.h"
+#include "shell/FormPresenter.h"
+#include "win32/ui/Guard.h"
+#include "win32/ui/MainWindow.h"
+
+namespace blattwart {
+
+class DialogWindow;
+class FormDialog;
+
+class Win32FormPresenter : public FormPresenter {
+  public:
+    Win32FormPresenter(Guard& guard, const Automation& automation) : guard_(guard), automation_(automation) {}
+
+    FormWindow& createMainWindow(frmMain& form) override {
+        mainWindow_ = std::make_unique<MainWindow>(form, guard_, automation_);
+        return *mainWindow_;
+    }
+    void showModal(frmKopieren& form) override;
+    void showModal(frmUmbenennen& form) override;
+    void showModal(frmInfo& form) override;
+    void closeDialogs() override;
+
+    /// The main window, or null before it is made.
+    MainWindow* mainWindow() const { return mainWindow_.get(); }
+    /// Destroys all windows; before the forms that they show go.
+    void destroyWindows() { mainWindow_.reset(); }
+
+  private:
+    void show(FormDialog& dialog, int templateId);
+
+    Guard& guard_;
+    const Automation& automation_;
+    std::unique_ptr<MainWindow> mainWindow_;
+    std::vector<DialogWindow*> dialogs_;  // open, the last one on top
+};
+
+}  // namespace blattwart
