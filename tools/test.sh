@@ -1,13 +1,13 @@
 # shellcheck shell=bash
 # Running the tests.
 
-# test_preset PRESET JOBS [PROGRAM...]: all programs, or these; a program may run in parts.
+# test_preset PRESET [PROGRAM...]: all programs, or these; a program may run in parts.
 test_preset() {
-    local preset=$1 jobs=$2 log="build/$1/Testing/Temporary/LastTest.log" failures=$failed result counts
-    shift 2
+    local preset=$1 log="build/$1/Testing/Temporary/LastTest.log" failures=$failed result counts
+    shift
     say "Testing $preset${*:+: $*}"
     rm -f "$log"
-    ctest --preset "$preset" --no-tests=error -j "$jobs" --test-output-size-passed 10000000 \
+    ctest --preset "$preset" --no-tests=error -j "$(nproc)" --test-output-size-passed 10000000 \
         ${1:+-R "^($(IFS='|'; echo "$*"))(_part[0-9]+)?$"} | grep -vE '^\[ +(RUN|OK) '
     result=${PIPESTATUS[0]}
     [ -f "$log" ] || return 1
@@ -24,21 +24,21 @@ summarize() {
     [ "$failed" = 0 ]
 }
 
-# The tests under Wine, one after the other, wait more than they work; clang-tidy gets ahead in the meantime.
+# The tests under Wine wait more than they work; clang-tidy gets ahead in the meantime.
 test_under_wine() {
     cmake --preset lint >build/lint.log
     nice -n 19 ninja -C build/lint -j 1 -k 0 >build/lint.log 2>&1 &
-    step test_preset win64 1
+    step test_preset win64
     kill $! 2>/dev/null
     wait $!
 }
 
-build_and_test() { build_preset "$1" && test_preset "$1" "$2"; }
+build_and_test() { build_preset "$1" && test_preset "$1"; }
 
 test_everything() {
     ready "${build_packages[@]}" "${check_packages[@]}"
     rm -f build/times.log
-    step build_and_test native "$(nproc)"
+    step build_and_test native
     step build_preset win32
     step build_preset win64 && test_under_wine
     step check_program
@@ -60,7 +60,7 @@ test_matching() {
         [ ${#programs[@]} -gt 0 ] || continue
         cases=$(awk -v preset="$preset" '$1 == preset {print $3}' <<<"$found" | paste -sd:)
         step build_preset "$preset" "${programs[@]}"
-        GTEST_FILTER=$cases step test_preset "$preset" "$(nproc)" "${programs[@]}"
+        GTEST_FILTER=$cases step test_preset "$preset" "${programs[@]}"
     done
     summarize
 }
