@@ -10,7 +10,7 @@ class Application : public HostObject {
   public:
     Application() = default;
     explicit Application(ObjectPtr application)
-        : HostObject(std::move(application), std::make_shared<Session>()) {}
+        : HostObject(std::move(application), std::make_shared<HostManners>()) {}
 
     host::Documents Documents() const;
     /// Fails while no drawing is open.

@@ -127,17 +127,10 @@ class frmMain {
     // aside.
     template <class Handler>
     void handle(Handler&& handler) {
-        if (handling_ || platform_.automation.callPending()) return;
-        const Handling handling(handling_);
+        if (platform_.gate.busy()) return;
+        const Gate::Event event(platform_.gate);
         handler();
     }
-    struct Handling {
-        explicit Handling(bool& flag) : flag(flag) { flag = true; }
-        ~Handling() { flag = false; }
-        Handling(const Handling&) = delete;
-        Handling& operator=(const Handling&) = delete;
-        bool& flag;
-    };
 
     void buildCommands();
     void addToMenus(const Command& command);
@@ -172,7 +165,6 @@ class frmMain {
     std::vector<std::pair<const Command*, MenuItem*>> commandItems_;
     bool splitterDragging_ = false;
     bool resized_ = false;  ///< since the last repaint
-    bool handling_ = false;
     LabelEdit labelEdit_ = LabelEdit::none;
 };
 

@@ -83,12 +83,13 @@ void frmMain::lvListView_ColumnClick(int column) {
 }
 
 void frmMain::popUpContextMenu() {
-    handle([this] { VisbibleMnuMenu(); });
-    const std::wstring kind = selectedKind();
-    // The menu runs what was chosen when it has closed, so it pops up outside of any handling.
-    if (kind == L"B" || kind == L"D") window_->popUpMenu(popupTemplateMenu);
-    if (kind == L"A" || kind == L"Z") window_->popUpMenu(popupDrawingMenu);
-    if (kind == L"L") window_->popUpMenu(popupLayoutMenu);
+    handle([this] {
+        VisbibleMnuMenu();
+        const std::wstring kind = selectedKind();
+        if (kind == L"B" || kind == L"D") window_->popUpMenu(popupTemplateMenu);
+        if (kind == L"A" || kind == L"Z") window_->popUpMenu(popupDrawingMenu);
+        if (kind == L"L") window_->popUpMenu(popupLayoutMenu);
+    });
 }
 
 void frmMain::OpenListItem() {

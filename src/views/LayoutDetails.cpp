@@ -95,7 +95,8 @@ LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout) 
     XDataReport report(context_.platform.messages);
     ignoringErrors([&] {
         LongRead reading(context_.platform.readings);
-        for (const host::Entity& entity : layout.Block().entities()) {
+        const auto goOn = [&] { return reading.goOn(); };
+        for (const host::Entity& entity : layout.Block().entities(goOn)) {
             if (!reading.goOn()) return;
             ignoringErrors([&] { readEntity(entity, report, contents); });
         }

@@ -13,7 +13,12 @@ void LoadedDrawings::ReadLoadedDrawings() {
         ResetPresentFlags();
         const std::wstring activeName = autoCAD_.gAcadDoc.Name();
         const std::shared_ptr<OpenDocuments> documents = autoCAD_.openDocuments();
-        for (OpenDocument& open : *documents) readDrawing(open, activeName);
+        LongRead reading(readings_);
+        for (OpenDocument& open : *documents) {
+            // Of what was not read any more nobody knows whether it is stale.
+            if (!reading.goOn()) return;
+            readDrawing(open, activeName);
+        }
         RemoveStaleNodes();
     } catch (const RuntimeError&) {
         messages_.show(L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!", applicationTitle,

@@ -18,6 +18,7 @@ class LoadedDrawings {
           records_(context.records),
           autoCAD_(context.autoCAD),
           messages_(context.platform.messages),
+          readings_(context.platform.readings),
           locale_(context.platform.locale) {}
 
     /// Reads everything anew. Does nothing without an active document; shows a message when the host fails,
@@ -48,6 +49,7 @@ class LoadedDrawings {
     NavigatorRecords& records_;
     basAutoCAD& autoCAD_;
     MessageBoxes& messages_;
+    ReadingWatch& readings_;
     const Locale& locale_;
     // Records by their full name in upper case, made anew for each reading.
     Index drawingsByName_;
