@@ -21,8 +21,7 @@ void LoadedDrawings::ReadLoadedDrawings() {
         }
         RemoveStaleNodes();
     } catch (const RuntimeError&) {
-        messages_.show(L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!", applicationTitle,
-                       MessageButtons::ok, MessageIcon::critical);
+        messages_.reportError(L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!");
     }
 }
 

@@ -112,20 +112,13 @@ class Application {
         if (MainWindow* window = presenter_.mainWindow()) window->showWork(text);
     }
 
-    bool askGiveUp(HostState state) {
-        return messages_.show(giveUpQuestion(state), applicationTitle, MessageButtons::yesNo,
-                              MessageIcon::question) == MessageAnswer::no;
-    }
-
-    void report(const std::wstring& text) {
-        messages_.show(text, applicationTitle, MessageButtons::ok, MessageIcon::critical);
-    }
+    bool askGiveUp(HostState state) { return !messages_.ask(giveUpQuestion(state)); }
 
     Apartment apartment_;
     Win32MessageBoxes messages_;
     Gate gate_;
     HostCaller hostCaller_{gate_};
-    Guard guard_{[this](const std::wstring& text) { report(text); }};
+    Guard guard_{[this](const std::wstring& text) { messages_.reportError(text); }};
     WaitingNotice notice_{guard_, [this] { hostCaller_.endProgram(); }};
     ComAutomation automation_{hostCaller_};
     Win32Registry registry_;
