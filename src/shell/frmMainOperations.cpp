@@ -28,8 +28,8 @@ void frmMain::mnuShow_Click() {
 }
 
 void frmMain::mnuActive_Click() {
-    modules_->autoCAD.BringAutoCADToFront();
     modules_->files.OpenSelectedNode(true);
+    modules_->autoCAD.BringAutoCADToFront();
 }
 
 void frmMain::mnuDrawing_Click() {
