@@ -114,28 +114,44 @@ void basAutoCAD::NewDrawingFromTemplate(const std::wstring& templateFile) {
     BringAutoCADToFront();
 }
 
+void basAutoCAD::takeActiveDocument() {
+    ignoringErrors([&] { gAcadDoc = gAcadApp.ActiveDocument(); });
+}
+
 void basAutoCAD::NavigateDesignCenter(const std::wstring& target) {
-    // The second carriage return answers a prompt with its default; always the German command's name.
-    if (gAcadDoc) ignoringErrors([&] { typeCommand(gAcadDoc, {L"ADCNAVIGIEREN", L"", target}); });
+    // The host may end the target at a blank and take the rest for commands.
+    const bool hasBlank = target.find(L' ') != std::wstring::npos;
+    const std::wstring typed = hasBlank ? platform_.files.shortPath(target) : target;
+    if (gAcadDoc && !(hasBlank && typed.empty()))
+        ignoringErrors([&] { typeCommand(gAcadDoc, TypedCommand::navigateDesignCenter, {typed}); });
     BringAutoCADToFront();
 }
 
-bool basAutoCAD::typeCommand(const host::Document& document,
+bool basAutoCAD::typeCommand(const host::Document& document, TypedCommand command,
                              std::initializer_list<std::wstring_view> answers) {
-    std::wstring text;
-    for (const std::wstring_view answer : answers) {
-        // A carriage return inside a name would end the answer and make the rest a command of its own.
-        if (refusesControlCharacters(answer)) return false;
-        text.append(answer).push_back(L'\r');
-    }
+    if (std::ranges::any_of(answers, [this](std::wstring_view answer) { return refusesAnswer(answer); }) ||
+        refusesWhileCommandRuns(document))
+        return false;
+    document.SendCommand(commandText(command, answers));
+    return true;
+}
+
+bool basAutoCAD::refusesAnswer(std::wstring_view answer) {
+    // A carriage return inside a name would end the answer and make the rest a command of its own.
+    if (refusesControlCharacters(answer)) return true;
+    const std::size_t first = answer.find_first_not_of(L' ');
+    if (first == std::wstring_view::npos ||
+        std::wstring_view(L"(!'").find(answer[first]) == std::wstring_view::npos)
+        return false;
+    warn(L"AutoCAD würde den Namen als Ausdruck ausführen: " + std::wstring(answer));
+    return true;
+}
+
+bool basAutoCAD::refusesWhileCommandRuns(const host::Document& document) {
     bool commandRuns = false;
     ignoringErrors([&] { commandRuns = document.GetVariable(L"CMDACTIVE") != 0; });
-    if (commandRuns) {
-        warn(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
-        return false;
-    }
-    document.SendCommand(text);
-    return true;
+    if (commandRuns) warn(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
+    return commandRuns;
 }
 
 bool basAutoCAD::refusesControlCharacters(std::wstring_view name) {

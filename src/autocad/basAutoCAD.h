@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "autocad/CommandTexts.h"
 #include "autocad/OpenDocument.h"
 #include "data/NavigatorRecords.h"
 #include "host/Application.h"
@@ -74,12 +75,23 @@ class basAutoCAD {
     void activate(const host::Document& document);
     /// Has AutoCAD make a new drawing, which becomes gAcadDoc, and brings AutoCAD to the front.
     void NewDrawingFromTemplate(const std::wstring& templateFile);
-    /// Opens the DesignCenter at a folder or file and brings AutoCAD to the front.
+    /// Makes the document that is active in AutoCAD now gAcadDoc; that stays where the host names none.
+    void takeActiveDocument();
+    /// Opens the DesignCenter at a folder or file and brings AutoCAD to the front. A target that holds a
+    /// blank is given in its short form; where there is none, nothing is typed.
     void NavigateDesignCenter(const std::wstring& target);
-    /// Types answers into the document's command line, each ended by a carriage return, in one piece. Nothing
-    /// is typed, the user is told why and the result is false when an answer holds control characters or when
-    /// a command is running. Throws when the host refuses the text.
-    bool typeCommand(const host::Document& document, std::initializer_list<std::wstring_view> answers);
+    /// Types a command with its answers into the document's command line, in one piece. Nothing is typed, the
+    /// user is told why and the result is false when an answer cannot be typed or when a command is running.
+    /// Throws when the host refuses the text.
+    bool typeCommand(const host::Document& document, TypedCommand command,
+                     std::initializer_list<std::wstring_view> answers = {});
+    /// Whether an answer cannot be typed, since the host would make something else of it: it holds control
+    /// characters, or begins as an expression ("("), a variable ("!") or a transparent command ("'"). The
+    /// user has been told then.
+    bool refusesAnswer(std::wstring_view answer);
+    /// Whether a command runs in the document, which would take a typed text for its own answers; the user
+    /// has been told then.
+    bool refusesWhileCommandRuns(const host::Document& document);
 
     /// Whether a name holds control characters, which must not reach the host; the user has been told then.
     bool refusesControlCharacters(std::wstring_view name);

@@ -74,7 +74,7 @@ void LayoutDialog::cmdStart_Click() {
     if (txtAnzahl_Validate()) return window().setFocus(txtAnzahl);
     const std::optional<std::int16_t> count = number();
     if (!count) return window().setFocus(txtAnzahl);
-    if (takeDocument()) start(txtLayout.text(), *count);
+    if (takeDocument() && !start(txtLayout.text(), *count)) return window().setFocus(txtLayout);
     window().close();
 }
 

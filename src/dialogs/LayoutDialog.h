@@ -38,15 +38,16 @@ class LayoutDialog : public Dialog {
     /// Return true, and the user has been told, when the field's text is refused.
     bool txtLayout_Validate();
     bool txtAnzahl_Validate();
-    /// Does the work and closes, unless a field is refused.
+    /// Does the work and closes, unless an input is refused.
     void cmdStart_Click();
     void cmdCancel_Click() { window().close(); }
 
   protected:
     /// Takes drawing and key of the selected tree node, a drawing or a layout.
     void takeDrawing();
-    /// The work itself; `gAcadDoc` is the dialog's drawing.
-    virtual void start(const std::wstring& name, std::int16_t number) = 0;
+    /// The work itself; `gAcadDoc` is the dialog's drawing. Returns false when an input was refused, and the
+    /// user has been told: the dialog stays open then.
+    virtual bool start(const std::wstring& name, std::int16_t number) = 0;
     void enableStart();
     void warn(const std::wstring& text);
     const TreeNode* selectedNode() { return context_.views.tree.view().selected(); }

@@ -4,14 +4,6 @@
 
 namespace blattwart {
 
-namespace {
-
-std::wstring drawingPart(const std::wstring& fullName) {
-    return fullName.substr(0, fullName.find(L';'));
-}
-
-}  // namespace
-
 void LayoutNames::warn(const std::wstring& text) {
     platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
 }
@@ -50,11 +42,7 @@ void LayoutNames::deleteLayouts(const std::wstring& drawingKey, const std::vecto
     const host::Layouts layouts = document.Layouts();
     for (const std::wstring& key : keys) {
         const auto record = records_.LayoutRecords.Item(recordKey(key));
-        const host::Layout layout = layouts.Item(record->Layout);
-        document.putActiveSpace(host::Space::paper);
-        document.putActiveLayout(layout);
-        // The routine deletes the active layout.
-        if (!tarvix_.RunHostMacro(L"TX_DelLayout")) return;
+        if (!tarvix_.DeleteLayout(document, layouts.Item(record->Layout), *record)) return;
     }
 }
 
@@ -86,7 +74,7 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
     try {
         const auto record = records_.LayoutRecords.Item(recordKey(key));
         if (record->Layout == newName) return false;
-        const auto documents = autoCAD_.documentsNamed(drawingPart(record->Gesamt));
+        const auto documents = autoCAD_.documentsNamed(record->drawing());
         if (documents.empty()) return true;
         rename(documents.back().Layouts(), *record, newName);
     } catch (const RuntimeError& error) {
@@ -100,8 +88,8 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
 // The host comes first: when it refuses the name, the record goes on naming the layout as the host does.
 void LayoutNames::rename(const host::Layouts& layouts, CAcadobj& record, const std::wstring& newName) {
     layouts.Item(record.Layout).putName(newName);
+    record.Gesamt = record.drawing() + L";" + newName;
     record.Layout = newName;
-    record.Gesamt = drawingPart(record.Gesamt) + L";" + newName;
 }
 
 void LayoutNames::showName(const std::wstring& key, const std::wstring& name) {

@@ -83,7 +83,8 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
 
     const std::wstring path = records_.TemplateFolder + L"\\" + file;
     document.SetVariable(L"FILEDIA", 0);
-    if (!autoCAD_.typeCommand(document, {L"_layout", L"SI", sourceLayout_, path})) return false;
+    if (!autoCAD_.typeCommand(document, TypedCommand::saveLayoutAsTemplate, {sourceLayout_, path}))
+        return false;
 
     records_.countNext();
     auto record = std::make_shared<CVorlage>();

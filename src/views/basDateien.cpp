@@ -45,11 +45,10 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
         const bool wantsLayout = isLayout || (fromList && !rootSelected);
         const auto& records = wantsLayout ? records_.LayoutRecords : records_.DrawingRecords;
         const auto record = records.Item(recordKey(chosen.key));
-        const std::size_t end = wantsLayout ? record->Gesamt.find(L';') : std::wstring::npos;
-        if (isLayout && end == std::wstring::npos) return;
+        const std::wstring drawing = record->drawing();
+        if (isLayout && drawing == record->Gesamt) return;
         // The marks move also when the user does not want to leave the active drawing; required so.
-        if (switchDrawing(record->Gesamt.substr(0, end), chosen, isLayout, askFirst) && wantsLayout)
-            switchLayout(record->Layout);
+        if (switchDrawing(drawing, chosen, isLayout, askFirst) && wantsLayout) switchLayout(record->Layout);
         markActivated();
     });
 }
@@ -57,6 +56,7 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
 // Returns whether the drawing is the active one now: the user may stay with another, or it is closed.
 bool basDateien::switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout,
                                bool askFirst) {
+    autoCAD_.takeActiveDocument();
     if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return true;
     if (askFirst && !ask(chosen.text + L" zum aktiven Dokument machen?")) return false;
     if (tree_.selectedKind() == L"Z" && !isLayout) tree_.view().selected()->setExpanded(true);
@@ -122,7 +122,7 @@ void basDateien::CloseDrawing() {
         if (documents.empty()) return;
         makeActive(documents.back());
         autoCAD_.BringAutoCADToFront();
-        autoCAD_.typeCommand(autoCAD_.gAcadDoc, {L"_Close"});
+        autoCAD_.typeCommand(autoCAD_.gAcadDoc, TypedCommand::closeDrawing);
     });
 }
 
@@ -135,7 +135,7 @@ void basDateien::SaveDrawing(bool saveAs) {
         if (saveAs) {
             makeActive(document);
             autoCAD_.BringAutoCADToFront();
-            autoCAD_.typeCommand(document, {L"_saveas"});
+            autoCAD_.typeCommand(document, TypedCommand::saveDrawingAs);
             return;
         }
         const std::wstring text = selection(fromList).text;
@@ -151,11 +151,12 @@ void basDateien::SaveDrawing(bool saveAs) {
 
 void basDateien::InsertLayoutFromTemplate() {
     const std::wstring file = GetSelectedTemplateFile(tree_.selectedKind() == L"B");
-    if (file.empty() || !autoCAD_.gAcadDoc) return;
+    if (file.empty()) return;
     ignoringErrors([&] {
+        autoCAD_.gAcadDoc = autoCAD_.gAcadApp.ActiveDocument();
         const FileDialogsOff fileDialogsOff(autoCAD_, autoCAD_.gAcadDoc);
         autoCAD_.BringAutoCADToFront();
-        autoCAD_.typeCommand(autoCAD_.gAcadDoc, {L"layout", L"vorlage", file});
+        autoCAD_.typeCommand(autoCAD_.gAcadDoc, TypedCommand::insertLayouts, {file});
     });
 }
 

@@ -64,6 +64,11 @@ bool FakeFiles::exists(const std::wstring& path) {
     return !fails(L"Files.exists") && find(path) != files_.end();
 }
 
+std::wstring FakeFiles::shortPath(const std::wstring& path) {
+    const auto form = shortPaths.find(path);
+    return fails(L"Files.shortPath") || form == shortPaths.end() ? L"" : form->second;
+}
+
 void FakeFiles::remove(const std::wstring& path) {
     if (fails(L"Files.remove")) throwDenied();
     const auto file = find(path);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <set>
 #include <string_view>
 
@@ -16,6 +17,9 @@ class FakeFiles : public Files {
     /// Asked before each call, by its name; true lets it fail. A failing exists says no.
     std::function<bool(std::wstring_view call)> fails = [](std::wstring_view) { return false; };
 
+    /// Short forms (8.3) of paths that have one.
+    std::map<std::wstring, std::wstring> shortPaths;
+
     /// Adds a file and the folder that it is in.
     void add(const std::wstring& path);
     void addFolder(const std::wstring& path);
@@ -26,6 +30,7 @@ class FakeFiles : public Files {
     std::wstring applicationFolder() const override { return folder; }
     std::vector<std::wstring> list(const std::wstring& pattern) override;
     bool exists(const std::wstring& path) override;
+    std::wstring shortPath(const std::wstring& path) override;
     void remove(const std::wstring& path) override;
 
   private:

@@ -37,6 +37,17 @@ bool Win32Files::exists(const std::wstring& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+std::wstring Win32Files::shortPath(const std::wstring& path) {
+    std::wstring shortened(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
+    const DWORD length =
+        GetShortPathNameW(path.c_str(), shortened.data(), static_cast<DWORD>(shortened.size()));
+    // Longer than before: the path has changed in between.
+    if (length >= shortened.size()) return {};
+    shortened.resize(length);
+    // A volume without short names gives the long ones.
+    return shortened.find(L' ') != std::wstring::npos ? std::wstring() : shortened;
+}
+
 void Win32Files::remove(const std::wstring& path) {
     if (!DeleteFileW(path.c_str())) throwSystemError();
 }
