@@ -55,8 +55,7 @@ bool basTarvix::run(const std::wstring& name, const std::function<bool()>& ready
         if (!ready()) return false;
         if (runMacro(name)) return true;
     }
-    platform_.messages.show(L"Bitte rufen Sie Tarvix über das AutoCAD-Menü auf!", applicationTitle,
-                            MessageButtons::ok, MessageIcon::exclamation);
+    platform_.messages.warn(L"Bitte rufen Sie Tarvix über das AutoCAD-Menü auf!");
     return false;
 }
 
@@ -98,8 +97,7 @@ bool basTarvix::CopyLayouts(const std::wstring& sourceName, std::wstring& newBas
     try {
         typeCopies(sourceName, newBaseName, copies);
     } catch (const RuntimeError&) {
-        platform_.messages.show(L"Kopieren des neuen Layouts fehlgeschlagen!", applicationTitle,
-                                MessageButtons::ok, MessageIcon::critical);
+        platform_.messages.reportError(L"Kopieren des neuen Layouts fehlgeschlagen!");
     }
     return true;
 }

@@ -49,7 +49,6 @@ class LayoutDialog : public Dialog {
     /// user has been told: the dialog stays open then.
     virtual bool start(const std::wstring& name, std::int16_t number) = 0;
     void enableStart();
-    void warn(const std::wstring& text);
     const TreeNode* selectedNode() { return context_.views.tree.view().selected(); }
     const LayoutDialogContext& context() const { return context_; }
 
