@@ -39,11 +39,12 @@ bool basTarvix::RunHostMacro(const std::wstring& name) {
 
 void basTarvix::CreateLayout(const std::wstring& drawing) {
     if (!drawing.empty()) {
-        const auto documents = autoCAD_.documentsNamed(drawing);
-        if (documents.empty())
+        const FoundDocuments found = autoCAD_.find(drawing);
+        if (found.outcome == Lookup::noAnswer) return autoCAD_.tellNoAnswer();
+        if (found.outcome == Lookup::notOpen)
             throw RuntimeError(errorNumber::elementNotFound,
                                L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet!");
-        for (const host::Document& document : documents) autoCAD_.activate(document);
+        for (const host::Document& document : found.documents) autoCAD_.activate(document);
     }
     RunHostMacro(L"TX_Layout");
     autoCAD_.BringAutoCADToFront();
