@@ -42,7 +42,7 @@ void basAutoCAD::StartAutoCAD() {
     LoadTypes();
     ignoringErrors([&] { gAcadApp.putVisible(true); });
     ignoringErrors([&] { gAcadDoc = gAcadApp.ActiveDocument(); });
-    RefreshTree();
+    events_.RefreshTree();
 }
 
 std::wstring basAutoCAD::GetActiveDrawingName() {
@@ -65,12 +65,6 @@ void basAutoCAD::BringAutoCADToFront() {
     ignoringErrors([&] { BringWindowToFront(gAcadApp.HWND()); });
 }
 
-host::Document basAutoCAD::GetDocumentByKey(std::wstring_view key) {
-    std::vector<host::Document> documents;
-    ignoringErrors([&] { documents = documentsNamed(records_.DrawingRecords.Item(recordKey(key))->Gesamt); });
-    return documents.empty() ? host::Document() : documents.back();
-}
-
 std::shared_ptr<OpenDocuments> basAutoCAD::openDocuments() {
     if (seen_) return seen_;
     auto documents = std::make_shared<OpenDocuments>();
@@ -79,27 +73,58 @@ std::shared_ptr<OpenDocuments> basAutoCAD::openDocuments() {
     return documents;
 }
 
-std::vector<host::Document> basAutoCAD::documentsNamed(const std::wstring& fullName) {
+FoundDocuments basAutoCAD::find(const std::wstring& fullName) {
+    FoundDocuments found;
+    if (!gAcadApp) return found;
     const std::wstring wanted = platform_.locale.upperCase(fullName);
-    std::vector<host::Document> found;
-    const std::shared_ptr<OpenDocuments> documents = openDocuments();
-    for (OpenDocument& open : *documents) {
+    bool allSeen = true;
+    const auto look = [&allSeen](auto&& statement) {
         try {
-            const std::wstring name = platform_.locale.upperCase(open.Path() + L"\\" + open.Name());
-            if (name == wanted) found.push_back(open.document());
+            statement();
         } catch (const RuntimeError& error) {
-            if (!isGone(error)) throw;
+            allSeen = allSeen && isGone(error);
         }
-    }
+    };
+    look([&] {
+        const std::shared_ptr<OpenDocuments> documents = openDocuments();
+        for (OpenDocument& open : *documents) {
+            look([&] {
+                if (platform_.locale.upperCase(open.Path() + L"\\" + open.Name()) == wanted)
+                    found.documents.push_back(open.document());
+            });
+        }
+    });
+    if (!allSeen) found.outcome = Lookup::noAnswer;
+    if (!found.documents.empty()) found.outcome = Lookup::found;
     return found;
+}
+
+FoundDocuments basAutoCAD::findByKey(std::wstring_view key) {
+    std::wstring fullName;
+    if (!ignoringErrors([&] { fullName = records_.DrawingRecords.Item(recordKey(key))->Gesamt; })) return {};
+    return find(fullName);
+}
+
+bool basAutoCAD::foundOrTold(const FoundDocuments& found) {
+    if (found.outcome == Lookup::noAnswer) tellNoAnswer();
+    if (found.outcome == Lookup::notOpen)
+        events_.showHint(L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet.");
+    return found.outcome == Lookup::found;
+}
+
+void basAutoCAD::tellNoAnswer() {
+    platform_.messages.warn(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.");
+}
+
+const host::Document& basAutoCAD::fetchActiveDocument() {
+    gAcadDoc = gAcadApp.ActiveDocument();
+    return gAcadDoc;
 }
 
 std::wstring basAutoCAD::GetActiveLayoutName(const std::wstring& fullName) {
     std::wstring name;
-    ignoringErrors([&] {
-        for (const host::Document& document : documentsNamed(fullName))
-            ignoringErrors([&] { name = document.ActiveLayout().Name(); });
-    });
+    for (const host::Document& document : find(fullName).documents)
+        ignoringErrors([&] { name = document.ActiveLayout().Name(); });
     return name;
 }
 
@@ -111,10 +136,6 @@ void basAutoCAD::activate(const host::Document& document) {
 void basAutoCAD::NewDrawingFromTemplate(const std::wstring& templateFile) {
     ignoringErrors([&] { gAcadDoc = gAcadApp.Documents().Add(templateFile); });
     BringAutoCADToFront();
-}
-
-void basAutoCAD::takeActiveDocument() {
-    ignoringErrors([&] { gAcadDoc = gAcadApp.ActiveDocument(); });
 }
 
 void basAutoCAD::NavigateDesignCenter(const std::wstring& target) {
@@ -149,7 +170,8 @@ bool basAutoCAD::refusesAnswer(std::wstring_view answer) {
 bool basAutoCAD::refusesWhileCommandRuns(const host::Document& document) {
     bool commandRuns = false;
     ignoringErrors([&] { commandRuns = document.GetVariable(L"CMDACTIVE") != 0; });
-    if (commandRuns) platform_.messages.warn(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
+    if (commandRuns)
+        platform_.messages.warn(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
     return commandRuns;
 }
 

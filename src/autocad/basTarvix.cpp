@@ -27,9 +27,8 @@ bool basTarvix::DeleteLayout(const host::Document& document, const host::Layout&
         const host::Document active = autoCAD_.gAcadApp.ActiveDocument();
         const std::wstring found = active.fullName() + L";" + active.ActiveLayout().Name();
         if (platform_.locale.equalIgnoringCase(found, record.Gesamt)) return true;
-        platform_.messages.show(
-            L"Das Layout ist nicht mehr das aktive und wurde nicht gelöscht: " + record.Layout,
-            applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
+        platform_.messages.warn(L"Das Layout ist nicht mehr das aktive und wurde nicht gelöscht: " +
+                                record.Layout);
         return false;
     });
 }
@@ -61,11 +60,12 @@ bool basTarvix::run(const std::wstring& name, const std::function<bool()>& ready
 
 void basTarvix::CreateLayout(const std::wstring& drawing) {
     if (!drawing.empty()) {
-        const auto documents = autoCAD_.documentsNamed(drawing);
-        if (documents.empty())
+        const FoundDocuments found = autoCAD_.find(drawing);
+        if (found.outcome == Lookup::noAnswer) return autoCAD_.tellNoAnswer();
+        if (found.outcome == Lookup::notOpen)
             throw RuntimeError(errorNumber::elementNotFound,
                                L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet!");
-        for (const host::Document& document : documents) autoCAD_.activate(document);
+        for (const host::Document& document : found.documents) autoCAD_.activate(document);
     }
     RunHostMacro(L"TX_Layout");
     autoCAD_.BringAutoCADToFront();

@@ -52,10 +52,14 @@ std::optional<std::int16_t> LayoutDialog::number() {
 }
 
 bool LayoutDialog::takeDocument() {
-    const host::Document document = context_.autoCAD.GetDocumentByKey(drawingKey_);
-    if (document) {
-        context_.autoCAD.gAcadDoc = document;
+    const FoundDocuments found = context_.autoCAD.findByKey(drawingKey_);
+    if (found.outcome == Lookup::found) {
+        context_.autoCAD.gAcadDoc = found.last();
         return true;
+    }
+    if (found.outcome == Lookup::noAnswer) {
+        context_.autoCAD.tellNoAnswer();
+        return false;
     }
     context_.platform.messages.warn(L"Die Zeichnung '" + txtDokument.text() +
                                     L"' ist in AutoCAD nicht mehr geöffnet!");

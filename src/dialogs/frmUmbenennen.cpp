@@ -14,7 +14,7 @@ void frmUmbenennen::showHelp() {
 bool frmUmbenennen::start(const std::wstring& name, std::int16_t counter) {
     layouts_.RenameSelectedLayouts(name, counter);
     // The renaming activates nothing in the host.
-    context().autoCAD.takeActiveDocument();
+    ignoringErrors([this] { context().autoCAD.fetchActiveDocument(); });
     return true;
 }
 

@@ -178,10 +178,20 @@ void frmMain::Form_Unload() {
     columns.SaveColumnWidths();
 }
 
+void frmMain::showHint(const std::wstring& text) {
+    hint_ = text;
+    showSecondPanel();
+}
+
+void frmMain::showNote(const std::wstring& text) {
+    note_ = text;
+    showSecondPanel();
+}
+
 void frmMain::ctlTimer_Timer() {
     // A refresh would tear a label away from the user who is typing.
     if (tvTreeView.editedNode() || lvListView.editedItem()) return;
-    handle([this] { CheckAutoCAD(); });
+    step([this] { CheckAutoCAD(); });
 }
 
 void frmMain::CheckAutoCAD() {
@@ -190,6 +200,7 @@ void frmMain::CheckAutoCAD() {
         return;
     }
     if (modules_->gWasForeground == 1) return;
+    showHint({});
     basAutoCAD& autoCAD = modules_->autoCAD;
     if (!autoCAD.IsAutoCADRunning()) {
         if (!autoCAD.askToStart()) {

@@ -68,6 +68,10 @@ class frmMain {
     void VisbibleMnuMenu();
     /// Sets whether the tree starts drags by itself: the roots cannot be dragged.
     void setDragMode();
+    /// The status bar's second panel: a hint is gone with the user's next event, a note stands there until
+    /// another one (see NavigatorEvents).
+    void showHint(const std::wstring& text);
+    void showNote(const std::wstring& text);
     /// Attaches to AutoCAD again when the user has just come back to the window.
     void CheckAutoCAD();
 
@@ -123,10 +127,18 @@ class frmMain {
     MenuItem& item(std::wstring_view name);
 
   private:
+    // What the user does. It takes the hint away that the event before it has left.
+    template <class Handler>
+    void handle(Handler&& handler) {
+        step([&] {
+            showHint({});
+            handler();
+        });
+    }
     // One event is handled at a time: what arrives while a host call waits or a message box is open steps
     // aside.
     template <class Handler>
-    void handle(Handler&& handler) {
+    void step(Handler&& handler) {
         if (handling_ || platform_.automation.callPending()) return;
         const Handling handling(handling_);
         handler();
@@ -139,6 +151,7 @@ class frmMain {
         bool& flag;
     };
 
+    void showSecondPanel() { sbStatusBar.setPanelText(2, hint_.empty() ? note_ : hint_); }
     void buildCommands();
     void addToMenus(const Command& command);
     void addMenuItem(MenuItem& menu, std::wstring_view name, const Command& command);
@@ -174,6 +187,8 @@ class frmMain {
     bool resized_ = false;  ///< since the last repaint
     bool handling_ = false;
     LabelEdit labelEdit_ = LabelEdit::none;
+    std::wstring hint_;
+    std::wstring note_;
 };
 
 }  // namespace blattwart

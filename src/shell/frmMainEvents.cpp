@@ -45,7 +45,7 @@ void frmMain::tvTreeView_NodeClick() {
 }
 
 void frmMain::showStateOfSelection() {
-    modules_->ShowNodeStatus();
+    modules_->events.ShowNodeStatus();
     VisbibleMnuMenu();
 }
 

@@ -26,15 +26,16 @@ void LayoutNames::DeleteLayouts() {
         drawingKey = node->parent()->key();
     }
     if (keys.empty()) return;
-    const bool done = ignoringErrors([&] { deleteLayouts(drawingKey, keys); });
-    if (done) hooks.RefreshTree();
+    const FoundDocuments found = autoCAD_.findByKey(drawingKey);
+    const bool open = autoCAD_.foundOrTold(found);
+    if (found.outcome == Lookup::noAnswer) return;
+    const bool done = !open || ignoringErrors([&] { deleteLayouts(found.last(), keys); });
+    if (done) events_.RefreshTree();
 }
 
-void LayoutNames::deleteLayouts(const std::wstring& drawingKey, const std::vector<std::wstring>& keys) {
-    const host::Document document = autoCAD_.GetDocumentByKey(drawingKey);
-    if (!document) return;
+void LayoutNames::deleteLayouts(const host::Document& document, const std::vector<std::wstring>& keys) {
     autoCAD_.activate(document);
-    hooks.ShowNodeStatus();
+    events_.ShowNodeStatus();
     const host::Layouts layouts = document.Layouts();
     for (const std::wstring& key : keys) {
         const auto record = records_.LayoutRecords.Item(recordKey(key));
@@ -70,9 +71,9 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
     try {
         const auto record = records_.LayoutRecords.Item(recordKey(key));
         if (record->Layout == newName) return false;
-        const auto documents = autoCAD_.documentsNamed(record->drawing());
-        if (documents.empty()) return true;
-        rename(documents.back().Layouts(), *record, newName);
+        const FoundDocuments found = autoCAD_.find(record->drawing());
+        if (!autoCAD_.foundOrTold(found)) return true;
+        rename(found.last().Layouts(), *record, newName);
     } catch (const RuntimeError& error) {
         warnNotRenamed(error);
         return true;

@@ -75,7 +75,7 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
     const host::Document document = autoCAD_.GetDocumentByKey(drawingKey);
     if (!document) return false;
     autoCAD_.activate(document);
-    hooks.ShowNodeStatus();
+    events_.ShowNodeStatus();
 
     const std::wstring path = records_.TemplateFolder + L"\\" + file;
     document.SetVariable(L"FILEDIA", 0);
@@ -96,7 +96,7 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
     node.setImage(treeIcon::dwt);
     node.setKey(L"D" + number);
     pending_ = false;
-    hooks.showSelectedNode();
+    events_.showSelectedNode();
     return true;
 }
 
@@ -110,7 +110,7 @@ void TemplateCreation::DeleteTemplate() {
     if (!key.starts_with(L'D')) return;
     std::shared_ptr<CVorlage> record;
     ignoringErrors([&] { record = records_.TemplateRecords.Item(recordKey(key)); });
-    if (record && general_.DateiLoeschen(record->Gesamt)) hooks.RefreshTree();
+    if (record && general_.DateiLoeschen(record->Gesamt)) events_.RefreshTree();
 }
 
 }  // namespace blattwart

@@ -15,7 +15,7 @@ basDateien::Selection basDateien::selection(bool fromList) const {
 
 void basDateien::makeActive(const host::Document& document) {
     autoCAD_.activate(document);
-    hooks.ShowNodeStatus();
+    events_.ShowNodeStatus();
 }
 
 std::wstring basDateien::GetSelectedDrawingFile(bool fromList) {
@@ -47,13 +47,13 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
 // Returns whether the drawing is the active one now: the user may stay with another, or it is closed.
 bool basDateien::switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout,
                                bool askFirst) {
-    autoCAD_.takeActiveDocument();
+    ignoringErrors([this] { autoCAD_.fetchActiveDocument(); });
     if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return true;
     if (askFirst && !platform_.messages.ask(chosen.text + L" zum aktiven Dokument machen?")) return false;
     if (tree_.selectedKind() == L"Z" && !isLayout) tree_.view().selected()->setExpanded(true);
-    const auto documents = autoCAD_.documentsNamed(drawing);
-    for (const host::Document& document : documents) makeActive(document);
-    return !documents.empty();
+    const FoundDocuments found = autoCAD_.find(drawing);
+    for (const host::Document& document : found.documents) makeActive(document);
+    return autoCAD_.foundOrTold(found);
 }
 
 void basDateien::switchLayout(const std::wstring& layout) {
@@ -97,21 +97,22 @@ void basDateien::OpenTemplate(bool askFirst) {
     ignoringErrors([&] {
         const Selection chosen = selection(tree_.selectedKind() == L"B");
         const std::wstring file = records_.TemplateRecords.Item(recordKey(chosen.key))->Gesamt;
-        if (autoCAD_.documentsNamed(file).empty()) {
+        const Lookup outcome = autoCAD_.find(file).outcome;
+        if (outcome == Lookup::notOpen) {
             if (!askFirst || platform_.messages.ask(chosen.text + L" öffnen?")) open(file);
-        } else if (!askFirst) {
+        } else if (outcome == Lookup::found && !askFirst) {
             platform_.messages.inform(chosen.text + L" ist bereits geladen!");
         }
-        hooks.RefreshTree();
+        events_.RefreshTree();
     });
 }
 
 void basDateien::CloseDrawing() {
     ignoringErrors([&] {
-        const auto documents = autoCAD_.documentsNamed(GetSelectedDrawingFile(tree_.selectedKind() == L"A"));
+        const FoundDocuments found = autoCAD_.find(GetSelectedDrawingFile(tree_.selectedKind() == L"A"));
         // A drawing that is closed already must not cost another one its document.
-        if (documents.empty()) return;
-        makeActive(documents.back());
+        if (!autoCAD_.foundOrTold(found)) return;
+        makeActive(found.last());
         autoCAD_.BringAutoCADToFront();
         autoCAD_.typeCommand(autoCAD_.gAcadDoc, TypedCommand::closeDrawing);
     });
@@ -120,9 +121,9 @@ void basDateien::CloseDrawing() {
 void basDateien::SaveDrawing(bool saveAs) {
     ignoringErrors([&] {
         const bool fromList = tree_.selectedKind() == L"A";
-        const auto documents = autoCAD_.documentsNamed(GetSelectedDrawingFile(fromList));
-        if (documents.empty()) return;
-        const host::Document& document = documents.back();
+        const FoundDocuments found = autoCAD_.find(GetSelectedDrawingFile(fromList));
+        if (!autoCAD_.foundOrTold(found)) return;
+        const host::Document document = found.last();
         if (saveAs) {
             makeActive(document);
             autoCAD_.BringAutoCADToFront();
@@ -144,10 +145,10 @@ void basDateien::InsertLayoutFromTemplate() {
     const std::wstring file = GetSelectedTemplateFile(tree_.selectedKind() == L"B");
     if (file.empty()) return;
     ignoringErrors([&] {
-        autoCAD_.gAcadDoc = autoCAD_.gAcadApp.ActiveDocument();
-        const FileDialogsOff fileDialogsOff(autoCAD_, autoCAD_.gAcadDoc);
+        const host::Document document = autoCAD_.fetchActiveDocument();
+        const FileDialogsOff fileDialogsOff(autoCAD_, document);
         autoCAD_.BringAutoCADToFront();
-        autoCAD_.typeCommand(autoCAD_.gAcadDoc, TypedCommand::insertLayouts, {file});
+        autoCAD_.typeCommand(document, TypedCommand::insertLayouts, {file});
     });
 }
 
@@ -167,9 +168,9 @@ bool basDateien::OpenDroppedFile(const std::wstring& file) {
 void basDateien::SwitchToModelSpace() {
     ignoringErrors([&] {
         const std::wstring drawing = GetSelectedDrawingFile(tree_.selectedKind() == L"A");
-        for (const host::Document& document : autoCAD_.documentsNamed(drawing))
+        for (const host::Document& document : autoCAD_.find(drawing).documents)
             ignoringErrors([&] { document.putActiveSpace(host::Space::model); });
-        hooks.RefreshTree();
+        events_.RefreshTree();
     });
 }
 

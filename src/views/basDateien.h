@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "controls/ListView.h"
@@ -17,13 +16,8 @@ class basDateien {
           list_(list),
           autoCAD_(context.autoCAD),
           records_(context.records),
-          platform_(context.platform) {}
-
-    /// Wired at start-up: what follows an operation.
-    struct Hooks {
-        std::function<void()> RefreshTree;
-        std::function<void()> ShowNodeStatus;
-    } hooks;
+          platform_(context.platform),
+          events_(context.events) {}
 
     /// Full name of the drawing behind the list's selected item or the tree's selected node. Throws when
     /// there is none.
@@ -67,6 +61,7 @@ class basDateien {
     basAutoCAD& autoCAD_;
     NavigatorRecords& records_;
     Platform& platform_;
+    NavigatorEvents& events_;
 };
 
 }  // namespace blattwart

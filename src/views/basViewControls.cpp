@@ -12,7 +12,8 @@ basViewControls::basViewControls(TreeView& treeView, ListView& list, Label& list
       drawings_(tree, context),
       templates_(tree, context),
       contents_(treeView, list, context),
-      records_(context.records) {}
+      records_(context.records),
+      events_(context.events) {}
 
 void basViewControls::RefreshTree() {
     database_.LoadTypes();
@@ -35,11 +36,11 @@ void basViewControls::RefreshTree() {
     const bool startUp = !tree.TreeInitialised;
     tree.TreeInitialised = -1;
 
-    hooks.setDragMode();
-    hooks.ShowNodeStatus();
+    events_.setDragMode();
+    events_.ShowNodeStatus();
     // Start-up itself fills the list when the tree stands; reading the host twice would show nothing else.
     if (!startUp) showSelectedNode();
-    hooks.VisbibleMnuMenu();
+    events_.VisbibleMnuMenu();
 }
 
 void basViewControls::SelectListColumns() {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "views/ListColumns.h"
@@ -19,13 +18,6 @@ class basViewControls {
 
     NavigatorTree tree;
     ListColumns columns;
-
-    /// What a refresh ends with besides the list; wired at start-up.
-    struct Hooks {
-        std::function<void()> setDragMode;
-        std::function<void()> ShowNodeStatus;
-        std::function<void()> VisbibleMnuMenu;
-    } hooks;
 
     /// Brings tree, status line, list and command states in line with the host and the library folder.
     void RefreshTree();
@@ -47,6 +39,7 @@ class basViewControls {
     TemplateLibrary templates_;
     ListContents contents_;
     NavigatorRecords& records_;
+    NavigatorEvents& events_;
     // Key of the node that the columns' set-up has just filled the list for; FillListForNode need not repeat
     // it.
     std::wstring freshlyFilled_;
