@@ -119,8 +119,6 @@ class basAutoCAD {
     bool askToStart();
 
   private:
-    void warn(const std::wstring& text);
-
     Platform& platform_;
     NavigatorRecords& records_;
     NavigatorEvents& events_;

@@ -4,20 +4,8 @@
 
 namespace blattwart {
 
-namespace {
-
-std::wstring drawingPart(const std::wstring& fullName) {
-    return fullName.substr(0, fullName.find(L';'));
-}
-
-}  // namespace
-
-void LayoutNames::warn(const std::wstring& text) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
-}
-
 void LayoutNames::warnNotRenamed(const RuntimeError& error) {
-    warn(L"Das Layout kann nicht umbenannt werden!\n\n" + error.description());
+    platform_.messages.warn(L"Das Layout kann nicht umbenannt werden!\n\n" + error.description());
 }
 
 void LayoutNames::DeleteLayouts() {
@@ -28,7 +16,7 @@ void LayoutNames::DeleteLayouts() {
     if (drawingKey.starts_with(L'Z')) {
         for (const ListItem* item : list_.selectedItems()) keys.push_back(item->key());
         if (!keys.empty() && static_cast<int>(keys.size()) == list_.count()) {
-            warn(L"Das Löschen sämtlicher Layouts einer Zeichnung ist nicht zulässig!");
+            platform_.messages.warn(L"Das Löschen sämtlicher Layouts einer Zeichnung ist nicht zulässig!");
             return;
         }
     } else if (drawingKey.starts_with(L'L')) {
@@ -80,14 +68,14 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
     if (fromList ? !item : !node) return true;
     const std::wstring key = fromList ? item->key() : node->key();
     if (isTaken(fromList, key, newName)) {
-        warn(L"Bezeichnung ist bereits vergeben!");
+        platform_.messages.warn(L"Bezeichnung ist bereits vergeben!");
         return true;
     }
     if (autoCAD_.refusesControlCharacters(newName)) return true;
     try {
         const auto record = records_.LayoutRecords.Item(recordKey(key));
         if (record->Layout == newName) return false;
-        const FoundDocuments found = autoCAD_.find(drawingPart(record->Gesamt));
+        const FoundDocuments found = autoCAD_.find(record->drawing());
         if (!autoCAD_.foundOrTold(found)) return true;
         rename(found.last().Layouts(), *record, newName);
     } catch (const RuntimeError& error) {
@@ -101,8 +89,8 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
 // The host comes first: when it refuses the name, the record goes on naming the layout as the host does.
 void LayoutNames::rename(const host::Layouts& layouts, CAcadobj& record, const std::wstring& newName) {
     layouts.Item(record.Layout).putName(newName);
+    record.Gesamt = record.drawing() + L";" + newName;
     record.Layout = newName;
-    record.Gesamt = drawingPart(record.Gesamt) + L";" + newName;
 }
 
 void LayoutNames::showName(const std::wstring& key, const std::wstring& name) {

@@ -13,15 +13,6 @@ basDateien::Selection basDateien::selection(bool fromList) const {
     throw RuntimeError(errorNumber::elementNotFound, L"Es ist nichts ausgewählt.");
 }
 
-bool basDateien::ask(const std::wstring& question) {
-    return platform_.messages.show(question, applicationTitle, MessageButtons::yesNo,
-                                   MessageIcon::question) == MessageAnswer::yes;
-}
-
-void basDateien::tell(const std::wstring& text, MessageIcon icon) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, icon);
-}
-
 void basDateien::makeActive(const host::Document& document) {
     autoCAD_.activate(document);
     events_.ShowNodeStatus();
@@ -45,10 +36,9 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
         const bool wantsLayout = isLayout || (fromList && !rootSelected);
         const auto& records = wantsLayout ? records_.LayoutRecords : records_.DrawingRecords;
         const auto record = records.Item(recordKey(chosen.key));
-        const std::size_t end = wantsLayout ? record->Gesamt.find(L';') : std::wstring::npos;
-        if (isLayout && end == std::wstring::npos) return;
+        if (isLayout && record->drawing() == record->Gesamt) return;
         // The marks move also when the user does not want to leave the active drawing; required so.
-        if (switchDrawing(record->Gesamt.substr(0, end), chosen, isLayout, askFirst) && wantsLayout)
+        if (switchDrawing(record->drawing(), chosen, isLayout, askFirst) && wantsLayout)
             switchLayout(record->Layout);
         markActivated();
     });
@@ -58,7 +48,7 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
 bool basDateien::switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout,
                                bool askFirst) {
     if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return true;
-    if (askFirst && !ask(chosen.text + L" zum aktiven Dokument machen?")) return false;
+    if (askFirst && !platform_.messages.ask(chosen.text + L" zum aktiven Dokument machen?")) return false;
     if (tree_.selectedKind() == L"Z" && !isLayout) tree_.view().selected()->setExpanded(true);
     const FoundDocuments found = autoCAD_.find(drawing);
     for (const host::Document& document : found.documents) makeActive(document);
@@ -98,7 +88,7 @@ void basDateien::open(const std::wstring& file) {
     try {
         autoCAD_.gAcadDoc = autoCAD_.gAcadApp.Documents().Open(file);
     } catch (const RuntimeError& error) {
-        tell(file + L" kann nicht geöffnet werden!\n\n" + error.description(), MessageIcon::exclamation);
+        platform_.messages.warn(file + L" kann nicht geöffnet werden!\n\n" + error.description());
     }
 }
 
@@ -108,12 +98,14 @@ void basDateien::OpenTemplate(bool askFirst) {
         const std::wstring file = records_.TemplateRecords.Item(recordKey(chosen.key))->Gesamt;
         const Lookup outcome = autoCAD_.find(file).outcome;
         if (outcome == Lookup::notOpen) {
-            if (!askFirst || ask(chosen.text + L" öffnen?")) open(file);
-        } else if (outcome == Lookup::found && !askFirst) {
-            tell(chosen.text + L" ist bereits geladen!", MessageIcon::information);
+            if (!askFirst || platform_.messages.ask(chosen.text + L" öffnen?")) open(file);
+        } else if (outcome == Lookup::noAnswer) {
+            events_.showHint(L"AutoCAD antwortet nicht.");
+        } else if (!askFirst) {
+            platform_.messages.inform(chosen.text + L" ist bereits geladen!");
         }
-        events_.RefreshTree();
     });
+    events_.RefreshTree();
 }
 
 void basDateien::CloseDrawing() {
@@ -140,12 +132,12 @@ void basDateien::SaveDrawing(bool saveAs) {
             return;
         }
         const std::wstring text = selection(fromList).text;
-        if (!ask(text + L" speichern?")) return;
+        if (!platform_.messages.ask(text + L" speichern?")) return;
         try {
             document.Save();
         } catch (const RuntimeError& error) {
-            tell(text + L" konnte nicht gespeichert werden!\n\n" + error.description(),
-                 MessageIcon::critical);
+            platform_.messages.reportError(text + L" konnte nicht gespeichert werden!\n\n" +
+                                           error.description());
         }
     });
 }
@@ -166,7 +158,7 @@ bool basDateien::OpenDroppedFile(const std::wstring& file) {
     // The records are asked, not the host: a drawing once listed counts as loaded, even closed. Required so.
     for (const auto& record : records_.DrawingRecords) {
         if (platform_.locale.upperCase(record->Gesamt) != upper) continue;
-        tell(record->Gesamt + L" ist bereits geladen!", MessageIcon::information);
+        platform_.messages.inform(record->Gesamt + L" ist bereits geladen!");
         return false;
     }
     open(file);
@@ -176,7 +168,9 @@ bool basDateien::OpenDroppedFile(const std::wstring& file) {
 void basDateien::SwitchToModelSpace() {
     ignoringErrors([&] {
         const std::wstring drawing = GetSelectedDrawingFile(tree_.selectedKind() == L"A");
-        for (const host::Document& document : autoCAD_.find(drawing).documents)
+        const FoundDocuments found = autoCAD_.find(drawing);
+        if (found.outcome == Lookup::noAnswer) return events_.showHint(L"AutoCAD antwortet nicht.");
+        for (const host::Document& document : found.documents)
             ignoringErrors([&] { document.putActiveSpace(host::Space::model); });
         events_.RefreshTree();
     });
