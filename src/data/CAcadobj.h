@@ -14,12 +14,12 @@ struct CAcadobj {
     std::wstring Layout;         ///< name of the layout
     std::int32_t Nummer = 0;
 
-    /// Full name of the drawing. Folders may hold ";" too, so a layout's name is cut off with the ";" before
-    /// it.
+    /// Full name of the drawing: of a layout's record, what stands before its own part of the full name.
+    /// Folders and files may hold ";", too.
     std::wstring drawing() const {
-        const std::wstring end = L";" + Layout;
-        const bool isLayout = !Layout.empty() && Gesamt.ends_with(end);
-        return Gesamt.substr(0, Gesamt.size() - (isLayout ? end.size() : 0));
+        const std::wstring own = L";" + Layout;
+        const bool ofLayout = !Layout.empty() && Gesamt.ends_with(own);
+        return ofLayout ? Gesamt.substr(0, Gesamt.size() - own.size()) : Gesamt;
     }
 };
 

@@ -36,10 +36,10 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
         const bool wantsLayout = isLayout || (fromList && !rootSelected);
         const auto& records = wantsLayout ? records_.LayoutRecords : records_.DrawingRecords;
         const auto record = records.Item(recordKey(chosen.key));
-        const std::wstring drawing = record->drawing();
-        if (isLayout && drawing == record->Gesamt) return;
+        if (isLayout && record->drawing() == record->Gesamt) return;
         // The marks move also when the user does not want to leave the active drawing; required so.
-        if (switchDrawing(drawing, chosen, isLayout, askFirst) && wantsLayout) switchLayout(record->Layout);
+        if (switchDrawing(record->drawing(), chosen, isLayout, askFirst) && wantsLayout)
+            switchLayout(record->Layout);
         markActivated();
     });
 }
@@ -100,11 +100,13 @@ void basDateien::OpenTemplate(bool askFirst) {
         const Lookup outcome = autoCAD_.find(file).outcome;
         if (outcome == Lookup::notOpen) {
             if (!askFirst || platform_.messages.ask(chosen.text + L" öffnen?")) open(file);
-        } else if (outcome == Lookup::found && !askFirst) {
+        } else if (outcome == Lookup::noAnswer) {
+            events_.showHint(L"AutoCAD antwortet nicht.");
+        } else if (!askFirst) {
             platform_.messages.inform(chosen.text + L" ist bereits geladen!");
         }
-        events_.RefreshTree();
     });
+    events_.RefreshTree();
 }
 
 void basDateien::CloseDrawing() {
@@ -168,7 +170,9 @@ bool basDateien::OpenDroppedFile(const std::wstring& file) {
 void basDateien::SwitchToModelSpace() {
     ignoringErrors([&] {
         const std::wstring drawing = GetSelectedDrawingFile(tree_.selectedKind() == L"A");
-        for (const host::Document& document : autoCAD_.find(drawing).documents)
+        const FoundDocuments found = autoCAD_.find(drawing);
+        if (found.outcome == Lookup::noAnswer) return events_.showHint(L"AutoCAD antwortet nicht.");
+        for (const host::Document& document : found.documents)
             ignoringErrors([&] { document.putActiveSpace(host::Space::model); });
         events_.RefreshTree();
     });
