@@ -28,6 +28,12 @@ void requireAnswers(const demo::TypedText& typed) {
     require((layout || current || navigation) && typed.text.back() == L'\r', "one answer to each question");
 }
 
+void requireNothingEvaluated(const demo::CommandLine& commandLine) {
+    for (const std::wstring& line : commandLine.history())
+        for (const wchar_t* evaluated : {L"Ausdruck: ", L"Variable: ", L"Transparenter Befehl: "})
+            require(!line.starts_with(evaluated), "no name is evaluated");
+}
+
 void requireNoOtherCommand(const demo::CommandLine& commandLine) {
     for (const std::wstring& line : commandLine.history())
         if (line.starts_with(commandPrompt))
@@ -60,6 +66,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto& typed = automation.host()->typedTexts();
     std::ranges::for_each(typed, requireAnswers);
     const bool hostile = std::ranges::any_of(file, isControl);
-    require(!hostile || !world.messages.shown.empty(), "the user is told why nothing was typed");
+    requireNothingEvaluated(document->commandLine());
+    // A path with a blank that has no short form is not typed anyway.
+    const bool given = file.find(L' ') == std::wstring::npos;
+    require(!hostile || !given || !world.messages.shown.empty(), "the user is told why nothing was typed");
     return 0;
 }

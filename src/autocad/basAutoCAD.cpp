@@ -116,6 +116,16 @@ void basAutoCAD::tellNoAnswer() {
     platform_.messages.warn(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.");
 }
 
+bool basAutoCAD::runCommand(const std::function<void()>& statements) {
+    try {
+        statements();
+        return true;
+    } catch (const RuntimeError& error) {
+        if (isNotAnswering(error)) tellNoAnswer();
+        return false;
+    }
+}
+
 const host::Document& basAutoCAD::fetchActiveDocument() {
     gAcadDoc = gAcadApp.ActiveDocument();
     return gAcadDoc;
@@ -142,8 +152,11 @@ void basAutoCAD::NavigateDesignCenter(const std::wstring& target) {
     // The host may end the target at a blank and take the rest for commands.
     const bool hasBlank = target.find(L' ') != std::wstring::npos;
     const std::wstring typed = hasBlank ? platform_.files.shortPath(target) : target;
-    if (gAcadDoc && !(hasBlank && typed.empty()))
+    if (hasBlank && typed.empty()) {
+        events_.showHint(L"DesignCenter: Der Pfad enthält Leerzeichen und hat keinen Kurznamen.");
+    } else if (gAcadDoc) {
         ignoringErrors([&] { typeCommand(gAcadDoc, TypedCommand::navigateDesignCenter, {typed}); });
+    }
     BringAutoCADToFront();
 }
 

@@ -90,6 +90,9 @@ class basAutoCAD {
     bool foundOrTold(const FoundDocuments& found);
     /// Tells the user that AutoCAD does not answer.
     void tellNoAnswer();
+    /// Runs what a command does. An error ends it; the user is told only where AutoCAD does not answer.
+    /// Returns whether all went through.
+    bool runCommand(const std::function<void()>& statements);
     /// The last open document of the drawing record with this key, empty where there is none or the host
     /// does not answer.
     host::Document GetDocumentByKey(std::wstring_view key) { return findByKey(key).last(); }

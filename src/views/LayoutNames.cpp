@@ -5,7 +5,9 @@
 namespace blattwart {
 
 void LayoutNames::warnNotRenamed(const RuntimeError& error) {
-    platform_.messages.warn(L"Das Layout kann nicht umbenannt werden!\n\n" + error.description());
+    const std::wstring what = isAnswerLost(error) ? L"Ob das Layout umbenannt wurde, ist nicht bekannt!"
+                                                  : L"Das Layout kann nicht umbenannt werden!";
+    platform_.messages.warn(what + L"\n\n" + error.description());
 }
 
 void LayoutNames::DeleteLayouts() {
@@ -29,7 +31,7 @@ void LayoutNames::DeleteLayouts() {
     const FoundDocuments found = autoCAD_.findByKey(drawingKey);
     const bool open = autoCAD_.foundOrTold(found);
     if (found.outcome == Lookup::noAnswer) return;
-    const bool done = !open || ignoringErrors([&] { deleteLayouts(found.last(), keys); });
+    const bool done = !open || autoCAD_.runCommand([&] { deleteLayouts(found.last(), keys); });
     if (done) events_.RefreshTree();
 }
 

@@ -36,6 +36,8 @@ class TemplateCreation {
   private:
     bool isAcceptable(const std::wstring& newName);
     bool saveLayoutAs(const std::wstring& file);
+    /// Moves the bold marks to a drawing that was activated just now.
+    void markActive(const std::wstring& drawingKey, const host::Document& document);
 
     NavigatorTree& tree_;
     ListView& list_;

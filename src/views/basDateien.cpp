@@ -29,7 +29,7 @@ std::wstring basDateien::GetSelectedTemplateFile(bool fromList) {
 }
 
 void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) {
-    ignoringErrors([&] {
+    autoCAD_.runCommand([&] {
         // With the root selected the list shows drawings, otherwise layouts.
         const bool rootSelected = tree_.selectedKind() == L"A";
         const Selection chosen = selection(fromList || rootSelected);
@@ -37,23 +37,24 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
         const auto& records = wantsLayout ? records_.LayoutRecords : records_.DrawingRecords;
         const auto record = records.Item(recordKey(chosen.key));
         if (isLayout && record->drawing() == record->Gesamt) return;
+        const Lookup outcome = switchDrawing(record->drawing(), chosen, isLayout, askFirst);
+        if (outcome == Lookup::noAnswer) return;
+        if (outcome == Lookup::found && wantsLayout) switchLayout(record->Layout);
         // The marks move also when the user does not want to leave the active drawing; required so.
-        if (switchDrawing(record->drawing(), chosen, isLayout, askFirst) && wantsLayout)
-            switchLayout(record->Layout);
         markActivated();
     });
 }
 
-// Returns whether the drawing is the active one now: the user may stay with another, or it is closed.
-bool basDateien::switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout,
-                               bool askFirst) {
+Lookup basDateien::switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout,
+                                 bool askFirst) {
     ignoringErrors([this] { autoCAD_.fetchActiveDocument(); });
-    if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return true;
-    if (askFirst && !platform_.messages.ask(chosen.text + L" zum aktiven Dokument machen?")) return false;
+    if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return Lookup::found;
+    if (askFirst && !platform_.messages.ask(chosen.text + L" zum aktiven Dokument machen?")) return Lookup::notOpen;
     if (tree_.selectedKind() == L"Z" && !isLayout) tree_.view().selected()->setExpanded(true);
     const FoundDocuments found = autoCAD_.find(drawing);
     for (const host::Document& document : found.documents) makeActive(document);
-    return autoCAD_.foundOrTold(found);
+    autoCAD_.foundOrTold(found);
+    return found.outcome;
 }
 
 void basDateien::switchLayout(const std::wstring& layout) {
@@ -89,7 +90,9 @@ void basDateien::open(const std::wstring& file) {
     try {
         autoCAD_.gAcadDoc = autoCAD_.gAcadApp.Documents().Open(file);
     } catch (const RuntimeError& error) {
-        platform_.messages.warn(file + L" kann nicht geöffnet werden!\n\n" + error.description());
+        const std::wstring what = isAnswerLost(error) ? L"Ob " + file + L" geöffnet wurde, ist nicht bekannt!"
+                                                      : file + L" kann nicht geöffnet werden!";
+        platform_.messages.warn(what + L"\n\n" + error.description());
     }
 }
 
@@ -110,7 +113,7 @@ void basDateien::OpenTemplate(bool askFirst) {
 }
 
 void basDateien::CloseDrawing() {
-    ignoringErrors([&] {
+    autoCAD_.runCommand([&] {
         const FoundDocuments found = autoCAD_.find(GetSelectedDrawingFile(tree_.selectedKind() == L"A"));
         // A drawing that is closed already must not cost another one its document.
         if (!autoCAD_.foundOrTold(found)) return;
@@ -121,7 +124,7 @@ void basDateien::CloseDrawing() {
 }
 
 void basDateien::SaveDrawing(bool saveAs) {
-    ignoringErrors([&] {
+    autoCAD_.runCommand([&] {
         const bool fromList = tree_.selectedKind() == L"A";
         const FoundDocuments found = autoCAD_.find(GetSelectedDrawingFile(fromList));
         if (!autoCAD_.foundOrTold(found)) return;
@@ -137,8 +140,10 @@ void basDateien::SaveDrawing(bool saveAs) {
         try {
             document.Save();
         } catch (const RuntimeError& error) {
-            platform_.messages.reportError(text + L" konnte nicht gespeichert werden!\n\n" +
-                                           error.description());
+            const std::wstring what = isAnswerLost(error)
+                                          ? L"Ob " + text + L" gespeichert wurde, ist nicht bekannt!"
+                                          : text + L" konnte nicht gespeichert werden!";
+            platform_.messages.reportError(what + L"\n\n" + error.description());
         }
     });
 }

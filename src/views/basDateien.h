@@ -51,7 +51,9 @@ class basDateien {
     Selection selection(bool fromList) const;
     /// Makes the document the active one, in AutoCAD and in the status line.
     void makeActive(const host::Document& document);
-    bool switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout, bool askFirst);
+    /// Found: the drawing is the active one now. Not open: another one stays active, for want of this one or
+    /// since the user wants it so.
+    Lookup switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout, bool askFirst);
     void switchLayout(const std::wstring& layout);
     void markActivated();
     void open(const std::wstring& file);
