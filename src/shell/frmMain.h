@@ -99,6 +99,7 @@ class frmMain {
     void mnuViewToolbar_Click();
     void mnuViewStatusBar_Click();
     void mnuViewRefresh_Click();
+    void mnuViewRebuild_Click();
     void mnuEnd_Click();
     void mnuHelpContents_Click();
     void mnuHelpSearchForHelpOn_Click();
@@ -152,6 +153,7 @@ class frmMain {
     };
 
     void showSecondPanel() { sbStatusBar.setPanelText(2, hint_.empty() ? note_ : hint_); }
+    bool editing() const { return tvTreeView.editedNode() || lvListView.editedItem(); }
     void buildCommands();
     void addToMenus(const Command& command);
     void addMenuItem(MenuItem& menu, std::wstring_view name, const Command& command);

@@ -39,7 +39,7 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
         if (isLayout && record->drawing() == record->Gesamt) return;
         // The marks move also when the user does not want to leave the active drawing; required so.
         if (switchDrawing(record->drawing(), chosen, isLayout, askFirst) && wantsLayout)
-            switchLayout(record->Layout);
+            ignoringErrors([&] { switchLayout(record->Layout); });
         markActivated();
     });
 }
