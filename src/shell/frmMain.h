@@ -126,6 +126,8 @@ class frmMain {
 
     /// A menu item of the menu bar or of a context menu by its name; throws element not found.
     MenuItem& item(std::wstring_view name);
+    /// Whether the list shows details, in which there is nothing to choose and nothing to delete.
+    bool listShowsDetails() const;
 
   private:
     // What the user does. It takes the hint away that the event before it has left.
@@ -155,7 +157,8 @@ class frmMain {
     void showSecondPanel() { sbStatusBar.setPanelText(2, hint_.empty() ? note_ : hint_); }
     bool editing() const { return tvTreeView.editedNode() || lvListView.editedItem(); }
     void buildCommands();
-    void addToMenus(const Command& command);
+    void addToMenuBar(const Command& command);
+    void buildContextMenu(MenuItem& menu, ContextMenu which, wchar_t letter);
     void addMenuItem(MenuItem& menu, std::wstring_view name, const Command& command);
     void buildToolBar();
     void run(const Command& command);
@@ -172,7 +175,7 @@ class frmMain {
     bool isDropTarget();
     void lvListView_AfterLabelEdit(const std::wstring& newText);
     void lvListView_ColumnClick(int column);
-    void popUpContextMenu();
+    void popUpContextMenu(const Control& opener);
     void OpenListItem();
     std::wstring selectedKind() const;
     LayoutDialogContext dialogContext();

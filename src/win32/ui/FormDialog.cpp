@@ -5,6 +5,7 @@
 #include "win32/base/SystemError.h"
 #include "win32/ui/ControlWindow.h"
 #include "win32/ui/DialogTemplate.h"
+#include "win32/ui/Pictures.h"
 
 namespace blattwart {
 
@@ -102,6 +103,9 @@ INT_PTR FormDialog::handleMessage(UINT message, WPARAM wParam, LPARAM) {
 
 INT_PTR FormDialog::begin() {
     gate_.setWindow(window_);
+    for (const auto& [kind, size] : {std::pair{ICON_SMALL, SM_CXSMICON}, std::pair{ICON_BIG, SM_CXICON}})
+        SendMessageW(window_, WM_SETICON, static_cast<WPARAM>(kind),
+                     reinterpret_cast<LPARAM>(programIcon(size)));
     centreOverOwner(window_);
     showModels();
     for (const BoundControl& bound : controls_) controlOf(bound).changed = [this] { showModels(); };

@@ -52,6 +52,7 @@ class MainWindow : public FormWindow {
     void resized(WPARAM kind);
     void painted();
     void activated(bool active, HWND other);
+    void focusPane() const;
     void ticked();
     void closing();
     void unload();
