@@ -30,8 +30,8 @@ class Document : public HostObject {
     void SendCommand(const std::wstring& text) const;
     void SetVariable(const std::wstring& name, std::int16_t value) const;
     std::int32_t GetVariable(const std::wstring& name) const;
-    /// The object with this 32-bit id (see Entity::ObjectID); a second round trip when asked first in a
-    /// session.
+    /// The object with this 32-bit id (see Layout::ObjectID); a second round trip when asked first. Throws
+    /// element not found for 0, which stands for ids that are wider.
     Entity ObjectIdToObject(std::int32_t id) const;
     /// Makes the application's name known to the drawing, so that objects can carry its data. Two round
     /// trips.
@@ -48,7 +48,9 @@ class Documents : public HostObject {
   public:
     using HostObject::HostObject;
 
-    std::vector<Document> all() const { return elements<Document>(); }
+    std::vector<Document> all() const {
+        return elements<Document>(L"Documents", [] { return true; });
+    }
     Document Add(const std::wstring& templateFile) const;
     Document Open(const std::wstring& file) const;
 };

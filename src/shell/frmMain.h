@@ -142,17 +142,10 @@ class frmMain {
     // aside.
     template <class Handler>
     void step(Handler&& handler) {
-        if (handling_ || platform_.automation.callPending()) return;
-        const Handling handling(handling_);
+        if (platform_.gate.busy()) return;
+        const Gate::Event event(platform_.gate);
         handler();
     }
-    struct Handling {
-        explicit Handling(bool& flag) : flag(flag) { flag = true; }
-        ~Handling() { flag = false; }
-        Handling(const Handling&) = delete;
-        Handling& operator=(const Handling&) = delete;
-        bool& flag;
-    };
 
     void showSecondPanel() { sbStatusBar.setPanelText(2, hint_.empty() ? note_ : hint_); }
     bool editing() const { return tvTreeView.editedNode() || lvListView.editedItem(); }
@@ -190,7 +183,6 @@ class frmMain {
     std::vector<std::pair<const Command*, MenuItem*>> commandItems_;
     bool splitterDragging_ = false;
     bool resized_ = false;  ///< since the last repaint
-    bool handling_ = false;
     LabelEdit labelEdit_ = LabelEdit::none;
     std::wstring hint_;
     std::wstring note_;

@@ -17,6 +17,7 @@ std::wstring LoadedDrawings::ReadLoadedDrawings() {
         const std::shared_ptr<OpenDocuments> documents = autoCAD_.openDocuments();
         LongRead reading(readings_);
         for (OpenDocument& open : *documents) {
+            // Of what was not read any more nobody knows whether it is stale.
             if (!reading.goOn()) return {};
             // The last drawing may have been closed since it was the active one.
             if (!activeName) activeName = autoCAD_.gAcadDoc.Name();
