@@ -18,6 +18,16 @@ bool isControl(wchar_t c) {
     return c < 0x20 || (c >= 0x7F && c < 0xA0);
 }
 
+struct NoWindow : NavigatorEvents {
+    void RefreshTree() override {}
+    void ShowNodeStatus() override {}
+    void showSelectedNode() override {}
+    void setDragMode() override {}
+    void VisbibleMnuMenu() override {}
+    void showHint(const std::wstring&) override {}
+    void showNote(const std::wstring&) override {}
+};
+
 void requireAnswers(const demo::TypedText& typed) {
     const auto returns = std::ranges::count(typed.text, L'\r');
     const auto controls = std::ranges::count_if(typed.text, isControl);
@@ -56,7 +66,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto document = automation.host()->addDocument(L"C:\\Projekte", L"Plan.dwg", std::move(drawing));
     test::TestPlatform world(automation);
     NavigatorRecords records;
-    basAutoCAD autoCAD(world.platform, records);
+    NoWindow window;
+    basAutoCAD autoCAD(world.platform, records, window);
     autoCAD.ConnectAutoCAD();
     basTarvix(autoCAD, world.platform).CopyLayouts(source, name, copies);
     requireNoOtherCommand(document->commandLine());

@@ -29,7 +29,7 @@ void BlockObject::erase() {
     throw failure(hostError::invalidInput);
 }
 
-std::vector<ObjectPtr> BlockObject::enumerate() {
+std::vector<ObjectPtr> BlockObject::allElements() {
     checkReachable();
     std::vector<ObjectPtr> objects;
     for (const auto& entity : block().entities) {
@@ -74,7 +74,7 @@ std::vector<MemberSlot<BlocksObject>> BlocksObject::members() {
     };
 }
 
-std::vector<ObjectPtr> BlocksObject::enumerate() {
+std::vector<ObjectPtr> BlocksObject::allElements() {
     checkReachable();
     std::vector<ObjectPtr> objects;
     for (const auto& block : document().drawing().blocks()) {

@@ -11,38 +11,60 @@ constexpr const wchar_t* automationName = L"AutoCAD.Application.18";
 }  // namespace
 
 bool basAutoCAD::IsAutoCADRunning() {
-    return ignoringErrors([&] { platform_.automation.running(automationName); });
+    try {
+        platform_.automation.running(automationName);
+        return true;
+    } catch (const RuntimeError& error) {
+        // Who refuses or hangs is there.
+        return isNotAnswering(error);
+    }
 }
 
 void basAutoCAD::ConnectAutoCAD() {
-    gAcadDoc = {};
-    gAcadApp = {};
-    ignoringErrors([&] { gAcadApp = host::Application(platform_.automation.running(automationName)); });
     try {
-        if (gAcadApp) gAcadDoc = gAcadApp.ActiveDocument();
+        attach(platform_.automation.running(automationName));
     } catch (const RuntimeError& error) {
-        // For a moment the system still hands out a host that has just died.
-        if (isGone(error)) gAcadApp = {};
+        if (!isNotAnswering(error)) attach(nullptr);
+        return;
     }
+    takeActiveDocument();
     if (fileDialogsStillOff_ && gAcadDoc) switchFileDialogsOn(gAcadDoc);
 }
 
 void basAutoCAD::StartAutoCAD() {
-    ObjectPtr application;
-    if (!ignoringErrors([&] { application = platform_.automation.running(automationName); })) {
+    try {
+        attach(platform_.automation.running(automationName));
+    } catch (const RuntimeError& error) {
+        if (isNotAnswering(error)) return tellNoAnswer();
         try {
-            application = platform_.automation.create(automationName);
-        } catch (const RuntimeError& error) {
-            platform_.messages.say(error.description());
+            attach(platform_.automation.create(automationName));
+        } catch (const RuntimeError& failure) {
+            platform_.messages.say(failure.description());
             return;
         }
     }
-    gAcadApp = host::Application(std::move(application));
-    gAcadDoc = {};
     LoadTypes();
     ignoringErrors([&] { gAcadApp.putVisible(true); });
-    ignoringErrors([&] { gAcadDoc = gAcadApp.ActiveDocument(); });
+    takeActiveDocument();
     events_.RefreshTree();
+}
+
+void basAutoCAD::attach(ObjectPtr application) {
+    if (application && gAcadApp.is(application)) return;
+    gAcadDoc = {};
+    gAcadApp = application ? host::Application(std::move(application)) : host::Application();
+}
+
+void basAutoCAD::takeActiveDocument() {
+    try {
+        fetchActiveDocument();
+    } catch (const RuntimeError& error) {
+        // What a host that does not answer has told before is the best that is known.
+        if (isNotAnswering(error)) return;
+        gAcadDoc = {};
+        // For a moment the system still hands out a host that has just died.
+        if (isGone(error)) gAcadApp = {};
+    }
 }
 
 std::wstring basAutoCAD::GetActiveDrawingName() {

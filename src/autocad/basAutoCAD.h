@@ -62,11 +62,13 @@ class basAutoCAD {
     /// Reads the types of templates again, for StartAutoCAD; wired at start-up.
     std::function<void()> LoadTypes;
 
+    /// Whether AutoCAD runs; also one that refuses calls or hangs does.
     bool IsAutoCADRunning();
     /// Attaches to the running AutoCAD and takes its active document; both are empty when there is none.
+    /// While AutoCAD does not answer, both stay.
     void ConnectAutoCAD();
     /// Attaches to AutoCAD or starts it. When it cannot be started, its error text is shown and nothing
-    /// changes.
+    /// changes; nor does anything when one runs that does not answer, which is told.
     void StartAutoCAD();
     /// Folder, backslash and file name of gAcadDoc; "" when there is none or it does not answer.
     std::wstring GetActiveDrawingName();
@@ -132,6 +134,10 @@ class basAutoCAD {
     bool askToStart();
 
   private:
+    /// Takes the application, null for none. The one attached already stays with all that is known of it.
+    void attach(ObjectPtr application);
+    void takeActiveDocument();
+
     Platform& platform_;
     NavigatorRecords& records_;
     NavigatorEvents& events_;

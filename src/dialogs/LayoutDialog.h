@@ -38,7 +38,7 @@ class LayoutDialog : public Dialog {
     /// Return true, and the user has been told, when the field's text is refused.
     bool txtLayout_Validate();
     bool txtAnzahl_Validate();
-    /// Does the work and closes, unless an input is refused.
+    /// Does the work and closes, unless an input is refused or AutoCAD does not answer.
     void cmdStart_Click();
     void cmdCancel_Click() { window().close(); }
 
@@ -55,7 +55,8 @@ class LayoutDialog : public Dialog {
   private:
     /// The number if it fits; otherwise the user has been told.
     std::optional<std::int16_t> number();
-    bool takeDocument();
+    /// Makes the dialog's drawing `gAcadDoc` if it is found; otherwise the user has been told.
+    Lookup takeDocument();
 
     LayoutDialogContext context_;
     // Of the moment the dialog opened: the selection may change with a refresh.

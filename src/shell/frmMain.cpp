@@ -47,6 +47,8 @@ void frmMain::Form_Load() {
 
 void frmMain::Form_Activate() {
     handle([this] {
+        // Who comes back has everything read anew; the list is part of it.
+        if (modules_->gWasForeground == 0 && !editing()) return CheckAutoCAD();
         const basAutoCAD::OneLook look(modules_->autoCAD);
         VisbibleMnuMenu();
         modules_->views.showSelectedNode();
@@ -190,7 +192,7 @@ void frmMain::showNote(const std::wstring& text) {
 
 void frmMain::ctlTimer_Timer() {
     // A refresh would tear a label away from the user who is typing.
-    if (tvTreeView.editedNode() || lvListView.editedItem()) return;
+    if (editing()) return;
     step([this] { CheckAutoCAD(); });
 }
 

@@ -95,8 +95,9 @@ LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout) 
     XDataReport report(context_.platform.messages);
     ignoringErrors([&] {
         LongRead reading(context_.platform.readings);
+        const auto goOn = [&] { return reading.goOn(); };
         bool allRead = true;
-        for (const host::Entity& entity : layout.Block().entities()) {
+        for (const host::Entity& entity : layout.Block().entities(goOn)) {
             if (!reading.goOn()) return;
             allRead &= ignoringErrors([&] { readEntity(entity, report, contents); });
         }

@@ -101,7 +101,9 @@ void LayoutNames::RenameSelectedLayouts(const std::wstring& baseName, std::int16
     try {
         const host::Layouts layouts = autoCAD_.gAcadDoc.Layouts();
         std::set<std::wstring> names = tarvix_.layoutNames(autoCAD_.gAcadDoc);
+        LongRead work(platform_.readings, L"Layouts werden umbenannt");
         for (const ListItem* item : list_.selectedItems()) {
+            if (!work.goOn()) return;
             const std::wstring key = item->key();
             const auto record = records_.LayoutRecords.Item(recordKey(key));
             const std::int16_t number = tarvix_.NextFreeLayoutNumber(names, baseName, counter);

@@ -39,7 +39,8 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
         if (isLayout && record->drawing() == record->Gesamt) return;
         const Lookup outcome = switchDrawing(record->drawing(), chosen, isLayout, askFirst);
         if (outcome == Lookup::noAnswer) return;
-        if (outcome == Lookup::found && wantsLayout) switchLayout(record->Layout);
+        if (outcome == Lookup::found && wantsLayout)
+            autoCAD_.runCommand([&] { switchLayout(record->Layout); });
         // The marks move also when the user does not want to leave the active drawing; required so.
         markActivated();
     });

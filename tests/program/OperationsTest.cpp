@@ -407,13 +407,16 @@ TEST_F(LayoutOperations, RenameByLabel) {
     }
 }
 
-TEST_F(LayoutOperations, RenamingSeveralRefusesControlCharacters) {
+TEST_F(LayoutOperations, RenamingSeveralRefusesControlCharactersAndEndsWithEsc) {
     click(L"Z3");
     selectInList({L"L4", L"L5"});
     std::int16_t counter = 1;
     main->layouts->RenameSelectedLayouts(L"Plan\r", counter);
     EXPECT_EQ(world.messages.shown, std::vector{told(controlCharacters)});
     EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Blatt 1,Blatt 2,Schnitt");
+    world.readings.escAfter = 1;
+    main->layouts->RenameSelectedLayouts(L"Plan", counter);
+    EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Plan1,Blatt 2,Schnitt") << "Esc";
 }
 
 }  // namespace

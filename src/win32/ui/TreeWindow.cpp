@@ -236,8 +236,7 @@ LRESULT TreeWindow::notify(NMHDR& header) {
             if (const TreeNode* hit = nodeUnderPointer()) postClick(*hit);
             return 0;
         case NM_DBLCLK:
-            doubleClicked();
-            return 0;
+            return doubleClicked();
         case TVN_BEGINDRAGW:
             beginDrag(node(reinterpret_cast<NMTREEVIEWW&>(header).itemNew.hItem));
             return 0;
@@ -257,7 +256,7 @@ void TreeWindow::fill(TVITEMW& wanted) const {
     if ((wanted.mask & TVIF_SELECTEDIMAGE) != 0) {
         wanted.iSelectedImage = asked.selectedImage() != 0 ? asked.selectedImage() : asked.image();
     }
-    if ((wanted.mask & TVIF_TEXT) != 0) lstrcpynW(wanted.pszText, asked.text().c_str(), wanted.cchTextMax);
+    if ((wanted.mask & TVIF_TEXT) != 0) wanted.pszText = uncopied(asked.text());
 }
 
 LRESULT TreeWindow::draw(NMTVCUSTOMDRAW& draw) const {
@@ -284,11 +283,15 @@ void TreeWindow::expanded(const NMTREEVIEWW& change) {
     });
 }
 
-void TreeWindow::doubleClicked() {
-    if (!nodeUnderPointer()) return;
+/// Returns whether the control is to leave the node alone: what the user works on stays open. Roots have no
+/// command of their own and can be closed so.
+LRESULT TreeWindow::doubleClicked() {
+    const TreeNode* hit = nodeUnderPointer();
+    if (!hit) return FALSE;
     gate_.post([this] {
         if (tree_.events.doubleClick) tree_.events.doubleClick();
     });
+    return hit->parent() && hit->expanded();
 }
 
 /// What is dragged is selected first; whether it can be dragged is known then.
@@ -297,7 +300,7 @@ void TreeWindow::beginDrag(const TreeNode& dragged) {
         TreeNode* node = tree_.find(key);
         if (!node) return;
         if (node != tree_.selected()) tree_.userClicks(*node);
-        if (tree_.dragAutomatic() && GetKeyState(VK_LBUTTON) < 0) dragText(key);
+        if (tree_.dragAutomatic() && GetKeyState(VK_LBUTTON) < 0) gate_.hold([&] { dragText(key); });
     });
 }
 

@@ -1,4 +1,4 @@
-#include "win32/com/ComSession.h"
+#include "win32/com/ServerLink.h"
 
 #include <string>
 
@@ -7,7 +7,7 @@
 
 namespace blattwart {
 
-DISPID ComSession::memberId(IDispatch& object, const Member& member) {
+DISPID ServerLink::memberId(IDispatch& object, const Member& member) {
     const auto key = std::pair(member.className, member.name);
     auto known = ids_.find(key);
     if (known == ids_.end()) {
@@ -23,7 +23,7 @@ DISPID ComSession::memberId(IDispatch& object, const Member& member) {
     return *known->second;
 }
 
-DISPID ComSession::lookUp(IDispatch& object, std::wstring_view name) {
+DISPID ServerLink::lookUp(IDispatch& object, std::wstring_view name) {
     std::wstring text(name);
     LPOLESTR names = text.data();
     DISPID id = DISPID_UNKNOWN;
@@ -31,13 +31,24 @@ DISPID ComSession::lookUp(IDispatch& object, std::wstring_view name) {
     return id;
 }
 
-ComPtr<IDispatch> ComSession::toDispatch(const ObjectPtr& object) {
+ServerLink::Enumerating ServerLink::enumerating(std::wstring_view className) const {
+    if (const auto known = enumerating_.find(className); known != enumerating_.end()) return known->second;
+    // A program's enumerators are of one make.
+    return anySeveral_ ? Enumerating::several : Enumerating::unknown;
+}
+
+void ServerLink::learn(std::wstring_view className, Enumerating manner) {
+    enumerating_[className] = manner;
+    if (manner == Enumerating::several) anySeveral_ = true;
+}
+
+ComPtr<IDispatch> ServerLink::toDispatch(const ObjectPtr& object) {
     const auto* comObject = dynamic_cast<const ComObject*>(object.get());
     if (!comObject) throwFailure(DISP_E_TYPEMISMATCH);
     return comObject->dispatch();
 }
 
-ObjectPtr ComSession::fromDispatch(IDispatch* dispatch) {
+ObjectPtr ServerLink::fromDispatch(IDispatch* dispatch) {
     return std::make_shared<ComObject>(shared_from_this(), dispatch);
 }
 

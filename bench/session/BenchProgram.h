@@ -29,13 +29,13 @@ struct Wire {
 };
 
 /// The program on the host behind `host`, with the demonstration's database written into `folder`.
-class Session {
+class BenchProgram {
   public:
-    Session(Automation& host, const std::filesystem::path& folder,
-            Wire wire = {.messages = [] { return 0; }, .emptyCall = [] { return 1.0; }});
-    ~Session();
-    Session(const Session&) = delete;
-    Session& operator=(const Session&) = delete;
+    BenchProgram(Automation& host, const std::filesystem::path& folder,
+                 Wire wire = {.messages = [] { return 0; }, .emptyCall = [] { return 1.0; }});
+    ~BenchProgram();
+    BenchProgram(const BenchProgram&) = delete;
+    BenchProgram& operator=(const BenchProgram&) = delete;
 
     /// Starts the program: it attaches, fills the tree and the list of the active drawing. First of all,
     /// once.

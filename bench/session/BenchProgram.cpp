@@ -1,4 +1,4 @@
-#include "session/Session.h"
+#include "session/BenchProgram.h"
 
 #include <algorithm>
 #include <chrono>
@@ -27,7 +27,6 @@ class HostAndDatabase : public Automation {
     ObjectPtr create(std::wstring_view name) override {
         return name.starts_with(L"ADODB.") ? demo::makeAdo(name) : host_.create(name);
     }
-    bool callPending() const override { return host_.callPending(); }
 
   private:
     Automation& host_;
@@ -45,7 +44,7 @@ std::size_t hostCalls(const demo::CallRecorder& recorder) {
 
 }  // namespace
 
-struct Session::World {
+struct BenchProgram::World {
     explicit World(Automation& host)
         : both(host), recorder(both), platform(recorder), presenter(platform.desktop) {
         recorder.beforeCall([this](std::size_t) { moments.push_back(Clock::now()); });
@@ -68,7 +67,7 @@ struct Session::World {
     std::vector<Clock::time_point> moments;  ///< when each recorded call was made
 };
 
-Session::Session(Automation& host, const std::filesystem::path& folder, Wire wire)
+BenchProgram::BenchProgram(Automation& host, const std::filesystem::path& folder, Wire wire)
     : world_(std::make_unique<World>(host)), wire_(std::move(wire)) {
     const std::filesystem::path file = folder / "Tarvix.mdb";
     demo::mdb::writeDatabase(file, demo::mdb::sampleTables());
@@ -77,9 +76,9 @@ Session::Session(Automation& host, const std::filesystem::path& folder, Wire wir
     world_->platform.files.addFolder(L"C:\\Vorlagen");
 }
 
-Session::~Session() = default;
+BenchProgram::~BenchProgram() = default;
 
-Cost Session::once(const std::function<void()>& action) {
+Cost BenchProgram::once(const std::function<void()>& action) {
     const double before = wire_.emptyCall();
     world_->moments.clear();
     world_->recorder.clear();
@@ -92,7 +91,7 @@ Cost Session::once(const std::function<void()>& action) {
     return {hostCalls(world_->recorder), taken - world_->database(), sent, (before + wire_.emptyCall()) / 2};
 }
 
-Cost Session::measure(const std::function<void()>& action) {
+Cost BenchProgram::measure(const std::function<void()>& action) {
     constexpr int times = 5;
     std::vector<Cost> costs;
     costs.reserve(times);
@@ -100,21 +99,21 @@ Cost Session::measure(const std::function<void()>& action) {
     return median(std::move(costs));
 }
 
-Cost Session::start() {
+Cost BenchProgram::start() {
     return once([this] { world_->program.Main(); });
 }
 
-Cost Session::refresh() {
+Cost BenchProgram::refresh() {
     world_->tree().userClicks(world_->tree().node(L"B"));
     return measure([this] { world_->program.views->RefreshTree(); });
 }
 
-Cost Session::clickDrawing() {
+Cost BenchProgram::clickDrawing() {
     TreeNode& drawing = *world_->tree().node(L"A").children().front();
     return measure([&] { world_->tree().userClicks(drawing); });
 }
 
-Cost Session::clickLayout(std::wstring_view name) {
+Cost BenchProgram::clickLayout(std::wstring_view name) {
     TreeNode* layout = nullptr;
     world_->tree().forEach([&](TreeNode& node) {
         if (!layout && node.text() == name) layout = &node;
