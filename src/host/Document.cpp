@@ -15,8 +15,8 @@ std::wstring Document::Name() const {
 
 DrawingFile Document::file() const {
     const std::wstring full = getText({document, L"FullName"});
-    if (full.empty()) return {{}, Name()};
-    const std::size_t end = full.rfind(L'\\');
+    if (full.empty()) return {getText({document, L"Path"}), Name()};
+    const std::size_t end = full.find_last_of(L"\\/");
     if (end == std::wstring::npos) return {{}, full};
     return {full.substr(0, end), full.substr(end + 1)};
 }

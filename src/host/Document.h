@@ -7,7 +7,7 @@ namespace blattwart::host {
 enum class Space : std::int32_t { paper = 0, model = 1 };
 
 struct DrawingFile {
-    std::wstring folder;  ///< without a backslash at its end; "" for a drawing never saved
+    std::wstring folder;  ///< without a separator at its end; of a drawing never saved what the host gives
     std::wstring name;    ///< with extension; an unsaved drawing has a default name
 };
 
@@ -18,7 +18,7 @@ class Document : public HostObject {
 
     /// File name with extension; an unsaved drawing has a default name.
     std::wstring Name() const;
-    /// Two round trips for a drawing never saved.
+    /// From the full name; three round trips for a drawing never saved, which has none.
     DrawingFile file() const;
     host::Layouts Layouts() const;
     Layout ActiveLayout() const;

@@ -52,7 +52,7 @@ bool isBlockReference(const std::wstring& objectName) {
 struct LayoutDetails::Contents {
     std::vector<CAFenster> viewports;
     std::array<std::optional<std::wstring>, slots.size()> labels;
-    bool complete = false;  ///< whether all objects were seen
+    bool complete = false;  ///< whether all objects were seen with their data
 };
 
 void LayoutDetails::FillLayoutDetails() {
@@ -96,11 +96,12 @@ LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout) 
     ignoringErrors([&] {
         LongRead reading(context_.platform.readings);
         const auto goOn = [&] { return reading.goOn(); };
+        bool allRead = true;
         for (const host::Entity& entity : layout.Block().entities(goOn)) {
             if (!reading.goOn()) return;
-            ignoringErrors([&] { readEntity(entity, report, contents); });
+            allRead &= ignoringErrors([&] { readEntity(entity, report, contents); });
         }
-        contents.complete = true;
+        contents.complete = allRead && !report.hasReadingFailed();
     });
     return contents;
 }
@@ -113,7 +114,7 @@ void LayoutDetails::readEntity(const host::Entity& entity, XDataReport& report, 
     CAFenster values;
     values.GetAfenwerte(
         {.document = {}, .object = entity, .report = report, .locale = context_.platform.locale});
-    if (isViewport && values.Tarvix != 0) {
+    if (isViewport && values.Verwaltet) {
         ignoringErrors([&] { values.Faktor = scaleFactor(entity.viewportCustomScale()); });
         contents.viewports.push_back(values);
     }
