@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "demo/dxf/Drawing.h"
+#include "demo/host/Disk.h"
 #include "demo/mdb/Database.h"
 #include "demo/mdb/DefinitionTables.h"
 #include "ui/ControlHost.h"
@@ -28,7 +28,7 @@ void writeDrawing(const std::wstring& file, const std::vector<std::wstring>& lay
     for (demo::Layout* layout : first)
         if (!layout->isModel()) drawing.deleteLayout(*layout);
     drawing.setCurrentLayout(*drawing.findLayout(layouts.front()));
-    drawing.saveFile(file);
+    demo::Disk().save(drawing, file);
 }
 
 void writeFiles() {
