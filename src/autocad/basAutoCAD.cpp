@@ -33,8 +33,7 @@ void basAutoCAD::StartAutoCAD() {
         try {
             application = platform_.automation.create(automationName);
         } catch (const RuntimeError& error) {
-            platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok,
-                                    MessageIcon::none);
+            platform_.messages.say(error.description());
             return;
         }
     }
@@ -131,7 +130,7 @@ bool basAutoCAD::typeCommand(const host::Document& document,
     bool commandRuns = false;
     ignoringErrors([&] { commandRuns = document.GetVariable(L"CMDACTIVE") != 0; });
     if (commandRuns) {
-        warn(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
+        platform_.messages.warn(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
         return false;
     }
     document.SendCommand(text);
@@ -141,7 +140,7 @@ bool basAutoCAD::typeCommand(const host::Document& document,
 bool basAutoCAD::refusesControlCharacters(std::wstring_view name) {
     constexpr auto isControl = [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); };
     if (std::ranges::none_of(name, isControl)) return false;
-    warn(L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!");
+    platform_.messages.warn(L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!");
     return true;
 }
 
@@ -152,15 +151,10 @@ void basAutoCAD::switchFileDialogsOn(const host::Document& document) {
     fileDialogsStillOff_ = !switched;
 }
 
-void basAutoCAD::warn(const std::wstring& text) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
-}
-
 bool basAutoCAD::askToStart() {
     const std::wstring caption = std::wstring(applicationTitle) + L": AutoCAD ist nicht aktiv!";
-    return platform_.messages.show(
-               L"Soll AutoCAD gestartet werden? Mit 'Nein' wird der Blattwart geschlossen!", caption,
-               MessageButtons::yesNo, MessageIcon::question) == MessageAnswer::yes;
+    return platform_.messages.ask(
+        L"Soll AutoCAD gestartet werden? Mit 'Nein' wird der Blattwart geschlossen!", caption);
 }
 
 }  // namespace blattwart

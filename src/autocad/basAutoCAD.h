@@ -92,8 +92,6 @@ class basAutoCAD {
     bool askToStart();
 
   private:
-    void warn(const std::wstring& text);
-
     Platform& platform_;
     NavigatorRecords& records_;
     int looks_ = 0;

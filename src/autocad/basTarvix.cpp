@@ -32,8 +32,7 @@ bool basTarvix::RunHostMacro(const std::wstring& name) {
         runMacro(L"TX_Starten");
         if (runMacro(name)) return true;
     }
-    platform_.messages.show(L"Bitte rufen Sie Tarvix über das AutoCAD-Menü auf!", applicationTitle,
-                            MessageButtons::ok, MessageIcon::exclamation);
+    platform_.messages.warn(L"Bitte rufen Sie Tarvix über das AutoCAD-Menü auf!");
     return false;
 }
 
@@ -88,8 +87,7 @@ bool basTarvix::CopyLayouts(const std::wstring& sourceName, std::wstring& newBas
         if (copies == 1) newBaseName = first;
         return autoCAD_.typeCommand(autoCAD_.gAcadDoc, {L"_layout", L"_set", first});
     } catch (const RuntimeError&) {
-        platform_.messages.show(L"Kopieren des neuen Layouts fehlgeschlagen!", applicationTitle,
-                                MessageButtons::ok, MessageIcon::critical);
+        platform_.messages.reportError(L"Kopieren des neuen Layouts fehlgeschlagen!");
         return false;
     }
 }

@@ -38,13 +38,11 @@ host::XData arraysOf(const Collection<CXWert>& values) {
 void XDataReport::readingFailed() {
     if (readingTold_) return;
     readingTold_ = true;
-    messages_.show(L"Fehler beim Lesen der EED's!", applicationTitle, MessageButtons::ok,
-                   MessageIcon::critical);
+    messages_.reportError(L"Fehler beim Lesen der EED's!");
 }
 
 void XDataReport::writingFailed() {
-    messages_.show(L"Fehler beim Schreiben der EED's!", applicationTitle, MessageButtons::ok,
-                   MessageIcon::critical);
+    messages_.reportError(L"Fehler beim Schreiben der EED's!");
 }
 
 void CXData::SetXDataWerte() {

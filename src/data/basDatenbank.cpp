@@ -38,8 +38,7 @@ void basDatenbank::OpenDefDB() {
                           {Value(source), Value(L""), Value(L""), Value(unspecified)});
     } catch (const RuntimeError&) {
         connection_.reset();
-        platform_.messages.show(L"Fehler beim Öffnen der Def-Datenbank!", applicationTitle,
-                                MessageButtons::ok, MessageIcon::critical);
+        platform_.messages.reportError(L"Fehler beim Öffnen der Def-Datenbank!");
     }
 }
 

@@ -27,10 +27,6 @@ void LayoutDialog::enableStart() {
     cmdStart.setEnabled(!txtLayout.text().empty() && !txtAnzahl.text().empty());
 }
 
-void LayoutDialog::warn(const std::wstring& text) {
-    context_.platform.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
-}
-
 bool LayoutDialog::txtLayout_Validate() {
     return context_.general.CheckInvalidChars(txtLayout.text());
 }
@@ -39,11 +35,11 @@ bool LayoutDialog::txtLayout_Validate() {
 bool LayoutDialog::txtAnzahl_Validate() {
     double number = 0;
     if (!ignoringErrors([&] { number = userNumber(txtAnzahl.text(), context_.platform.locale); })) {
-        warn(L"Eingabe ist ungültig!");
+        context_.platform.messages.warn(L"Eingabe ist ungültig!");
         return true;
     }
     if (number >= 1 && number - std::trunc(number) == 0) return false;
-    warn(L"Ungültige Anzahl!");
+    context_.platform.messages.warn(L"Ungültige Anzahl!");
     return true;
 }
 
@@ -51,7 +47,7 @@ std::optional<std::int16_t> LayoutDialog::number() {
     std::optional<std::int16_t> number;
     const Locale& locale = context_.platform.locale;
     if (!ignoringErrors([&] { number = toInt16(userNumber(txtAnzahl.text(), locale)); }))
-        warn(L"Die Anzahl ist zu groß! Es sind höchstens 32767 möglich.");
+        context_.platform.messages.warn(L"Die Anzahl ist zu groß! Es sind höchstens 32767 möglich.");
     return number;
 }
 
@@ -61,7 +57,8 @@ bool LayoutDialog::takeDocument() {
         context_.autoCAD.gAcadDoc = document;
         return true;
     }
-    warn(L"Die Zeichnung '" + txtDokument.text() + L"' ist in AutoCAD nicht mehr geöffnet!");
+    context_.platform.messages.warn(L"Die Zeichnung '" + txtDokument.text() +
+                                    L"' ist in AutoCAD nicht mehr geöffnet!");
     // The watchdog steps aside while a dialog is open, so the tree still shows what was before.
     context_.autoCAD.ConnectAutoCAD();
     context_.views.RefreshTree();

@@ -48,7 +48,6 @@ class LayoutDialog : public Dialog {
     /// The work itself; `gAcadDoc` is the dialog's drawing.
     virtual void start(const std::wstring& name, std::int16_t number) = 0;
     void enableStart();
-    void warn(const std::wstring& text);
     const TreeNode* selectedNode() { return context_.views.tree.view().selected(); }
     const LayoutDialogContext& context() const { return context_; }
 

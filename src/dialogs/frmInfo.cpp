@@ -48,9 +48,7 @@ void frmInfo::StartSysInfo() {
     const std::wstring path = toolPath();
     const bool started =
         !path.empty() && ignoringErrors([&] { platform_.process.start(L'"' + path + L'"'); });
-    if (!started)
-        platform_.messages.show(L"Systeminformationen sind momentan nicht verfügbar", applicationTitle,
-                                MessageButtons::ok, MessageIcon::none);
+    if (!started) platform_.messages.say(L"Systeminformationen sind momentan nicht verfügbar");
 }
 
 std::wstring frmInfo::toolPath() {

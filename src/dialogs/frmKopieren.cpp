@@ -14,7 +14,8 @@ bool frmKopieren::Form_Load() {
     if (node.key().starts_with(L'Z')) {
         const ListItem* item = context().list.selected();
         if (!item) {
-            warn(L"Bitte wählen Sie in der Liste das Layout aus, das kopiert werden soll!");
+            context().platform.messages.warn(
+                L"Bitte wählen Sie in der Liste das Layout aus, das kopiert werden soll!");
             return false;
         }
         source = item->text();

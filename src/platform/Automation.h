@@ -79,11 +79,18 @@ inline constexpr std::int32_t serverDied = static_cast<std::int32_t>(0x80010007)
 inline constexpr std::int32_t callCanceled = static_cast<std::int32_t>(0x80010002);
 inline constexpr std::int32_t callRejected = static_cast<std::int32_t>(0x80010001);
 inline constexpr std::int32_t retryLater = static_cast<std::int32_t>(0x8001010A);
+inline constexpr std::int32_t cannotCallOut = static_cast<std::int32_t>(0x80010005);
 }  // namespace hresult
 
 /// True for the errors that mean that the other program, or the document behind the object, is gone.
 bool isGone(const RuntimeError& error);
-/// True for the errors after which nobody knows whether the call was carried out.
+/// True where the call was not taken and not carried out: the other program refuses it, the user has given up
+/// waiting for it in this event, or another call is still under way.
+bool isRefused(const RuntimeError& error);
+/// True for the errors after which nobody knows whether the call was carried out: it was taken, and then the
+/// user gave up waiting for the answer or the other program went.
 bool isAnswerLost(const RuntimeError& error);
+/// True where the other program is there and does not answer: refused, or waiting given up.
+bool isNotAnswering(const RuntimeError& error);
 
 }  // namespace blattwart

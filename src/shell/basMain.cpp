@@ -33,8 +33,7 @@ bool basMain::Main() {
         showMainWindow();
         return true;
     } catch (const RuntimeError& error) {
-        platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok,
-                                MessageIcon::critical);
+        platform_.messages.reportError(error.description());
         return false;
     }
 }

@@ -113,7 +113,7 @@ void frmMain::run(const Command& command) {
 void frmMain::showPlaceholder(const Command& command) {
     const std::wstring text = command.item.empty() ? L"Schaltflächencode für '" + std::wstring(command.button)
                                                    : L"Code für '" + std::wstring(command.item) + L"_Click";
-    platform_.messages.show(text + L"' hinzufügen.", applicationTitle, MessageButtons::ok, MessageIcon::none);
+    platform_.messages.say(text + L"' hinzufügen.");
 }
 
 void frmMain::VisbibleMnuMenu() {

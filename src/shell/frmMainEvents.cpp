@@ -111,8 +111,7 @@ bool frmMain::isDropTarget() {
     if (!target) return false;
     const wchar_t kind = target->key().front();
     if (kind == L'A' || kind == L'B') return true;
-    platform_.messages.show(L"Objekte können nur in die Bibliothek eingefügt oder geladen werden!",
-                            applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
+    platform_.messages.warn(L"Objekte können nur in die Bibliothek eingefügt oder geladen werden!");
     return false;
 }
 

@@ -110,7 +110,7 @@ void frmMain::mnuCreate_Click() {
         if (selectedKind() == L"A") drawing = modules_->files.GetSelectedDrawingFile(true);
         modules_->tarvix.CreateLayout(drawing);
     } catch (const RuntimeError& error) {
-        platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok, MessageIcon::none);
+        platform_.messages.say(error.description());
     }
 }
 

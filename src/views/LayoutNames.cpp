@@ -12,12 +12,8 @@ std::wstring drawingPart(const std::wstring& fullName) {
 
 }  // namespace
 
-void LayoutNames::warn(const std::wstring& text) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
-}
-
 void LayoutNames::warnNotRenamed(const RuntimeError& error) {
-    warn(L"Das Layout kann nicht umbenannt werden!\n\n" + error.description());
+    platform_.messages.warn(L"Das Layout kann nicht umbenannt werden!\n\n" + error.description());
 }
 
 void LayoutNames::DeleteLayouts() {
@@ -28,7 +24,7 @@ void LayoutNames::DeleteLayouts() {
     if (drawingKey.starts_with(L'Z')) {
         for (const ListItem* item : list_.selectedItems()) keys.push_back(item->key());
         if (!keys.empty() && static_cast<int>(keys.size()) == list_.count()) {
-            warn(L"Das Löschen sämtlicher Layouts einer Zeichnung ist nicht zulässig!");
+            platform_.messages.warn(L"Das Löschen sämtlicher Layouts einer Zeichnung ist nicht zulässig!");
             return;
         }
     } else if (drawingKey.starts_with(L'L')) {
@@ -79,7 +75,7 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
     if (fromList ? !item : !node) return true;
     const std::wstring key = fromList ? item->key() : node->key();
     if (isTaken(fromList, key, newName)) {
-        warn(L"Bezeichnung ist bereits vergeben!");
+        platform_.messages.warn(L"Bezeichnung ist bereits vergeben!");
         return true;
     }
     if (autoCAD_.refusesControlCharacters(newName)) return true;

@@ -37,7 +37,6 @@ class LayoutNames {
     void RenameSelectedLayouts(const std::wstring& baseName, std::int16_t& counter);
 
   private:
-    void warn(const std::wstring& text);
     void warnNotRenamed(const RuntimeError& error);
     void deleteLayouts(const std::wstring& drawingKey, const std::vector<std::wstring>& keys);
     bool isTaken(bool fromList, const std::wstring& key, const std::wstring& newName) const;

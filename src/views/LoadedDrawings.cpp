@@ -16,8 +16,7 @@ void LoadedDrawings::ReadLoadedDrawings() {
         for (OpenDocument& open : *documents) readDrawing(open, activeName);
         RemoveStaleNodes();
     } catch (const RuntimeError&) {
-        messages_.show(L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!", applicationTitle,
-                       MessageButtons::ok, MessageIcon::critical);
+        messages_.reportError(L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!");
     }
 }
 

@@ -49,7 +49,7 @@ void TemplateCreation::CreateTemplateFromLayout(const std::wstring& newName) {
 
 bool TemplateCreation::isAcceptable(const std::wstring& newName) {
     if (newName.empty()) {
-        refuse(L"Bezeichnung der neuen Vorlage eingeben!");
+        platform_.messages.warn(L"Bezeichnung der neuen Vorlage eingeben!");
         return false;
     }
     const std::wstring file = newName + L".dwt";
@@ -58,14 +58,10 @@ bool TemplateCreation::isAcceptable(const std::wstring& newName) {
     });
     // A file not listed yet would leave the host waiting for an answer to its own question.
     if (listed || platform_.files.exists(records_.TemplateFolder + L"\\" + file)) {
-        refuse(L"Vorlage bereits vorhanden!");
+        platform_.messages.warn(L"Vorlage bereits vorhanden!");
         return false;
     }
     return true;
-}
-
-void TemplateCreation::refuse(const std::wstring& text) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
 }
 
 // Returns false when there is nothing to save or nothing was typed into the host.

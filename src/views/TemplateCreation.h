@@ -42,7 +42,6 @@ class TemplateCreation {
 
   private:
     bool isAcceptable(const std::wstring& newName);
-    void refuse(const std::wstring& text);
     bool saveLayoutAs(const std::wstring& file);
 
     NavigatorTree& tree_;

@@ -17,8 +17,7 @@ void TemplateLibrary::ReadTemplateFolder() {
         }
         RemoveStaleTemplates();
     } catch (const RuntimeError&) {
-        platform_.messages.show(L"Vorlagen-Ordner kann nicht gelesen werden!", applicationTitle,
-                                MessageButtons::ok, MessageIcon::critical);
+        platform_.messages.reportError(L"Vorlagen-Ordner kann nicht gelesen werden!");
     }
 }
 

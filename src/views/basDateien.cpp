@@ -13,15 +13,6 @@ basDateien::Selection basDateien::selection(bool fromList) const {
     throw RuntimeError(errorNumber::elementNotFound, L"Es ist nichts ausgewählt.");
 }
 
-bool basDateien::ask(const std::wstring& question) {
-    return platform_.messages.show(question, applicationTitle, MessageButtons::yesNo,
-                                   MessageIcon::question) == MessageAnswer::yes;
-}
-
-void basDateien::tell(const std::wstring& text, MessageIcon icon) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, icon);
-}
-
 void basDateien::makeActive(const host::Document& document) {
     autoCAD_.activate(document);
     hooks.ShowNodeStatus();
@@ -58,7 +49,7 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
 bool basDateien::switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout,
                                bool askFirst) {
     if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return true;
-    if (askFirst && !ask(chosen.text + L" zum aktiven Dokument machen?")) return false;
+    if (askFirst && !platform_.messages.ask(chosen.text + L" zum aktiven Dokument machen?")) return false;
     if (tree_.selectedKind() == L"Z" && !isLayout) tree_.view().selected()->setExpanded(true);
     const auto documents = autoCAD_.documentsNamed(drawing);
     for (const host::Document& document : documents) makeActive(document);
@@ -98,7 +89,7 @@ void basDateien::open(const std::wstring& file) {
     try {
         autoCAD_.gAcadDoc = autoCAD_.gAcadApp.Documents().Open(file);
     } catch (const RuntimeError& error) {
-        tell(file + L" kann nicht geöffnet werden!\n\n" + error.description(), MessageIcon::exclamation);
+        platform_.messages.warn(file + L" kann nicht geöffnet werden!\n\n" + error.description());
     }
 }
 
@@ -107,9 +98,9 @@ void basDateien::OpenTemplate(bool askFirst) {
         const Selection chosen = selection(tree_.selectedKind() == L"B");
         const std::wstring file = records_.TemplateRecords.Item(recordKey(chosen.key))->Gesamt;
         if (autoCAD_.documentsNamed(file).empty()) {
-            if (!askFirst || ask(chosen.text + L" öffnen?")) open(file);
+            if (!askFirst || platform_.messages.ask(chosen.text + L" öffnen?")) open(file);
         } else if (!askFirst) {
-            tell(chosen.text + L" ist bereits geladen!", MessageIcon::information);
+            platform_.messages.inform(chosen.text + L" ist bereits geladen!");
         }
         hooks.RefreshTree();
     });
@@ -139,12 +130,12 @@ void basDateien::SaveDrawing(bool saveAs) {
             return;
         }
         const std::wstring text = selection(fromList).text;
-        if (!ask(text + L" speichern?")) return;
+        if (!platform_.messages.ask(text + L" speichern?")) return;
         try {
             document.Save();
         } catch (const RuntimeError& error) {
-            tell(text + L" konnte nicht gespeichert werden!\n\n" + error.description(),
-                 MessageIcon::critical);
+            platform_.messages.reportError(text + L" konnte nicht gespeichert werden!\n\n" +
+                                           error.description());
         }
     });
 }
@@ -165,7 +156,7 @@ bool basDateien::OpenDroppedFile(const std::wstring& file) {
     // The records are asked, not the host: a drawing once listed counts as loaded, even closed. Required so.
     for (const auto& record : records_.DrawingRecords) {
         if (platform_.locale.upperCase(record->Gesamt) != upper) continue;
-        tell(record->Gesamt + L" ist bereits geladen!", MessageIcon::information);
+        platform_.messages.inform(record->Gesamt + L" ist bereits geladen!");
         return false;
     }
     open(file);

@@ -55,8 +55,6 @@ class basDateien {
     };
     /// The list's selected item or the tree's selected node. Throws element not found.
     Selection selection(bool fromList) const;
-    bool ask(const std::wstring& question);
-    void tell(const std::wstring& text, MessageIcon icon);
     /// Makes the document the active one, in AutoCAD and in the status line.
     void makeActive(const host::Document& document);
     bool switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout, bool askFirst);

@@ -63,20 +63,13 @@ class Application {
     }
 
     bool askGiveUp() {
-        const MessageAnswer answer =
-            messages_.show(L"AutoCAD ist beschäftigt und nimmt keine Befehle an. Weiter warten?",
-                           applicationTitle, MessageButtons::yesNo, MessageIcon::question);
-        return answer == MessageAnswer::no;
-    }
-
-    void report(const std::wstring& text) {
-        messages_.show(text, applicationTitle, MessageButtons::ok, MessageIcon::critical);
+        return !messages_.ask(L"AutoCAD ist beschäftigt und nimmt keine Befehle an. Weiter warten?");
     }
 
     Apartment apartment_;
     Win32MessageBoxes messages_;
     BusyHost busyHost_;
-    Guard guard_{busyHost_, [this](const std::wstring& text) { report(text); }};
+    Guard guard_{busyHost_, [this](const std::wstring& text) { messages_.reportError(text); }};
     ComAutomation automation_{busyHost_};
     Win32Registry registry_;
     Win32Settings settings_;
