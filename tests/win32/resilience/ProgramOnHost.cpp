@@ -7,8 +7,6 @@
 #include <sstream>
 
 #include "demo/host/Disk.h"
-#include "demo/mdb/Database.h"
-#include "demo/mdb/DefinitionTables.h"
 #include "ui/ControlHost.h"
 #include "win32/com/ComError.h"
 
@@ -72,7 +70,9 @@ const std::wstring HostProgram::database = temporaryFile(L"Tarvix.mdb");
 
 HostProgram::HostProgram() {
     registerAdo();
-    demo::mdb::writeDatabase(database, demo::mdb::startTables());
+    fs::remove(database);
+    if (runProgram(DATABASE_MAKER, L"/still \"" + database + L"\"") != 0)
+        throw std::runtime_error("the database cannot be made");
     runProgram(CADHOST, L"/register /silent");
 }
 
