@@ -32,7 +32,10 @@ def all_tests():
 
 
 def main():
-    wanted = re.compile(sys.argv[1])
+    try:
+        wanted = re.compile(sys.argv[1])
+    except re.error as error:
+        sys.exit(f"'{sys.argv[1]}' is no regular expression: {error}")
     for preset, program, case in all_tests():
         if wanted.search(program) or wanted.search(case):
             print(preset, program, case)
