@@ -42,14 +42,19 @@ class FaultSweep : public Operations {
         auto tables = demo::mdb::sampleTables();
         for (demo::mdb::Table& table : tables) table.rows.resize(1);
         useDatabase(tables);
-        presenter.inKopieren = [](frmKopieren& dialog) {
+        // Whoever is told that AutoCAD does not answer may try again; here he does not.
+        const auto start = [this](LayoutDialog& dialog) {
+            dialog.cmdStart.userClicks();
+            if (!presenter.dialog.closed) dialog.cmdCancel.userClicks();
+        };
+        presenter.inKopieren = [start](frmKopieren& dialog) {
             dialog.txtLayout.setText(L"Neu");
             dialog.txtAnzahl.setText(L"2");
-            dialog.cmdStart.userClicks();
+            start(dialog);
         };
-        presenter.inUmbenennen = [](frmUmbenennen& dialog) {
+        presenter.inUmbenennen = [start](frmUmbenennen& dialog) {
             dialog.txtLayout.setText(L"Neu");
-            dialog.cmdStart.userClicks();
+            start(dialog);
         };
         presenter.inInfo = [](frmInfo& dialog) {
             dialog.cmdSysInfo.userClicks();
