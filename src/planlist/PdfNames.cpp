@@ -11,6 +11,7 @@ namespace blattwart {
 namespace {
 
 constexpr std::size_t longestPath = 259;
+constexpr std::size_t longestName = 255;
 
 bool isForbidden(wchar_t c) {
     constexpr std::wstring_view forbidden = L"\"*/:<>?\\|";
@@ -68,8 +69,9 @@ PdfName nameFor(const PlanList::Place& place, const std::wstring& folder, std::w
     if (stem.empty()) return conflict(L"Dateiname leer");
     const std::wstring& target = folder.empty() ? drawing.folder : folder;
     if (target.empty()) return conflict(L"Bitte Ordner wählen");
-    std::wstring file = target + (target.ends_with(L'\\') ? L"" : L"\\") + stem + L".pdf";
-    if (file.size() > longestPath) return conflict(L"Pfad zu lang");
+    const std::wstring name = stem + L".pdf";
+    std::wstring file = target + (target.ends_with(L'\\') ? L"" : L"\\") + name;
+    if (file.size() > longestPath || name.size() > longestName) return conflict(L"Pfad zu lang");
     return {row.number, std::move(file), {}};
 }
 
