@@ -37,7 +37,7 @@ std::vector<MemberSlot<ApplicationObject>> ApplicationObject::windowMembers() {
         property(0x10, L"Visible", &Self::visible, &Self::putVisible),
         property(0x13, L"WindowState", &Self::windowState, &Self::putWindowState),
         property(0x28, L"HWND", &Self::window),
-        wideOnly(property(0x29, L"HWND32", &Self::window32)),
+        shortId(property(0x29, L"HWND32", &Self::window32)),
     };
 }
 

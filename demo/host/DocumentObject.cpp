@@ -25,7 +25,7 @@ std::vector<MemberSlot<DocumentObject>> DocumentObject::members() {
         method(0x2E, L"SetVariable", &Self::setVariable, 2),
         method(0x32, L"HandleToObject", &Self::handleToObject, 1),
         method(0x33, L"ObjectIdToObject", &Self::objectIdToObject, 1),
-        wideOnly(method(0x47, L"ObjectIdToObject32", &Self::objectIdToObject32, 1)),
+        shortId(method(0x47, L"ObjectIdToObject32", &Self::objectIdToObject32, 1)),
         method(0x3B, L"SendCommand", &Self::sendCommand, 1),
     };
     for (const auto& slot : fileMembers()) slots.push_back(slot);
@@ -41,7 +41,7 @@ std::vector<MemberSlot<DocumentObject>> DocumentObject::fileMembers() {
         property(0x26, L"ReadOnly", &Self::readOnly),
         property(0x27, L"Saved", &Self::saved),
         property(0x3D, L"HWND", &Self::window),
-        wideOnly(property(0x46, L"HWND32", &Self::window32)),
+        shortId(property(0x46, L"HWND32", &Self::window32)),
         property(0x3F, L"Active", &Self::active),
         method(0x36, L"Activate", &Self::activate),
         method(0x37, L"Close", &Self::close, 0, 2),

@@ -43,8 +43,8 @@ class DrawingPart : public HostPart {
             method<Self>(0x404, L"Delete", &Self::remove),
             property<Self>(0x405, L"ObjectID", &Self::objectId),
             property<Self>(0x408, L"OwnerID", &Self::ownerId),
-            wideOnly(property<Self>(0x476, L"ObjectID32", &Self::objectId32)),
-            wideOnly(property<Self>(0x477, L"OwnerID32", &Self::ownerId32)),
+            shortId(property<Self>(0x476, L"ObjectID32", &Self::objectId32)),
+            shortId(property<Self>(0x477, L"OwnerID32", &Self::ownerId32)),
         };
         own.insert(own.end(), inherited.begin(), inherited.end());
         return own;

@@ -3,8 +3,7 @@
 namespace blattwart {
 
 bool isSilence(const RuntimeError& error) {
-    return isGone(error) || error.number() == hresult::callCanceled ||
-           error.number() == hresult::callRejected || error.number() == hresult::retryLater;
+    return isGone(error) || isNotAnswering(error);
 }
 
 PlanDrawing openDrawing(const host::Document& document) {

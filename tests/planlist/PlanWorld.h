@@ -64,7 +64,8 @@ class PlanWorld {
     demo::CallRecorder calls{demo};
     TestPlatform world{calls};
     NavigatorRecords records;
-    basAutoCAD autoCAD{world.platform, records};
+    NavigatorEvents events;
+    basAutoCAD autoCAD{world.platform, records, events};
     PlanList plan{world.locale};
     PlanReader reader{autoCAD, world.platform, plan};
     PlanUndo undo;
