@@ -7,8 +7,7 @@
 
 #include "demo/ado/Ado.h"
 #include "demo/host/CallRecorder.h"
-#include "demo/mdb/Database.h"
-#include "demo/mdb/DefinitionTables.h"
+#include "demo/samples/SampleDatabase.h"
 #include "host/Application.h"
 #include "program/FakeWindow.h"
 #include "shell/basMain.h"
@@ -70,7 +69,8 @@ struct BenchProgram::World {
 BenchProgram::BenchProgram(Automation& host, const std::filesystem::path& folder, Wire wire)
     : world_(std::make_unique<World>(host)), wire_(std::move(wire)) {
     const std::filesystem::path file = folder / "Tarvix.mdb";
-    demo::mdb::writeDatabase(file, demo::mdb::sampleTables());
+    std::filesystem::remove(file);
+    demo::makeDatabase(file.wstring());
     world_->platform.registry.storeText(RegistryRoot::localMachine, "SOFTWARE\\Ormeda\\Tarvix 2.1", "DefDB",
                                         file.string());
     world_->platform.files.addFolder(L"C:\\Vorlagen");
@@ -106,6 +106,23 @@ Cost BenchProgram::start() {
 Cost BenchProgram::refresh() {
     world_->tree().userClicks(world_->tree().node(L"B"));
     return measure([this] { world_->program.views->RefreshTree(); });
+}
+
+Cost BenchProgram::pressF5() {
+    world_->tree().userClicks(world_->tree().node(L"B"));
+    return measure([this] { world_->program.fMainForm->item(L"mnuViewRefresh").click(); });
+}
+
+Cost BenchProgram::comeBack() {
+    world_->tree().userClicks(world_->tree().node(L"B"));
+    frmMain& form = *world_->program.fMainForm;
+    return measure([&] {
+        world_->platform.desktop.foregroundWindow = 1;
+        form.ctlTimer_Timer();
+        world_->platform.desktop.foregroundWindow = test::FakeWindow::ownHandle;
+        form.Form_Activate();
+        form.ctlTimer_Timer();
+    });
 }
 
 Cost BenchProgram::clickDrawing() {

@@ -44,7 +44,7 @@ Value BlockObject::count() {
 
 Value BlockObject::item(Arguments arguments) {
     const CollectionIndex index = collectionIndex(arguments[0].value(), options().language);
-    const Objects& entities = block().entities;
+    const auto& entities = block().entities;
     const std::int64_t position = index.position.value_or(-1);
     if (position < 0 || position >= static_cast<std::int64_t>(entities.size())) {
         throw failure(hostError::invalidInput);
@@ -53,7 +53,7 @@ Value BlockObject::item(Arguments arguments) {
 }
 
 Value BlockObject::name() {
-    return block().name();
+    return block().name;
 }
 
 Value BlockObject::isLayout() {
@@ -61,7 +61,7 @@ Value BlockObject::isLayout() {
 }
 
 Value BlockObject::layout() {
-    const Layout* found = drawing().layoutOfBlock(handle());
+    const Layout* found = block().layout;
     if (!found) throw failure(hostError::keyNotFound);
     return make<LayoutObject>(found->handle());
 }

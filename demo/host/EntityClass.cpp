@@ -47,7 +47,7 @@ EntityClass blockReferenceClass(const Drawing& drawing, const Object& object) {
     constexpr std::int64_t externalReference = 4;
     if (object.integer(70, 1) > 1 || object.integer(71, 1) > 1) return {L"AcDbMInsertBlock", 38};
     const Block* block = drawing.findBlock(object.text(2));
-    const bool external = block && (block->begin->integer(70) & externalReference) != 0;
+    const bool external = block && (block->integer(70) & externalReference) != 0;
     return {L"AcDbBlockReference", external ? 42 : 7};
 }
 

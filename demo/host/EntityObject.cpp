@@ -120,8 +120,8 @@ std::vector<MemberSlot<BlockReferenceObject>> BlockReferenceObject::placementMem
 
 const Block* BlockReferenceObject::dynamicBlock() const {
     const Block* block = drawing().findBlock(object().text(2));
-    if (!block || !block->record) return nullptr;
-    for (const XDataItem& item : block->record->xdata(L"AcDbBlockRepBTag")) {
+    if (!block) return nullptr;
+    for (const XDataItem& item : block->xdata(L"AcDbBlockRepBTag")) {
         if (item.code != 1005) continue;
         const auto definition = parseHandle(std::get<std::wstring>(item.value));
         return definition ? drawing().findBlock(*definition) : nullptr;
@@ -135,7 +135,7 @@ Value BlockReferenceObject::name() {
 
 Value BlockReferenceObject::effectiveName() {
     const Block* definition = dynamicBlock();
-    return definition ? definition->name() : object().text(2);
+    return definition ? definition->name : object().text(2);
 }
 
 Value BlockReferenceObject::isDynamicBlock() {

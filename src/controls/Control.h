@@ -65,7 +65,6 @@ class StatusBar : public Control {
   public:
     const std::wstring& panelText(int panel) const { return panels_.at(panel - 1); }
     void setPanelText(int panel, std::wstring text) { change(panels_.at(panel - 1), std::move(text)); }
-    int panelCount() const { return static_cast<int>(panels_.size()); }
 
   private:
     std::vector<std::wstring> panels_ = std::vector<std::wstring>(2);

@@ -1,10 +1,11 @@
 #include <windows.h>
 
 #include <commctrl.h>
-#include <ole2.h>
 
 #include "platform/RuntimeError.h"
 #include "shell/basMain.h"
+#include "win32/base/LibrarySearch.h"
+#include "win32/com/Apartment.h"
 #include "win32/com/ComAutomation.h"
 #include "win32/com/HostCaller.h"
 #include "win32/platform/Win32Desktop.h"
@@ -24,30 +25,6 @@
 namespace blattwart {
 
 namespace {
-
-/// Libraries come from the system's folder only, never from the working folder or beside the program.
-void hardenLibrarySearch() {
-    using SetDirectories = BOOL WINAPI(DWORD);
-    constexpr DWORD searchSystem32 = 0x00000800;
-    SetDllDirectoryW(L"");
-    const auto setDirectories = reinterpret_cast<SetDirectories*>(
-        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories"));
-    if (setDirectories) setDirectories(searchSystem32);
-}
-
-/// The single-threaded apartment that the automation objects live in.
-class Apartment {
-  public:
-    Apartment() : result_(OleInitialize(nullptr)) {}
-    ~Apartment() {
-        if (SUCCEEDED(result_)) OleUninitialize();
-    }
-    Apartment(const Apartment&) = delete;
-    Apartment& operator=(const Apartment&) = delete;
-
-  private:
-    HRESULT result_;
-};
 
 /// The program on Windows.
 class Application {

@@ -291,8 +291,7 @@ TEST_F(Library, DefinitionDatabaseInAllItsStates) {
     EXPECT_EQ(tree().node(L"B").children().size(), 2U);
 
     // The user's own folder, written with a backslash at its end, is the same folder.
-    useDatabase(
-        {demo::mdb::typesTable({{1, L"Vorlagen", L"C:\\Vorlagen\\", Null{}}}), demo::mdb::blocksTable()});
+    useDatabase(L"DELETE FROM Typen; INSERT INTO Typen VALUES (1, 'Vorlagen', 'C:\\Vorlagen\\', NULL);");
     refresh();
     EXPECT_EQ(main->records.TemplateFolder, L"C:\\Vorlagen");
     EXPECT_EQ(tree().node(L"B").children().size(), 2U);
@@ -304,7 +303,7 @@ TEST_F(Library, DefinitionDatabaseInAllItsStates) {
     EXPECT_EQ(tree().node(L"B").children().size(), 2U);
 
     world.messages.clear();
-    useDatabase({demo::mdb::typesTable(), demo::mdb::blocksTable()});
+    useDatabase(L"DELETE FROM Typen;");
     refresh();
     EXPECT_EQ(world.messages.texts(), std::vector<std::wstring>{folderFailed});
 }

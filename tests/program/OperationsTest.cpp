@@ -77,6 +77,10 @@ TEST_F(DocumentOperations, AskAndGoWhereTheAnswerLeads) {
             click(c.node);
             if (*c.listItem) selectInList({c.listItem});
             if (*c.question) world.messages.answer(answer);
+            world.desktop.log.clear();
+            world.messages.whileOpen = [this](const ShownBox&) {
+                EXPECT_TRUE(world.desktop.log.empty()) << "a question would lie behind AutoCAD";
+            };
             if (*c.item) {
                 choose(c.item);
             } else {

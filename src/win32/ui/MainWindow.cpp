@@ -162,7 +162,11 @@ std::optional<LRESULT> MainWindow::handleFrame(UINT message, WPARAM wParam, LPAR
             painted();
             return 0;
         case WM_ACTIVATE:
-            activated(LOWORD(wParam) != WA_INACTIVE, reinterpret_cast<HWND>(lParam));
+            if (LOWORD(wParam) == WA_INACTIVE) {
+                deactivated();
+            } else {
+                activated(reinterpret_cast<HWND>(lParam));
+            }
             return 0;
         case WM_SETFOCUS:
             focusPane();
@@ -270,14 +274,14 @@ void MainWindow::painted() {
     gate_.run([this] { form_.Form_Paint(); });
 }
 
-void MainWindow::activated(bool active, HWND other) {
-    if (!active) {
-        const HWND focus = GetFocus();
-        if (controls_->isTree(focus) || controls_->isList(focus)) focus_ = focus;
-        return;
-    }
+void MainWindow::deactivated() {
+    const HWND focus = GetFocus();
+    if (controls_->isTree(focus) || controls_->isList(focus)) focus_ = focus;
+}
+
+void MainWindow::activated(HWND before) {
     focusPane();
-    if (shown_ && !isOurs(other)) gate_.post([this] { form_.Form_Activate(); });
+    if (shown_ && !isOurs(before)) gate_.post([this] { form_.Form_Activate(); });
 }
 
 /// Gives the keyboard to the pane that had it last. A minimised window keeps it for itself: nobody sees what

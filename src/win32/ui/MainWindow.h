@@ -49,7 +49,8 @@ class MainWindow : public FormWindow {
 
     void resized(WPARAM kind);
     void painted();
-    void activated(bool active, HWND other);
+    void activated(HWND before);
+    void deactivated();
     void focusPane() const;
     void ticked();
     void closing();

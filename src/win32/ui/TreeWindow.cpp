@@ -32,11 +32,14 @@ COLORREF colorOf(SystemColor color) {
     return GetSysColor(color == SystemColor::appWorkspace ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT);
 }
 
-/// Place of a row, or of its label only; nothing while it cannot be seen.
-std::optional<RECT> placeOf(HWND tree, HTREEITEM item, bool labelOnly) {
+enum class RowPart { all = FALSE, label = TRUE };
+
+/// Place of a row or its label; nothing while it cannot be seen.
+std::optional<RECT> placeOf(HWND tree, HTREEITEM item, RowPart part) {
     RECT place{};
     std::memcpy(&place, &item, sizeof(void*));  // the message takes the item where it puts the answer
-    if (!item || !SendMessageW(tree, TVM_GETITEMRECT, labelOnly, reinterpret_cast<LPARAM>(&place)))
+    if (!item ||
+        !SendMessageW(tree, TVM_GETITEMRECT, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(&place)))
         return std::nullopt;
     return place;
 }
@@ -132,7 +135,7 @@ void TreeWindow::nodeChanged(const TreeNode& node) {
     look.stateMask = TVIS_BOLD;
     look.state = node.bold() ? TVIS_BOLD : 0;
     TreeView_SetItem(handle(), &look);
-    if (const auto row = placeOf(handle(), changed, false)) InvalidateRect(handle(), &*row, TRUE);
+    if (const auto row = placeOf(handle(), changed, RowPart::all)) InvalidateRect(handle(), &*row, TRUE);
     showExpansion(node);
 }
 
@@ -213,7 +216,7 @@ POINT TreeWindow::contextMenuAt(POINT screen) {
 
 POINT TreeWindow::contextMenuByKey() const {
     POINT place{0, 0};
-    if (const auto label = placeOf(handle(), TreeView_GetSelection(handle()), true))
+    if (const auto label = placeOf(handle(), TreeView_GetSelection(handle()), RowPart::label))
         place = {label->left, label->bottom};
     ClientToScreen(handle(), &place);
     return place;

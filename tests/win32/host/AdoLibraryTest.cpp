@@ -3,8 +3,6 @@
 #include <filesystem>
 
 #include "com/Client.h"
-#include "demo/mdb/Database.h"
-#include "demo/mdb/DefinitionTables.h"
 
 namespace blattwart {
 namespace {
@@ -17,7 +15,8 @@ class AdoLibrary : public testing::Test {
         const auto enter =
             reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(GetProcAddress(library, "DllRegisterServer"));
         EXPECT_EQ(enter(), S_OK);
-        demo::mdb::writeDatabase(file_, demo::mdb::sampleTables());
+        std::filesystem::remove(file_);
+        EXPECT_EQ(runProgram(DATABASE_MAKER, L"/still \"" + file_ + L"\""), 0U);
     }
 
     ObjectPtr connect(const std::wstring& file) {
@@ -43,6 +42,16 @@ class AdoLibrary : public testing::Test {
     Client client_{std::chrono::milliseconds(1)};
     const std::wstring file_ = temporaryFile(L"Tarvix.mdb");
 };
+
+TEST_F(AdoLibrary, ReadsWhatTheProgramForItHasMade) {
+    const ObjectPtr connection = connect(file_);
+    connection->call({L"Connection", L"Execute"}, {Value(L"UPDATE Typen SET typ = 'Straße für 5 €'")});
+    const ObjectPtr rows = open(connection, L"select * from Typen");
+    EXPECT_EQ(cell(rows, L"TypenId"), Value(1));
+    EXPECT_EQ(cell(rows, L"typ"), Value(L"Straße für 5 €"));
+    EXPECT_TRUE(cell(rows, L"Verzeichnis").isNull());
+    EXPECT_EQ(cell(rows, L"Info"), Value(L"Zeichnungsvorlagen"));
+}
 
 TEST_F(AdoLibrary, FailsWithTextsOfItsOwn) {
     try {

@@ -6,9 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "demo/dxf/Drawing.h"
-#include "demo/mdb/Database.h"
-#include "demo/mdb/DefinitionTables.h"
+#include "demo/host/Disk.h"
 #include "ui/ControlHost.h"
 #include "win32/com/ComError.h"
 
@@ -28,7 +26,7 @@ void writeDrawing(const std::wstring& file, const std::vector<std::wstring>& lay
     for (demo::Layout* layout : first)
         if (!layout->isModel()) drawing.deleteLayout(*layout);
     drawing.setCurrentLayout(*drawing.findLayout(layouts.front()));
-    drawing.saveFile(file);
+    demo::Disk().save(drawing, file);
 }
 
 void writeFiles() {
@@ -72,7 +70,9 @@ const std::wstring HostProgram::database = temporaryFile(L"Tarvix.mdb");
 
 HostProgram::HostProgram() {
     registerAdo();
-    demo::mdb::writeDatabase(database, demo::mdb::startTables());
+    fs::remove(database);
+    if (runProgram(DATABASE_MAKER, L"/still \"" + database + L"\"") != 0)
+        throw std::runtime_error("the database cannot be made");
     runProgram(CADHOST, L"/register /silent");
 }
 

@@ -115,6 +115,7 @@ TEST_F(DialogTest, BeginsInTheNewNameAndIsWalkedThroughByTab) {
             press(VK_TAB);
             EXPECT_EQ(focused(), id);
         }
+        EXPECT_TRUE(SendMessageW(dialog, WM_GETICON, ICON_SMALL, 0));
         type(IDC_ANZAHL, L"");
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDOK)));
         LOGFONTW shown{};
