@@ -119,6 +119,10 @@ TEST(Win32FilesTest, ListsNormalFilesOnly) {
     EXPECT_THROW(files.list(folder + L"\\fehlt\\*.*"), RuntimeError);
     EXPECT_TRUE(files.exists(folder + L"\\PLAN.DWT"));
     EXPECT_FALSE(files.exists(folder + L"\\Ordner.dwt"));
+    const std::wstring shortened = files.shortPath(folder + L"\\Plan.dwt");
+    EXPECT_EQ(shortened.find(L' '), std::wstring::npos);
+    EXPECT_TRUE(shortened.empty() || files.exists(shortened));
+    EXPECT_EQ(files.shortPath(folder + L"\\fehlt.dwt"), L"");
     files.remove(folder + L"\\Plan.dwt");
     EXPECT_FALSE(files.exists(folder + L"\\Plan.dwt"));
     EXPECT_THROW(files.remove(folder + L"\\Plan.dwt"), RuntimeError);
