@@ -16,9 +16,8 @@ cadhost=build/win64/demo/cadhost/cadhost.exe
 in_session() { WINE_RUN_SECONDS=0 tests/win32/wine-run.sh --in "$session" "$@"; }
 
 build_demonstration() {
-    [ -f build/native/build.ninja ] || cmake --preset native || return
     [ -f build/win64/build.ninja ] || cmake --preset win64 || return
-    cmake --build --preset native --target mkmdb && cmake --build --preset win64 --target Blattwart cadhost adostandin
+    cmake --build --preset win64 --target Blattwart DatenbankAnlegen cadhost adostandin
 }
 
 make_samples() {
@@ -27,9 +26,14 @@ make_samples() {
         say "Writing the sample drawings"
         { /usr/bin/python3 demo/samples/make_samples.py build/samples && touch "$stamp"; } || return
     fi
-    if [ ! build/samples/Tarvix.mdb -nt build/native/demo/mdb/mkmdb ]; then
-        build/native/demo/mdb/mkmdb build/samples/Tarvix.mdb
-    fi
+}
+
+# Makes the database in the session, as an office makes its own, and gives it the rows of the demonstration.
+make_database() {
+    local file=build/samples/Tarvix.mdb rows=demo/samples/Tarvix.sql
+    [ "$file" -nt "$rows" ] && return
+    rm -f "$file"
+    in_session 'build/win64/src/win32/Datenbank anlegen.exe' /still "$samples\\Tarvix.mdb" && sqlite3 "$file" <"$rows"
 }
 
 start_session() {
@@ -37,7 +41,7 @@ start_session() {
     KEEP_DISPLAY=${DISPLAY:+1} tests/win32/wine-run.sh --resume "$session" || return
     ln -sfn "$PWD/build/samples" "$session/prefix/drive_c/Beispiele"
     in_session "$cadhost" /register /templates "$samples\\Vorlagen" &&
-        in_session regsvr32 /s "Z:${library//\//\\}" &&
+        in_session regsvr32 /s "Z:${library//\//\\}" && make_database &&
         in_session reg add 'HKLM\SOFTWARE\Ormeda\Tarvix 2.1' /v DefDB /d "$samples\\Tarvix.mdb" /f >/dev/null
 }
 

@@ -85,6 +85,8 @@ constexpr std::array table{
             .toolTip = L"Details anzeigen", .pop = L"popListViewMode*(3)"},
     Command{.item = L"mnuViewRefresh", .menu = MenuId::view, .caption = L"&Aktualisieren",
             .run = &frmMain::mnuViewRefresh_Click, .shortcut = key(Shortcut::f5), .separatorBefore = true},
+    Command{.item = L"mnuViewRebuild", .menu = MenuId::view, .caption = L"&Baum neu aufbauen",
+            .run = &frmMain::mnuViewRebuild_Click, .shortcut = {Shortcut::f5, true}},
 
     Command{.item = L"mnuActive", .menu = MenuId::layout, .caption = L"Ak&tivieren",
             .run = &frmMain::mnuActive_Click, .enabling = Enabling::notActive, .kinds = kindZ | kindL,

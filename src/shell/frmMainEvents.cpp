@@ -43,7 +43,7 @@ void frmMain::tvTreeView_NodeClick() {
 }
 
 void frmMain::showStateOfSelection() {
-    modules_->ShowNodeStatus();
+    modules_->events.ShowNodeStatus();
     VisbibleMnuMenu();
 }
 
@@ -86,16 +86,17 @@ bool frmMain::listShowsDetails() const {
 }
 
 void frmMain::popUpContextMenu(const Control& opener) {
-    handle([this] { VisbibleMnuMenu(); });
-    const std::wstring kind = selectedKind();
-    if (kind.empty()) return;
-    MenuItem& menu = kind == L"B" || kind == L"D" ? popupTemplateMenu
-                     : kind == L"L"               ? popupLayoutMenu
-                                                  : popupDrawingMenu;
-    // A double click in the list, or on a root, only moves in the tree.
-    menu.items().front()->setDefault(&opener == &tvTreeView && kind != L"A" && kind != L"B");
-    // The menu runs what was chosen when it has closed, so it pops up outside of any handling.
-    window_->popUpMenu(menu);
+    handle([&] {
+        VisbibleMnuMenu();
+        const std::wstring kind = selectedKind();
+        if (kind.empty()) return;
+        MenuItem& menu = kind == L"B" || kind == L"D" ? popupTemplateMenu
+                         : kind == L"L"               ? popupLayoutMenu
+                                                      : popupDrawingMenu;
+        // A double click in the list, or on a root, only moves in the tree.
+        menu.items().front()->setDefault(&opener == &tvTreeView && kind != L"A" && kind != L"B");
+        window_->popUpMenu(menu);
+    });
 }
 
 void frmMain::OpenListItem() {

@@ -39,17 +39,21 @@ class FaultSweep : public Operations {
         const auto fails = [this](std::wstring_view call) { return calls.strikes(call); };
         world.registry.fails = world.files.fails = world.settings.fails = fails;
         // As few rows as show everything.
-        auto tables = demo::mdb::sampleTables();
-        for (demo::mdb::Table& table : tables) table.rows.resize(1);
-        useDatabase(tables);
-        presenter.inKopieren = [](frmKopieren& dialog) {
+        useDatabase(std::wstring(demo::sampleRows()) +
+                    L"DELETE FROM Typen WHERE TypenId > 1; DELETE FROM Bloecke WHERE blockId > 1;");
+        // Whoever is told that AutoCAD does not answer may try again; here he does not.
+        const auto start = [this](LayoutDialog& dialog) {
+            dialog.cmdStart.userClicks();
+            if (!presenter.dialog.closed) dialog.cmdCancel.userClicks();
+        };
+        presenter.inKopieren = [start](frmKopieren& dialog) {
             dialog.txtLayout.setText(L"Neu");
             dialog.txtAnzahl.setText(L"2");
-            dialog.cmdStart.userClicks();
+            start(dialog);
         };
-        presenter.inUmbenennen = [](frmUmbenennen& dialog) {
+        presenter.inUmbenennen = [start](frmUmbenennen& dialog) {
             dialog.txtLayout.setText(L"Neu");
-            dialog.cmdStart.userClicks();
+            start(dialog);
         };
         presenter.inInfo = [](frmInfo& dialog) {
             dialog.cmdSysInfo.userClicks();

@@ -8,7 +8,7 @@
 #include "demo/ado/Ado.h"
 #include "demo/host/CallRecorder.h"
 #include "demo/host/DemoAutomation.h"
-#include "demo/mdb/DefinitionTables.h"
+#include "demo/samples/SampleDatabase.h"
 #include "FakeWindow.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
@@ -29,7 +29,7 @@ class TemporaryFolder {
     std::filesystem::path path_;
 };
 
-/// The whole program between the demonstration host, a genuine database file and a world of fakes. The test
+/// The whole program between the demonstration host, a database file and a world of fakes. The test
 /// plays the user. The host runs unless the test ends it; the database holds the demonstration's tables; the
 /// library is C:\Vorlagen with Plan A3.dwt and Rahmen.dwg.
 class Program : public testing::Test {
@@ -43,6 +43,7 @@ class Program : public testing::Test {
     ListView& list() { return form().lvListView; }
     demo::Host& host() { return *demo.host(); }
     std::wstring status() { return form().sbStatusBar.panelText(1); }
+    std::wstring hint() { return form().sbStatusBar.panelText(2); }
 
     /// The tree as text, one node a line: indented, key, text, "*" bold, "<" selected.
     std::wstring treeText();
@@ -50,9 +51,14 @@ class Program : public testing::Test {
     void refresh() { main->views->RefreshTree(); }
     /// The user goes to another program and comes back; the watchdog looks at both.
     void leaveAndReturn();
+    void leave() {
+        world.desktop.foregroundWindow = 1;
+        form().ctlTimer_Timer();
+    }
     /// The user chooses a menu item, if it is enabled.
     void choose(std::wstring_view item);
-    void useDatabase(const std::vector<demo::mdb::Table>& tables);
+    /// From now on the database is a new one, changed by these SQL statements.
+    void useDatabase(std::wstring_view statements);
 
     static constexpr const char* registryKey = "SOFTWARE\\Ormeda\\Tarvix 2.1";
 

@@ -14,7 +14,6 @@ namespace {
 
 constexpr int firstMenuCommand = 0x2000;
 constexpr UINT_PTR timerId = 1;
-constexpr std::int32_t busyShownAfter = 1000;  // milliseconds
 
 void registerWindowClass(WNDPROC procedure) {
     WNDCLASSEXW description{};
@@ -50,8 +49,8 @@ bool isInMenuOrMove() {
 
 }  // namespace
 
-MainWindow::MainWindow(frmMain& form, Guard& guard, const Automation& automation)
-    : form_(form), gate_(guard, automation), menu_(form.menuBar, firstMenuCommand, Menu(CreateMenu())) {
+MainWindow::MainWindow(frmMain& form, Guard& guard, Gate& gate)
+    : form_(form), gate_(guard, gate), menu_(form.menuBar, firstMenuCommand, Menu(CreateMenu())) {
     registerWindowClass(procedure);
     if (!create()) throwSystemError();
     gate_.setWindow(window_);
@@ -126,10 +125,6 @@ void MainWindow::close() {
 void MainWindow::popUpMenu(MenuItem& menu) {
     const MenuItem* chosen = chooseFromMenu(window_, menu, menuPlace_);
     if (chosen && chosen->click) gate_.post(chosen->click);
-}
-
-void MainWindow::showBusy(std::int32_t milliseconds) {
-    showWork(milliseconds < busyShownAfter ? L"" : L"AutoCAD ist beschäftigt");
 }
 
 void MainWindow::showWork(const std::wstring& text) {

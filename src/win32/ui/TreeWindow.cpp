@@ -303,7 +303,7 @@ void TreeWindow::beginDrag(const TreeNode& dragged) {
         TreeNode* node = tree_.find(key);
         if (!node) return;
         if (node != tree_.selected()) tree_.userClicks(*node);
-        if (tree_.dragAutomatic() && GetKeyState(VK_LBUTTON) < 0) dragText(key);
+        if (tree_.dragAutomatic() && GetKeyState(VK_LBUTTON) < 0) gate_.hold([&] { dragText(key); });
     });
 }
 

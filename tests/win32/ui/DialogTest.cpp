@@ -83,9 +83,8 @@ class DialogTest : public testing::Test {
     NoAutomation automation;
     TestPlatform world{automation};
     Win32MessageBoxes realBoxes;
-    BusyHost busyHost;
-    Guard guard{busyHost, {}};
-    Win32FormPresenter presenter{guard, automation};
+    Guard guard{{}};
+    Win32FormPresenter presenter{guard, world.gate};
     basMain program{world.platform, presenter};
     HWND dialog = nullptr;
 

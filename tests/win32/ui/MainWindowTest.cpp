@@ -95,9 +95,8 @@ class MainWindowTest : public testing::Test {
 
     NoAutomation automation;
     TestPlatform world{automation};
-    BusyHost busyHost;
-    Guard guard{busyHost, {}};
-    Win32FormPresenter presenter{guard, automation};
+    Guard guard{{}};
+    Win32FormPresenter presenter{guard, world.gate};
     basMain program{world.platform, presenter};
 };
 
@@ -227,9 +226,10 @@ TEST_F(MainWindowTest, KeysReachCommandsAndPanes) {
     form().item(L"mnuViewRefresh").click = [&] { ++refreshed; };
     EXPECT_TRUE(translated(VK_F5));
     EXPECT_EQ(refreshed, 1);
-    automation.pending = true;
-    EXPECT_TRUE(translated(VK_F5));
-    automation.pending = false;
+    {
+        const Gate::Call call(world.gate);
+        EXPECT_TRUE(translated(VK_F5));
+    }
     EXPECT_EQ(refreshed, 1) << "not while a call is pending";
     form().tvTreeView.startLabelEdit(L"Name");
     EXPECT_FALSE(translated(VK_F5)) << "not while a label is edited";
@@ -316,9 +316,10 @@ TEST_F(MainWindowTest, TheWatchdogStepsAside) {
     SetCapture(tree());
     EXPECT_FALSE(ticks()) << "in a drag";
     ReleaseCapture();
-    automation.pending = true;
-    EXPECT_FALSE(ticks()) << "in a call";
-    automation.pending = false;
+    {
+        const Gate::Call call(world.gate);
+        EXPECT_FALSE(ticks()) << "in a call";
+    }
     EXPECT_TRUE(ticks());
 }
 

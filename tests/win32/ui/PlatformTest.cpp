@@ -13,6 +13,7 @@
 #include "win32/platform/Win32Locale.h"
 #include "win32/platform/Win32MessageBoxes.h"
 #include "win32/platform/Win32Process.h"
+#include "win32/platform/Win32ReadingWatch.h"
 #include "win32/platform/Win32Registry.h"
 #include "win32/platform/Win32Settings.h"
 #include "win32/ui/Dpi.h"
@@ -118,6 +119,10 @@ TEST(Win32FilesTest, ListsNormalFilesOnly) {
     EXPECT_THROW(files.list(folder + L"\\fehlt\\*.*"), RuntimeError);
     EXPECT_TRUE(files.exists(folder + L"\\PLAN.DWT"));
     EXPECT_FALSE(files.exists(folder + L"\\Ordner.dwt"));
+    const std::wstring shortened = files.shortPath(folder + L"\\Plan.dwt");
+    EXPECT_EQ(shortened.find(L' '), std::wstring::npos);
+    EXPECT_TRUE(shortened.empty() || files.exists(shortened));
+    EXPECT_EQ(files.shortPath(folder + L"\\fehlt.dwt"), L"");
     files.remove(folder + L"\\Plan.dwt");
     EXPECT_FALSE(files.exists(folder + L"\\Plan.dwt"));
     EXPECT_THROW(files.remove(folder + L"\\Plan.dwt"), RuntimeError);
@@ -285,6 +290,23 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     EXPECT_EQ(desktop.foreground(), windowHandle(host.window()));
     ShowWindow(host.window(), SW_HIDE);
     EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), 0) << "still hidden";
+}
+
+TEST(ReadingWatch, EscEndsAReadingAlsoWhileACallWaits) {
+    Win32ReadingWatch watch({});
+    const MSG escape{nullptr, WM_KEYDOWN, VK_ESCAPE, 0, 0, {}};
+    const MSG other{nullptr, WM_KEYDOWN, VK_RETURN, 0, 0, {}};
+    EXPECT_FALSE(watch.takeInput(escape));
+    for (const bool taken : {true, false}) {
+        watch.begin(L"");
+        EXPECT_FALSE(watch.takeInput(other));
+        if (taken) {
+            EXPECT_TRUE(watch.takeInput(escape));
+        }
+        EXPECT_EQ(watch.goOn(), !taken);
+        watch.end();
+    }
+    EXPECT_FALSE(watch.takeInput(escape));
 }
 
 }  // namespace
