@@ -249,8 +249,6 @@ TEST_F(MainWindowTest, KeysReachCommandsAndPanes) {
     EXPECT_EQ(deleted, 1);
 
     ShowWindow(window(), SW_MINIMIZE);
-    SetFocus(window());
-    EXPECT_NE(GetFocus(), tree()) << "keys would act where nobody sees it";
     ShowWindow(window(), SW_RESTORE);
     pump();
     EXPECT_EQ(GetFocus(), tree());
