@@ -279,6 +279,7 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     pump();
     EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), windowHandle(ours)) << "before others, wherever it lies";
     DestroyWindow(ours);
+    UnregisterClassW(mainWindowClass, nullptr);
     EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), windowHandle(host.window()));
     ShowWindow(host.window(), SW_MINIMIZE);
     pumpFor(50);
