@@ -4,12 +4,12 @@
 # instructions ACTION OPERATION SIZE: the program's own, without host and database, for the operation of the session on
 # so many drawings or layouts.
 instructions() {
-    local left toggles=("--toggle-collect=blattwart::bench::Session::$2()" '--toggle-collect=demo::CallRecorder::create(*')
+    local left toggles=("--toggle-collect=blattwart::bench::BenchProgram::$2()" '--toggle-collect=demo::CallRecorder::create(*')
     for left in get put call enumerate; do
         toggles+=("--toggle-collect=demo::(anonymous namespace)::RecordedObject::$left(*")
     done
     valgrind --tool=callgrind --callgrind-out-file=/dev/null --collect-atstart=no "${toggles[@]}" \
-        build/release/bench/session/session_bench "$1" "$3" 2>&1 | sed -n 's/.*Collected : //p'
+        build/release/bench/session/program_bench "$1" "$3" 2>&1 | sed -n 's/.*Collected : //p'
 }
 
 # check_growth ACTION OPERATION SIZE: ten times the work takes no more than 10.5 times the instructions.
@@ -29,11 +29,11 @@ do_bench() {
     ready "${build_packages[@]}" "${bench_packages[@]}"
     build_preset release && build_preset win64 || exit
     say "The program, over COM under Wine; times in milliseconds"
-    WINE_RUN_SECONDS=1200 step tests/win32/wine-run.sh build/win64/bench/session/session_bench.exe
+    WINE_RUN_SECONDS=1200 step tests/win32/wine-run.sh build/win64/bench/session/program_bench.exe
     say "Its start"
     WINE_RUN_SECONDS=300 step tests/win32/wine-run.sh build/win64/bench/start/start_bench.exe
     say "The program, natively"
-    step build/release/bench/session/session_bench
+    step build/release/bench/session/program_bench
     say "Growth of the work: a refresh by drawings, the filling of a list by layouts"
     step check_growth refresh refresh 5
     step check_growth click clickDrawing 25

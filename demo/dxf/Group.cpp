@@ -1,7 +1,6 @@
 #include "demo/dxf/Group.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -18,21 +17,15 @@ namespace {
 /// Reads the number at the beginning of a value; 0 when there is none or it is too large.
 template <class Number>
 Number parsed(std::string_view value) {
-    const auto start = value.find_first_not_of(" \t");
-    if (start == std::string_view::npos) return 0;
-    value.remove_prefix(start);
-    if (value.front() == '+') value.remove_prefix(1);
+    value.remove_prefix(std::min(value.find_first_not_of(" \t"), value.size()));
+    if (value.starts_with('+')) value.remove_prefix(1);
     Number number = 0;
     const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
     return error == std::errc() ? number : 0;
 }
 
-std::string digits(Handle handle) {
-    std::array<char, 16> text;
-    char* end = std::to_chars(text.data(), text.data() + text.size(), handle, 16).ptr;
-    std::transform(text.data(), end, text.data(),
-                   [](char c) { return c >= 'a' ? static_cast<char>(c - 'a' + 'A') : c; });
-    return std::string(text.data(), end);
+std::int16_t axisCode(std::int16_t code, int axis) {
+    return static_cast<std::int16_t>(code + 10 * axis);
 }
 
 }  // namespace
@@ -51,15 +44,17 @@ std::int64_t Group::integer() const {
 }
 
 Handle Group::handle() const {
-    const auto first = value.find_first_not_of(' ');
-    if (first == std::string::npos) return 0;
-    const auto last = value.find_last_not_of(' ');
-    return parseHandle(std::string_view(value).substr(first, last - first + 1)).value_or(0);
+    return parseHandle(std::string_view(value)).value_or(0);
+}
+
+const Group* findGroup(const Groups& groups, std::int16_t code) {
+    const auto found = std::ranges::find(groups, code, &Group::code);
+    return found == groups.end() ? nullptr : &*found;
 }
 
 Group textGroup(std::int16_t code, std::wstring_view text) {
-    if (std::ranges::any_of(text, [](wchar_t c) { return c < 0x20; }))
-        throw RuntimeError(errorNumber::invalidCall, L"Der Text enthält Steuerzeichen.");
+    if (text.find(L'\n') != std::wstring_view::npos)
+        throw RuntimeError(errorNumber::invalidCall, L"Der Text hat mehrere Zeilen.");
     return {code, encodeText(text)};
 }
 
@@ -68,9 +63,7 @@ Group numberGroup(std::int16_t code, double number) {
         throw RuntimeError(errorNumber::invalidCall, L"Die Zahl ist nicht darstellbar.");
     std::array<char, 32> text;
     char* end = std::to_chars(text.data(), text.data() + text.size(), number).ptr;
-    std::string value(text.data(), end);
-    if (value.find_first_of(".e") == std::string::npos) value += ".0";
-    return {code, value};
+    return {code, std::string(text.data(), end)};
 }
 
 Group integerGroup(std::int16_t code, std::int64_t number) {
@@ -78,28 +71,61 @@ Group integerGroup(std::int16_t code, std::int64_t number) {
 }
 
 Group handleGroup(std::int16_t code, Handle handle) {
-    return {code, digits(handle)};
+    return {code, encodeText(handleText(handle))};
 }
 
 std::wstring handleText(Handle handle) {
-    const std::string text = digits(handle);
-    return std::wstring(text.begin(), text.end());
+    std::wstring digits;
+    do digits.insert(digits.begin(), L"0123456789ABCDEF"[handle % 16]);
+    while ((handle /= 16) != 0);
+    return digits;
 }
 
 std::optional<Handle> parseHandle(std::string_view text) {
     Handle handle = 0;
     const char* end = text.data() + text.size();
-    if (text.empty() || text.size() > 16) return std::nullopt;
     const auto [stop, error] = std::from_chars(text.data(), end, handle, 16);
     if (error != std::errc() || stop != end) return std::nullopt;
     return handle;
 }
 
 std::optional<Handle> parseHandle(std::wstring_view text) {
-    if (std::ranges::any_of(text, [](wchar_t c) { return c > 0x7F; })) return std::nullopt;
-    std::string narrow;
-    for (const wchar_t c : text) narrow += static_cast<char>(c);
-    return parseHandle(narrow);
+    return parseHandle(std::string_view(encodeText(text)));
+}
+
+XDataKind xdataKind(std::int16_t code) {
+    if (code >= 1000 && code <= 1005) return XDataKind::text;
+    if (code >= 1010 && code <= 1013) return XDataKind::point;
+    if (code >= 1040 && code <= 1042) return XDataKind::number;
+    return code == 1070 || code == 1071 ? XDataKind::whole : XDataKind::unknown;
+}
+
+XDataItem xdataItem(const Groups& groups, std::size_t& i) {
+    const Group& group = groups[i++];
+    switch (xdataKind(group.code)) {
+        case XDataKind::number:
+            return {group.code, group.number()};
+        case XDataKind::whole:
+            return {group.code, static_cast<std::int32_t>(group.integer())};
+        case XDataKind::point: {
+            Point point = {group.number(), 0, 0};
+            for (int axis = 1; axis < 3 && i < groups.size() && groups[i].code == axisCode(group.code, axis);
+                 ++axis)
+                point[static_cast<std::size_t>(axis)] = groups[i++].number();
+            return {group.code, point};
+        }
+        default:
+            return {group.code, group.text()};
+    }
+}
+
+Groups xdataGroups(const XDataItem& item) {
+    if (const auto* text = std::get_if<std::wstring>(&item.value)) return {textGroup(item.code, *text)};
+    if (const auto* number = std::get_if<double>(&item.value)) return {numberGroup(item.code, *number)};
+    if (const auto* whole = std::get_if<std::int32_t>(&item.value)) return {integerGroup(item.code, *whole)};
+    const auto& point = std::get<Point>(item.value);
+    return {numberGroup(item.code, point[0]), numberGroup(axisCode(item.code, 1), point[1]),
+            numberGroup(axisCode(item.code, 2), point[2])};
 }
 
 }  // namespace demo

@@ -16,13 +16,12 @@ using Handle = std::uint64_t;
 /// x, y, z; in drawing units.
 using Point = std::array<double, 3>;
 
-/// One group of a drawing file: a code that tells the meaning, and a value. The value is kept as it stands in
-/// the file (UTF-8, whatever the file's encoding), so that unknown groups are written back unchanged.
+/// One group of a drawing file: a code that tells the meaning, and a value as it stands in the file, in
+/// UTF-8.
 struct Group {
     std::int16_t code = 0;
     std::string value;
 
-    /// The value as text; \U+XXXX is decoded.
     std::wstring text() const;
     /// The value as a finite number; 0 when it is none.
     double number() const;
@@ -36,7 +35,10 @@ struct Group {
 
 using Groups = std::vector<Group>;
 
-/// Groups of a given value. Text with control characters and infinite numbers cannot be stored: throws
+/// The first group of the code; null when there is none.
+const Group* findGroup(const Groups& groups, std::int16_t code);
+
+/// Groups of a given value. Text of more than one line and infinite numbers cannot be stored: throws
 /// invalidCall.
 Group textGroup(std::int16_t code, std::wstring_view text);
 Group numberGroup(std::int16_t code, double number);
@@ -49,8 +51,12 @@ std::wstring handleText(Handle handle);
 std::optional<Handle> parseHandle(std::string_view text);
 std::optional<Handle> parseHandle(std::wstring_view text);
 
-/// One element of an object's extended data. By code: 1000 to 1005 text (1001 application name, 1005 handle
-/// as hexadecimal text), 1010 to 1013 point, 1040 to 1042 number, 1070 and 1071 whole number.
+/// What kind of value an element of extended data has, by its code: 1000 to 1005 text (1001 application name,
+/// 1005 handle), 1010 to 1013 point, 1040 to 1042 number, 1070 and 1071 whole number.
+enum class XDataKind { text, point, number, whole, unknown };
+XDataKind xdataKind(std::int16_t code);
+
+/// One element of an object's extended data.
 struct XDataItem {
     using Value = std::variant<std::wstring, double, std::int32_t, Point>;
 
@@ -61,5 +67,10 @@ struct XDataItem {
 };
 
 using XData = std::vector<XDataItem>;
+
+/// The element whose first group stands at `i`, which is moved behind its last one.
+XDataItem xdataItem(const Groups& groups, std::size_t& i);
+/// The groups of an element.
+Groups xdataGroups(const XDataItem& item);
 
 }  // namespace demo

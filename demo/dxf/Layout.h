@@ -6,21 +6,18 @@ namespace demo {
 
 class Layout;
 
-/// A block definition: what a block reference shows, or the content of a layout.
-struct Block {
-    std::unique_ptr<Object> begin;  ///< the BLOCK record
-    std::unique_ptr<Object> end;    ///< the ENDBLK record
-    Object* record = nullptr;       ///< its entry in the table of blocks; null when the file has none
-    Layout* layout = nullptr;       ///< the layout whose content this is; null for other blocks
-    Objects entities;               ///< in drawing order
+/// A block definition: what a block reference shows, or the content of a layout. Its groups are those of the
+/// record BLOCK without the names.
+struct Block : Object {
+    Block(Object object, std::wstring called) : Object(std::move(object)), name(std::move(called)) {}
 
-    std::wstring name() const { return begin->text(2); }
-    Handle handle() const { return record ? record->handle() : 0; }
+    std::wstring name;
+    Layout* layout = nullptr;                       ///< whose content this is; null for other blocks
+    std::vector<std::unique_ptr<Object>> entities;  ///< in drawing order
+
     bool isModelSpace() const;
     /// Any layout's block, model space included.
     bool isLayout() const;
-    /// Block of the active (last active) paper layout.
-    bool isActivePaperSpace() const;
 };
 
 /// Plot settings of a layout as the file holds them.
@@ -39,42 +36,42 @@ struct PlotSettings {
     friend bool operator==(const PlotSettings&, const PlotSettings&) = default;
 };
 
-/// One layout of a drawing. Lives as long as the drawing has the layout; keep its handle and look it up
-/// again.
-class Layout {
+/// One layout of a drawing. Its groups are its plot settings. Lives as long as the drawing has the layout;
+/// keep its handle and look it up again.
+class Layout : public Object {
   public:
-    Layout(Object& object, Block& block) : object_(object), block_(block) { block.layout = this; }
-    Layout(const Layout&) = delete;
+    /// `object` holds the plot settings, `sheet` the groups of the sheet (limits, extents, ...).
+    Layout(Object object, Groups sheet, std::wstring name, Block& block);
+    /// A copy with a content of its own.
+    Layout(const Layout& source, Block& block);
     Layout& operator=(const Layout&) = delete;
 
-    Handle handle() const { return object_.handle(); }
     /// "Model" for model space (or what the file calls it).
-    std::wstring name() const;
+    const std::wstring& name() const { return name_; }
     /// 0 for model space, the others count from 1.
-    std::int32_t tabOrder() const;
+    std::int32_t tabOrder() const { return tabOrder_; }
     bool isModel() const { return block_.isModelSpace(); }
     Handle blockRecord() const { return block_.handle(); }
 
     PlotSettings plotSettings() const;
-    /// Writes the groups whose values differ.
     void setPlotSettings(const PlotSettings& settings);
 
     const Block& block() const { return block_; }
     Block& block() { return block_; }
     /// All entities in drawing order, the sheet viewport included.
-    const Objects& entities() const { return block_.entities; }
+    const std::vector<std::unique_ptr<Object>>& entities() const { return block_.entities; }
     /// The viewport that stands for the sheet of paper; null until the layout was current once.
     const Object* sheetViewport() const;
-
-    Object& object() { return object_; }
-    const Object& object() const { return object_; }
+    /// What the layout's record holds beside the plot settings and what is told here.
+    const Groups& sheet() const { return sheet_; }
 
   private:
-    Object& object_;
+    friend class Drawing;
+
+    Groups sheet_;
+    std::wstring name_;
+    std::int32_t tabOrder_ = 0;
     Block& block_;
 };
-
-/// True for the viewport that stands for the sheet and is no viewport of the user's.
-bool isSheetViewport(const Object& entity);
 
 }  // namespace demo

@@ -1,10 +1,6 @@
 #include <algorithm>
-#include <sstream>
 
-#include "demo/dxf/Dictionary.h"
 #include "demo/dxf/Drawing.h"
-#include "demo/dxf/ObjectCopier.h"
-#include "demo/dxf/Templates.h"
 #include "demo/dxf/Text.h"
 #include "platform/RuntimeError.h"
 
@@ -17,12 +13,53 @@ namespace errorNumber = blattwart::errorNumber;
 namespace {
 
 constexpr std::size_t longestName = 255;
+constexpr const wchar_t* activePaper = L"*Paper_Space";
 
 void requirePaper(const Layout& layout, const std::wstring& operation) {
     if (layout.isModel()) refuse(L"Der Modellbereich kann nicht " + operation + L" werden.");
 }
 
+Object newBlock() {
+    return {"BLOCK_RECORD",
+            {{100, "AcDbEntity"}, {8, "0"}, {100, "AcDbBlockBegin"}, {70, "0"}, {10, "0"}, {20, "0"}}};
+}
+
+/// An A4 sheet without a plot device.
+std::unique_ptr<Layout> newLayout(Block& block) {
+    const Groups plot = {{100, "AcDbPlotSettings"},
+                         {1, ""},
+                         {2, "none_device"},
+                         {4, "ISO_A4_(210.00_x_297.00_MM)"},
+                         {6, ""},
+                         {7, ""},
+                         {40, "7.5"},
+                         {41, "20"},
+                         {42, "7.5"},
+                         {43, "20"},
+                         {44, "210"},
+                         {45, "297"},
+                         {70, "688"},
+                         {72, "1"},
+                         {73, "0"},
+                         {74, "5"}};
+    const Groups sheet = {{70, "1"}, {10, "0"}, {20, "0"}, {11, "210"}, {21, "297"}};
+    return std::make_unique<Layout>(Object("LAYOUT", plot), sheet, L"", block);
+}
+
 }  // namespace
+
+Drawing Drawing::createModelOnly() {
+    Drawing drawing;
+    drawing.registerApplication(L"ACAD");
+    drawing.insertLayout(newLayout(drawing.addBlock(newBlock(), L"*Model_Space")), L"Model", 0);
+    return drawing;
+}
+
+Drawing Drawing::createEmpty() {
+    Drawing drawing = createModelOnly();
+    drawing.addLayout(L"Layout1");
+    return drawing;
+}
 
 std::vector<Layout*> Drawing::layouts() const {
     std::vector<Layout*> result;
@@ -41,49 +78,29 @@ Layout* Drawing::findLayout(Handle handle) const {
     return found == layouts_.end() ? nullptr : found->get();
 }
 
-Layout* Drawing::layoutOfBlock(Handle blockRecord) const {
-    const Block* block = findBlock(blockRecord);
-    return block ? block->layout : nullptr;
-}
-
-Layout& Drawing::modelLayout() const {
-    return *layouts_.front();
-}
-
 Layout& Drawing::currentLayout() const {
-    const Group* tileMode = headerVariable("$TILEMODE");
-    Layout* paper = activePaperLayout();
-    return paper && tileMode && tileMode->integer() == 0 ? *paper : modelLayout();
+    Layout* paper = modelCurrent_ ? nullptr : activePaperLayout();
+    return paper ? *paper : modelLayout();
 }
 
 Layout* Drawing::activePaperLayout() const {
-    const Block* block = findBlock(L"*Paper_Space");
+    const Block* block = findBlock(activePaper);
     return block ? block->layout : nullptr;
 }
 
 void Drawing::setCurrentLayout(Layout& layout) {
-    setHeaderVariable("$TILEMODE", integerGroup(70, layout.isModel() ? 1 : 0));
-    noteCurrentTab(layout.name());
-    if (layout.isModel()) return;
+    modelCurrent_ = layout.isModel();
+    if (modelCurrent_) return;
     makeActivePaper(layout);
     if (!layout.sheetViewport()) addSheetViewport(layout);
 }
 
-/// Later releases also hold the current tab as an entry of the drawing's variables; it is kept right where it
-/// is there.
-void Drawing::noteCurrentTab(const std::wstring& name) {
-    const Object* variables = find(dictionaryEntry(rootDictionary(), L"AcDbVariableDictionary"));
-    Object* tab = variables ? find(dictionaryEntry(*variables, L"CTAB")) : nullptr;
-    if (tab && tab->type() == "DICTIONARYVAR") tab->set(textGroup(1, name));
-}
-
 void Drawing::makeActivePaper(Layout& layout) {
-    if (layout.block().isActivePaperSpace()) return;
-    const std::wstring name = layout.block().name();
-    Block* active = findBlock(L"*Paper_Space");
-    renameBlock(layout.block(), freePaperSpaceName());
-    if (active) renameBlock(*active, name);
-    renameBlock(layout.block(), L"*Paper_Space");
+    Block* active = findBlock(activePaper);
+    if (active)
+        std::swap(active->name, layout.block().name);
+    else
+        layout.block().name = activePaper;
 }
 
 void Drawing::addSheetViewport(Layout& layout) {
@@ -92,60 +109,52 @@ void Drawing::addSheetViewport(Layout& layout) {
     double width = settings.paperWidth / unit;
     double height = settings.paperHeight / unit;
     if (settings.rotation % 2 != 0) std::swap(width, height);
-    const Object& viewport = addEntity(layout.block(), "VIEWPORT", sheetViewportGroups(width, height), true);
-    layout.object().set(handleGroup(331, viewport.handle()), "AcDbLayout");
+    const Groups groups = {{100, "AcDbEntity"},
+                           {67, "1"},
+                           {8, "0"},
+                           {100, "AcDbViewport"},
+                           numberGroup(10, width / 2),
+                           numberGroup(20, height / 2),
+                           numberGroup(40, width),
+                           numberGroup(41, height),
+                           {68, "1"},
+                           {69, "1"},
+                           numberGroup(12, width / 2),
+                           numberGroup(22, height / 2),
+                           numberGroup(45, height),
+                           {90, "819232"}};
+    place(layout.block(), Object("VIEWPORT", groups), true);
+}
+
+std::wstring Drawing::freePaperSpaceName() const {
+    std::wstring name = activePaper;
+    for (int number = 0; findBlock(name); ++number) name = activePaper + std::to_wstring(number);
+    return name;
 }
 
 Layout& Drawing::addLayout(std::wstring_view name) {
     requireNewLayoutName(name);
-    auto object = std::make_unique<Object>("LAYOUT", newLayoutGroups());
-    object->setHandle(newHandle());
-    Layout& layout = insertLayout(std::move(object), newPaperSpaceBlock(), name, layouts_.size());
-    linkLayout(layout);
-    return layout;
+    return insertLayout(newLayout(addBlock(newBlock(), freePaperSpaceName())), name, layouts_.size());
 }
 
 Layout& Drawing::copyLayout(const Layout& source, std::wstring_view name) {
     requirePaper(source, L"kopiert");
+    return takeOver(source, name, positionOf(source));
+}
+
+Layout& Drawing::takeOver(const Layout& source, std::wstring_view name, std::size_t position) {
     requireNewLayoutName(name);
-    return takeOver(*this, source, name, positionOf(source));
+    Block& block = copyBlock(source.block(), freePaperSpaceName());
+    return insertLayout(std::make_unique<Layout>(source, block), name, position);
 }
 
-Layout& Drawing::takeOver(const Drawing& from, const Layout& source, std::wstring_view name,
-                          std::size_t position) {
-    if (Block* idle = idlePaperSpace()) {
-        Objects removed;
-        takeBlock(*idle, removed);
-        discard(removed);
-    }
-    ObjectCopier copier(from, *this);
-    auto object = copier.copy(source.object());
-    Block& block = copier.copyBlock(source.block(), freePaperSpaceName());
-    Layout& layout = insertLayout(std::move(object), block, name, position);
-    copier.finish();
-    // Only now: what was copied still referred to the source's objects until here.
-    linkLayout(layout);
-    return layout;
-}
-
-Layout& Drawing::insertLayout(std::unique_ptr<Object> object, Block& block, std::wstring_view name,
-                              std::size_t position) {
-    Object& adopted = adopt(objects_, std::move(object));
-    auto layout = std::make_unique<Layout>(adopted, block);
-    adopted.set(textGroup(1, name), "AcDbLayout");
-    Layout& result =
-        **layouts_.insert(layouts_.begin() + static_cast<std::ptrdiff_t>(position), std::move(layout));
-    addDictionaryEntry(namedDictionary(L"ACAD_LAYOUT"), name, adopted.handle());
+Layout& Drawing::insertLayout(std::unique_ptr<Layout> layout, std::wstring_view name, std::size_t position) {
+    layout->name_ = name;
+    enter(*layout);
+    const auto place = layouts_.begin() + static_cast<std::ptrdiff_t>(position);
+    Layout& result = **layouts_.insert(place, std::move(layout));
     numberTabs();
     return result;
-}
-
-/// Layout, block record and dictionary refer to each other.
-void Drawing::linkLayout(Layout& layout) {
-    Object& object = layout.object();
-    object.setOwner(namedDictionary(L"ACAD_LAYOUT").handle());
-    object.set(handleGroup(330, layout.blockRecord()), "AcDbLayout");
-    layout.block().record->set(handleGroup(340, layout.handle()), "AcDbBlockTableRecord");
 }
 
 void Drawing::deleteLayout(Layout& layout) {
@@ -155,28 +164,21 @@ void Drawing::deleteLayout(Layout& layout) {
     Layout& neighbour = *layouts_[position + 1 < layouts_.size() ? position + 1 : position - 1];
     if (&currentLayout() == &layout)
         setCurrentLayout(neighbour);
-    else if (layout.block().isActivePaperSpace())
+    else if (activePaperLayout() == &layout)
         makeActivePaper(neighbour);
-    Objects removed;
-    removeDictionaryEntry(namedDictionary(L"ACAD_LAYOUT"), layout.handle());
-    const auto object =
-        std::ranges::find_if(objects_, [&](const auto& o) { return o.get() == &layout.object(); });
-    removed.push_back(std::move(*object));
-    objects_.erase(object);
-    takeBlock(layout.block(), removed);
+    const Block& block = layout.block();
+    for (const auto& entity : block.entities) forget(*entity);
+    forget(block);
+    forget(layout);
+    std::erase_if(blocks_, [&](const auto& other) { return other.get() == &block; });
     layouts_.erase(layouts_.begin() + static_cast<std::ptrdiff_t>(position));
-    discard(removed);
     numberTabs();
 }
 
 void Drawing::renameLayout(Layout& layout, std::wstring_view name) {
     requirePaper(layout, L"umbenannt");
     requireNewLayoutName(name, &layout);
-    Object& dictionary = namedDictionary(L"ACAD_LAYOUT");
-    removeDictionaryEntry(dictionary, layout.handle());
-    addDictionaryEntry(dictionary, name, layout.handle());
-    layout.object().set(textGroup(1, name), "AcDbLayout");
-    if (&currentLayout() == &layout) noteCurrentTab(layout.name());
+    layout.name_ = name;
 }
 
 void Drawing::setTabOrder(Layout& layout, std::int32_t position) {
@@ -203,18 +205,9 @@ std::wstring Drawing::uniqueLayoutName(std::wstring_view wanted) const {
 
 Drawing Drawing::templateOf(const Layout& layout) const {
     requirePaper(layout, L"als Vorlage gespeichert");
-    std::stringstream stream;
-    save(stream);
-    Drawing result = load(stream);
-    Layout& kept = *result.findLayout(layout.handle());
-    if (result.currentLayout().isModel())
-        result.makeActivePaper(kept);
-    else
-        result.setCurrentLayout(kept);
-    for (Layout* other : result.layouts()) {
-        if (!other->isModel() && other != &kept) result.deleteLayout(*other);
-    }
-    result.discard(std::exchange(result.modelLayout().block().entities, {}));
+    Drawing result = createModelOnly();
+    result.takeDefinitions(*this);
+    result.setCurrentLayout(result.takeOver(layout, layout.name(), 1));
     return result;
 }
 
@@ -230,12 +223,10 @@ std::vector<Layout*> Drawing::importLayouts(const Drawing& source, std::span<con
     for (const Layout* layout : source.layouts()) {
         if (names.empty() && !layout->isModel()) wanted.push_back(layout);
     }
+    takeDefinitions(source);
     std::vector<Layout*> made;
-    for (const Layout* layout : wanted) {
-        const std::wstring name = uniqueLayoutName(layout->name());
-        requireNewLayoutName(name);
-        made.push_back(&takeOver(source, *layout, name, layouts_.size()));
-    }
+    for (const Layout* layout : wanted)
+        made.push_back(&takeOver(*layout, uniqueLayoutName(layout->name()), layouts_.size()));
     return made;
 }
 
@@ -257,11 +248,8 @@ std::size_t Drawing::positionOf(const Layout& layout) const {
 }
 
 void Drawing::numberTabs() {
-    for (std::size_t i = 0; i < layouts_.size(); ++i) {
-        const auto order = static_cast<std::int32_t>(i);
-        if (layouts_[i]->tabOrder() != order)
-            layouts_[i]->object().set(integerGroup(71, order), "AcDbLayout");
-    }
+    std::int32_t position = 0;
+    for (const auto& layout : layouts_) layout->tabOrder_ = position++;
 }
 
 }  // namespace demo

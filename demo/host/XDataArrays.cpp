@@ -11,16 +11,6 @@ using blattwart::Value;
 
 namespace {
 
-enum class Kind { text, point, real, whole, unknown };
-
-Kind kindOf(std::int16_t code) {
-    if (code >= 1000 && code <= 1005) return Kind::text;
-    if (code >= 1010 && code <= 1013) return Kind::point;
-    if (code >= 1040 && code <= 1042) return Kind::real;
-    if (code == 1070 || code == 1071) return Kind::whole;
-    return Kind::unknown;
-}
-
 Value valueOf(const XDataItem& item) {
     if (const auto* text = std::get_if<std::wstring>(&item.value)) return *text;
     if (const auto* real = std::get_if<double>(&item.value)) return *real;
@@ -40,22 +30,22 @@ std::optional<std::int32_t> wholeOf(std::int16_t code, const Value& value) {
 }
 
 std::optional<XDataItem::Value> itemValue(std::int16_t code, const Value& value) {
-    switch (kindOf(code)) {
-        case Kind::text:
+    switch (xdataKind(code)) {
+        case XDataKind::text:
             if (const auto* text = value.as<std::wstring>()) return *text;
             break;
-        case Kind::real:
+        case XDataKind::number:
             if (const auto* real = value.as<double>()) return *real;
             break;
-        case Kind::whole:
+        case XDataKind::whole:
             if (const auto whole = wholeOf(code, value)) return *whole;
             break;
-        case Kind::point:
+        case XDataKind::point:
             if (const auto* point = value.as<DoubleArray>(); point && point->size() == 3) {
                 return Point{(*point)[0], (*point)[1], (*point)[2]};
             }
             break;
-        case Kind::unknown:
+        case XDataKind::unknown:
             break;
     }
     return std::nullopt;

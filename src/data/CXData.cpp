@@ -36,8 +36,8 @@ host::XData arraysOf(const Collection<CXWert>& values) {
 }  // namespace
 
 void XDataReport::readingFailed() {
-    if (readingTold_) return;
-    readingTold_ = true;
+    if (hasReadingFailed_) return;
+    hasReadingFailed_ = true;
     messages_.reportError(L"Fehler beim Lesen der EED's!");
 }
 
@@ -59,7 +59,9 @@ void CXData::SetXDataWerte() {
 
 void CXData::GetXDataWerte() {
     try {
-        addPairs(object().GetXData(applicationName).values);
+        const ValueArray stored = object().GetXData(applicationName).values;
+        Vorhanden = !stored.empty();
+        addPairs(stored);
     } catch (const RuntimeError&) {
         source_.report.readingFailed();
     }

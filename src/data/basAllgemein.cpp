@@ -11,9 +11,16 @@ std::wstring basAllgemein::FormatZahl(double number) const {
     return text;
 }
 
-bool basAllgemein::DateiLoeschen(const std::wstring& file) {
+bool basAllgemein::DateiLoeschen(const std::wstring& file,
+                                 const std::function<void(const std::wstring&)>& failure) {
     if (!platform_.messages.ask(L"Datei: " + file + L" wirklich löschen?")) return false;
-    return ignoringErrors([&] { platform_.files.remove(file); });
+    try {
+        platform_.files.remove(file);
+        return true;
+    } catch (const RuntimeError& error) {
+        failure(error.description());
+        return false;
+    }
 }
 
 bool basAllgemein::CheckInvalidChars(const std::wstring& text) {

@@ -51,18 +51,17 @@ std::optional<std::int16_t> LayoutDialog::number() {
     return number;
 }
 
-bool LayoutDialog::takeDocument() {
-    const host::Document document = context_.autoCAD.GetDocumentByKey(drawingKey_);
-    if (document) {
-        context_.autoCAD.gAcadDoc = document;
-        return true;
-    }
+Lookup LayoutDialog::takeDocument() {
+    const FoundDocuments found = context_.autoCAD.findByKey(drawingKey_);
+    if (found.outcome == Lookup::found) context_.autoCAD.gAcadDoc = found.last();
+    if (found.outcome == Lookup::noAnswer) context_.autoCAD.tellNoAnswer();
+    if (found.outcome != Lookup::notOpen) return found.outcome;
     context_.platform.messages.warn(L"Die Zeichnung '" + txtDokument.text() +
                                     L"' ist in AutoCAD nicht mehr geöffnet!");
     // The watchdog steps aside while a dialog is open, so the tree still shows what was before.
     context_.autoCAD.ConnectAutoCAD();
     context_.views.RefreshTree();
-    return false;
+    return found.outcome;
 }
 
 // The enter key starts without leaving the field, so both are looked at again.
@@ -71,7 +70,9 @@ void LayoutDialog::cmdStart_Click() {
     if (txtAnzahl_Validate()) return window().setFocus(txtAnzahl);
     const std::optional<std::int16_t> count = number();
     if (!count) return window().setFocus(txtAnzahl);
-    if (takeDocument()) start(txtLayout.text(), *count);
+    const Lookup outcome = takeDocument();
+    const bool refused = outcome == Lookup::found && !start(txtLayout.text(), *count);
+    if (refused || outcome == Lookup::noAnswer) return window().setFocus(txtLayout);
     window().close();
 }
 

@@ -1,5 +1,7 @@
 #include "host/Layout.h"
 
+#include "platform/Conversions.h"
+
 namespace blattwart::host {
 
 namespace {
@@ -17,11 +19,28 @@ void Layout::putName(const std::wstring& name) const {
 }
 
 std::int32_t Layout::ObjectID() const {
-    return objectId({layout, L"ObjectID32"}, {layout, L"ObjectID"});
+    std::int32_t id = 0;
+    ignoringErrors([&] {
+        id = toInt32(hostNumber(withIds([this](const Member& member) { return object().get(member); },
+                                        {layout, L"ObjectID32"}, {layout, L"ObjectID"})));
+    });
+    return id;
 }
 
 host::Block Layout::Block() const {
     return getObject<host::Block>({layout, L"Block"});
+}
+
+std::int32_t Layout::TabOrder() const {
+    return getNumber({layout, L"TabOrder"});
+}
+
+void Layout::putTabOrder(std::int32_t place) const {
+    object().put({layout, L"TabOrder"}, place);
+}
+
+bool Layout::ModelType() const {
+    return getNumber({layout, L"ModelType"}) != 0;
 }
 
 std::wstring Layout::ConfigName() const {
@@ -33,14 +52,14 @@ std::wstring Layout::CanonicalMediaName() const {
 }
 
 std::wstring Layout::GetLocaleMediaName(const std::wstring& canonicalName) const {
-    return textOf(object().call({layout, L"GetLocaleMediaName"}, {Value(canonicalName)}));
+    return hostText(object().call({layout, L"GetLocaleMediaName"}, {Value(canonicalName)}));
 }
 
 PaperSize Layout::GetPaperSize() const {
     Value width(0.0);
     Value height(0.0);
     object().call({layout, L"GetPaperSize"}, {Argument(&width), Argument(&height)});
-    return {numberOf(width), numberOf(height)};
+    return {hostNumber(width), hostNumber(height)};
 }
 
 std::int32_t Layout::PlotRotation() const {

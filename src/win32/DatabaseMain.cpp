@@ -29,8 +29,9 @@ std::vector<std::wstring> arguments() {
 int makeDatabase() {
     using namespace blattwart;
     const Apartment apartment;
-    BusyHost busyHost;
-    ComAutomation automation(busyHost);
+    Gate gate;
+    HostCaller hostCaller(gate);
+    ComAutomation automation(hostCaller);
     Win32Files files;
     Win32Registry registry;
     const Win32Locale locale;

@@ -6,8 +6,8 @@
 #include "shell/basMain.h"
 #include "win32/base/LibrarySearch.h"
 #include "win32/com/Apartment.h"
-#include "win32/com/BusyHost.h"
 #include "win32/com/ComAutomation.h"
+#include "win32/com/HostCaller.h"
 #include "win32/platform/Win32Desktop.h"
 #include "win32/platform/Win32FileDialogs.h"
 #include "win32/platform/Win32Files.h"
@@ -19,6 +19,7 @@
 #include "win32/platform/Win32Registry.h"
 #include "win32/platform/Win32Settings.h"
 #include "win32/ui/Guard.h"
+#include "win32/ui/WaitingNotice.h"
 #include "win32/ui/Win32FormPresenter.h"
 
 namespace blattwart {
@@ -29,20 +30,39 @@ namespace {
 class Application {
   public:
     Application() {
-        busyHost_.setHandlers({.busyFor = [this](std::int32_t milliseconds) { showBusy(milliseconds); },
-                               .askGiveUp = [this] { return askGiveUp(); }});
+        hostCaller_.setHandlers({.waitingFor =
+                                     [this](HostState state, std::int32_t milliseconds) {
+                                         showWaiting(statusText(state, milliseconds));
+                                     },
+                                 .askGiveUp = [this](HostState state) { return askGiveUp(state); },
+                                 .takeInput =
+                                     [this](MSG& message) {
+                                         return notice_.takeInput(message) || readings_.takeInput(message);
+                                     }});
     }
 
     int run() {
         basMain program(platform_, presenter_);
         int result = 0;
-        if (guard_.guarded([&] { return program.Main(); }, false)) result = loop();
+        if (start(program)) result = loop();
         help_.closeAll();
         presenter_.destroyWindows();
         return result;
     }
 
   private:
+    bool start(basMain& program) {
+        return guard_.guarded(
+            [&] {
+                try {
+                    return program.Main();
+                } catch (const ProgramEnded&) {
+                    return false;
+                }
+            },
+            false);
+    }
+
     int loop() {
         MSG message{};
         while (!process_.ended() && GetMessageW(&message, nullptr, 0, 0) > 0) {
@@ -54,23 +74,30 @@ class Application {
         return 0;
     }
 
-    void showBusy(std::int32_t milliseconds) {
-        if (MainWindow* window = presenter_.mainWindow()) window->showBusy(milliseconds);
+    void showWaiting(const std::wstring& text) {
+        MainWindow* window = presenter_.mainWindow();
+        const bool shown = window && IsWindowVisible(window->window());
+        if (shown) window->showWork(text);
+        if (shown || text.empty()) {
+            notice_.hide();
+        } else {
+            notice_.show(text);
+        }
     }
 
     void showWork(const std::wstring& text) {
         if (MainWindow* window = presenter_.mainWindow()) window->showWork(text);
     }
 
-    bool askGiveUp() {
-        return !messages_.ask(L"AutoCAD ist beschäftigt und nimmt keine Befehle an. Weiter warten?");
-    }
+    bool askGiveUp(HostState state) { return !messages_.ask(giveUpQuestion(state)); }
 
     Apartment apartment_;
     Win32MessageBoxes messages_;
-    BusyHost busyHost_;
-    Guard guard_{busyHost_, [this](const std::wstring& text) { messages_.reportError(text); }};
-    ComAutomation automation_{busyHost_};
+    Gate gate_;
+    HostCaller hostCaller_{gate_};
+    Guard guard_{[this](const std::wstring& text) { messages_.reportError(text); }};
+    WaitingNotice notice_{guard_, [this] { hostCaller_.endProgram(); }};
+    ComAutomation automation_{hostCaller_};
     Win32Registry registry_;
     Win32Settings settings_;
     Win32Files files_;
@@ -81,8 +108,8 @@ class Application {
     Win32HelpViewer help_;
     Win32ReadingWatch readings_{[this](const std::wstring& text) { showWork(text); }};
     Platform platform_{automation_, registry_, settings_, files_, messages_, fileDialogs_,
-                       desktop_,    process_,  locale_,   help_,  readings_};
-    Win32FormPresenter presenter_{guard_, automation_};
+                       desktop_,    process_,  locale_,   help_,  readings_, gate_};
+    Win32FormPresenter presenter_{guard_, gate_};
 };
 
 }  // namespace

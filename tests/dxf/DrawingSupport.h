@@ -15,8 +15,9 @@
 
 namespace demo {
 
-inline Drawing sample(const std::string& name) {
-    return Drawing::loadFile(decodeText(SAMPLES_FOLDER "/" + name));
+inline Drawing sample(const std::filesystem::path& name) {
+    std::ifstream stream(SAMPLES_FOLDER / name, std::ios::binary);
+    return Drawing::load(stream);
 }
 
 inline std::string saved(const Drawing& drawing) {
@@ -36,18 +37,31 @@ inline std::vector<std::wstring> tabs(const Drawing& drawing) {
     return names;
 }
 
-/// What another program reads in the drawing: release and faults, then a line a layout.
-inline std::string inspected(const Drawing& drawing) {
-    const auto path =
-        std::filesystem::temp_directory_path() / ("dxf_test_" + std::to_string(::getpid()) + ".dxf");
-    drawing.saveFile(decodeText(path.string()));
-    const std::string command = INSPECTOR " '" + path.string() + "' 2>&1";
+/// What another program reads in drawing files; the arguments are its options and the files, quoted.
+inline std::string inspect(const std::string& arguments) {
+    const std::string command = INSPECTOR " " + arguments + " 2>&1";
     std::string output;
     std::FILE* pipe = ::popen(command.c_str(), "r");
     for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) output += static_cast<char>(c);
     ::pclose(pipe);
-    std::filesystem::remove(path);
     return output;
+}
+
+/// A file of this process, removed in the end.
+struct TemporaryFile {
+    explicit TemporaryFile(const Drawing& drawing, const std::string& name = "") {
+        path = std::filesystem::temp_directory_path() / ("dxf_test_" + std::to_string(::getpid()) + name);
+        std::ofstream(path, std::ios::binary) << saved(drawing);
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    ~TemporaryFile() { std::filesystem::remove(path); }
+
+    std::filesystem::path path;
+};
+
+/// What another program reads in the drawing: its faults, then a line a layout.
+inline std::string inspected(const Drawing& drawing) {
+    return inspect(TemporaryFile(drawing).path.string());
 }
 
 template <class Operation>

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "DrawingSupport.h"
 
 namespace demo {
@@ -35,10 +37,10 @@ TEST_F(LayoutOperations, CopyStandsBeforeItsSourceAndHasObjectsOfItsOwn) {
         EXPECT_EQ(drawing_.find(copied.handle()), &copied);
         EXPECT_EQ(copied.owner(), copy.blockRecord());
         EXPECT_EQ(copied.xdata(L"Tarvix"), original.xdata(L"Tarvix"));
-        for (const auto& part : copied.parts()) EXPECT_NE(drawing_.find(part->owner()), &original);
+        for (const auto& part : copied.parts()) EXPECT_NE(drawing_.find(part.owner()), &original);
     }
     EXPECT_EQ(inspected(drawing_),
-              "AC1024 faults:\n0 Model: 6\n"
+              "faults:\n0 Model: 6\n"
               "1 Grundriß 1-50 (2): 6 TX_STEMPEL_A3[2] TX_NORDPFEIL[0] TX_LEGENDE[0]\n"
               "2 Grundriß 1-50: 6 TX_STEMPEL_A3[2] TX_NORDPFEIL[0] TX_LEGENDE[0]\n"
               "3 Übersicht: 3 TX_STEMPEL_A3[2]\n4 Kopie für Ämter: 0\n5 Leer: 0\n");
@@ -51,7 +53,7 @@ TEST_F(LayoutOperations, DeletesAndPutsTheNeighbourInPlace) {
     EXPECT_EQ(drawing_.find(gone), nullptr);
     drawing_.deleteLayout(*drawing_.findLayout(L"Leer"));
     EXPECT_EQ(inspected(drawing_),
-              "AC1024 faults:\n0 Model: 6\n1 Übersicht: 3 TX_STEMPEL_A3[2]\n2 Kopie für Ämter: 0\n");
+              "faults:\n0 Model: 6\n1 Übersicht: 3 TX_STEMPEL_A3[2]\n2 Kopie für Ämter: 0\n");
     drawing_.deleteLayout(overview_);
     EXPECT_NE(drawing_.currentLayout().sheetViewport(), nullptr);
     EXPECT_EQ(errorOf([&] { drawing_.deleteLayout(drawing_.currentLayout()); }), errorNumber::invalidCall);
@@ -66,11 +68,11 @@ TEST_F(LayoutOperations, MakingCurrentGivesASheetOnceAndSwapsTheBlocks) {
     drawing_.setCurrentLayout(empty);
     EXPECT_EQ(empty.entities().size(), 1u);
     EXPECT_EQ(empty.sheetViewport()->point(10), (Point{148.5, 105, 0}));
-    EXPECT_EQ(plan_.block().name(), L"*Paper_Space3");
+    EXPECT_EQ(plan_.block().name, L"*Paper_Space3");
     const Drawing again = loaded(saved(drawing_));
     EXPECT_EQ(again.currentLayout().name(), L"Leer");
     EXPECT_EQ(again.findLayout(plan_.handle())->entities().size(), plan_.entities().size());
-    EXPECT_EQ(inspected(drawing_).substr(0, 15), "AC1024 faults:\n");
+    EXPECT_EQ(inspected(drawing_).substr(0, 8), "faults:\n");
 }
 
 TEST_F(LayoutOperations, TemplateHoldsOneLayoutAndAnEmptyModel) {
@@ -78,7 +80,7 @@ TEST_F(LayoutOperations, TemplateHoldsOneLayoutAndAnEmptyModel) {
     EXPECT_EQ(tabs(result), (Tabs{L"Model", L"Übersicht"}));
     EXPECT_EQ(result.currentLayout().name(), L"Übersicht");
     EXPECT_EQ(result.layouts()[1]->plotSettings(), overview_.plotSettings());
-    EXPECT_EQ(inspected(result), "AC1024 faults:\n0 Model: 0\n1 Übersicht: 3 TX_STEMPEL_A3[2]\n");
+    EXPECT_EQ(inspected(result), "faults:\n0 Model: 0\n1 Übersicht: 3 TX_STEMPEL_A3[2]\n");
     EXPECT_EQ(drawing_.layouts().size(), 5u);
     EXPECT_EQ(errorOf([&] { drawing_.templateOf(drawing_.modelLayout()); }), errorNumber::invalidCall);
 }
@@ -93,15 +95,15 @@ TEST(LayoutImport, BringsWhatTheLayoutsNeed) {
         const std::vector<std::wstring> names = {L"übersicht"};
         EXPECT_EQ(target.importLayouts(source, names).front()->name(), L"Übersicht (2)");
         EXPECT_EQ(target.layouts().size(), before + 5);
-        EXPECT_EQ(inspected(target).find("faults:\n"), 7u) << inspected(target);
+        EXPECT_EQ(inspected(target).find("faults:\n"), 0u) << inspected(target);
     }
     Drawing blank = Drawing::createEmpty();
     blank.importLayouts(source);
     EXPECT_NE(blank.findBlock(L"TX_STEMPEL_A3"), nullptr);
-    EXPECT_TRUE(blank.isRegistered(L"FREMDPROGRAMM"));
+    EXPECT_EQ(std::ranges::count(blank.applications(), L"FREMDPROGRAMM"), 1);
     const Layout& plan = *blank.findLayout(L"Grundriß 1-50");
     EXPECT_EQ(plan.entities()[1]->xdata(L"FREMDPROGRAMM").size(), 5u);
-    EXPECT_EQ(inspected(blank).find("faults:\n"), 7u) << inspected(blank);
+    EXPECT_EQ(inspected(blank).find("faults:\n"), 0u) << inspected(blank);
     const std::vector<std::wstring> unknown = {L"gibt es nicht"};
     EXPECT_EQ(errorOf([&] { blank.importLayouts(source, unknown); }), errorNumber::elementNotFound);
 }

@@ -1,13 +1,39 @@
-"""Reads a drawing with ezdxf and tells what it found: release, faults, layouts with the number of their entities."""
+"""Reads drawings with ezdxf and tells what it found: faults, then each layout with the number of its entities.
+
+    inspect_drawing.py [--all] FILES
+
+With --all also their types, the extended data and the plot settings.
+"""
+import re
 import sys
 
 import ezdxf
 
-doc = ezdxf.readfile(sys.argv[1])
-audit = doc.audit()
-print(doc.dxfversion, "faults:", *[fault.message for fault in audit.errors + audit.fixes], file=sys.stdout)
-for name in doc.layouts.names_in_taborder():
-    layout = doc.layouts.get(name)
-    marks = " ".join(f"{e.dxf.name}[{len(e.attribs)}]" for e in layout.query("INSERT"))
-    sys.stdout.buffer.write(f"{layout.dxf.taborder} {name}: {len(layout)} {marks}".rstrip().encode() + b"\n")
-    sys.stdout.flush()
+SETTINGS = ("page_setup_name", "plot_configuration_file", "paper_size", "paper_width", "paper_height", "left_margin",
+            "plot_paper_units", "plot_rotation", "plot_type", "current_style_sheet", "limmax")
+
+
+def decoded(name):
+    """ezdxf writes this form into old releases, but does not read it in names."""
+    return re.sub(r"\\U\+([0-9a-f]{4})", lambda match: chr(int(match[1], 16)), name)
+
+
+def data_of(entity):
+    return [list(map(tuple, entity.get_xdata(name))) for name in ("Tarvix", "FREMDPROGRAMM") if entity.has_xdata(name)]
+
+
+everything = sys.argv[1] == "--all"
+sys.stdout.reconfigure(encoding="utf-8")
+for file in sys.argv[1 + everything:]:
+    doc = ezdxf.readfile(file)
+    audit = doc.audit()
+    print("faults:", *[fault.message for fault in audit.errors + audit.fixes])
+    for name in doc.layouts.names_in_taborder():
+        layout = doc.layouts.get(name)
+        marks = " ".join(f"{e.dxf.name}[{len(e.attribs)}]" for e in layout.query("INSERT"))
+        print(f"{layout.dxf.taborder} {decoded(name)}: {len(layout)} {marks}".rstrip())
+        if everything:
+            print(*[layout.dxf.get(setting) for setting in SETTINGS])
+            print(*[f"{e} {e.dxf.layer} {data_of(e)}" for e in layout], sep="\n")
+    if everything:
+        print("layers", *sorted(layer.dxf.name for layer in doc.layers))

@@ -95,9 +95,10 @@ TEST_F(CommandTable, ToolBarHasItsOrderAndMenusTheirKeys) {
     EXPECT_EQ(buttons[2].toolTip, L"Speichern (Strg+S)");
 
     const auto items = split(
-        L"mnuFileRename,mnuFileDelete,mnuTemplateDelete,mnuViewRefresh,mnuEditOpen,mnuEditSelectAll,"
+        L"mnuFileRename,mnuFileDelete,mnuTemplateDelete,mnuViewRefresh,mnuViewRebuild,mnuEditOpen,"
+        L"mnuEditSelectAll,"
         L"mnuSave,mnuEditCopy,mnuHelpContents");
-    const auto shortcuts = split(L"F2,Entf,Entf,F5,Eingabe,Strg+A,Strg+S,Strg+C,F1");
+    const auto shortcuts = split(L"F2,Entf,Entf,F5,Strg+F5,Eingabe,Strg+A,Strg+S,Strg+C,F1");
     for (std::size_t i = 0; i < items.size(); ++i)
         EXPECT_EQ(form().item(items[i]).shortcut().text(), shortcuts[i]);
 
@@ -143,30 +144,41 @@ TEST_F(CommandTable, ContextMenusFollowTheNodeKind) {
         const wchar_t* node;
         const MenuItem& menu;
         bool inList;
-        const wchar_t* first;
+        bool doubleClickRuns;
     };
-    for (const Case& c : {Case{L"A", form().popupDrawingMenu, true, L"popSave"},
-                          Case{L"Z3", form().popupDrawingMenu, true, L"popSave"},
-                          Case{L"L5", form().popupLayoutMenu, false, L"popDel"},
-                          Case{L"B", form().popupTemplateMenu, true, L"popTemplate"},
-                          Case{L"D7", form().popupTemplateMenu, false, L"popTemplate"}}) {
+    for (const Case& c :
+         {Case{L"A", form().popupDrawingMenu, true, false}, Case{L"Z3", form().popupDrawingMenu, true, true},
+          Case{L"L5", form().popupLayoutMenu, false, true}, Case{L"B", form().popupTemplateMenu, true, false},
+          Case{L"D7", form().popupTemplateMenu, false, true}}) {
         click(c.node);
         tree().events.contextMenu();
         EXPECT_EQ(presenter.window.poppedUp, &c.menu);
-        EXPECT_EQ(c.menu.items().front()->name(), c.first);
+        EXPECT_EQ(c.menu.items().front()->isDefault(), c.doubleClickRuns);
         presenter.window.poppedUp = nullptr;
         list().events.contextMenu();
         EXPECT_EQ(presenter.window.poppedUp, c.inList ? &c.menu : nullptr);
+        EXPECT_EQ(c.menu.items().front()->isDefault(), c.doubleClickRuns && !c.inList);
     }
-    std::set<std::wstring> names;
-    for (const MenuItem* menu :
-         {&form().popupTemplateMenu, &form().popupDrawingMenu, &form().popupLayoutMenu})
-        visit(*menu, [&](const MenuItem& item) { names.insert(item.name()); });
-    for (const std::wstring& name :
-         split(L"popStart,popShow,popLayout,popDrawing,popModel,popSave,popSaveAs,popClose,popDel,popRename,"
-               L"popCreate,popTemplate,popVorlage,popLayoutImport,popDelVorlage,popCopy,popLoad,popInsert,"
-               L"popOpenVorlage,popDCB,popDCD,popListViewModeD(0),popListViewModeZ(1),popListViewModeL(3)"))
-        EXPECT_TRUE(names.contains(name)) << testing::PrintToString(name);
+    // What a double click does comes first, deleting last; a comma more is a separator.
+    const std::array<std::pair<const MenuItem&, const wchar_t*>, 3> orders{
+        {{form().popupDrawingMenu,
+          L"popDrawing,popModel,,popSave,popSaveAs,popClose,,popCreate,popCopy,popRename,popVorlage,,"
+          L"popStart,"
+          L"popShow,,popListViewModeZ(0),popListViewModeZ(1),popListViewModeZ(2),popListViewModeZ(3),,"
+          L"popDel,"},
+         {form().popupLayoutMenu,
+          L"popLayout,,popCreate,popCopy,popRename,popLayoutImport,,popListViewModeL(0),popListViewModeL(1),"
+          L"popListViewModeL(2),popListViewModeL(3),,popDel,"},
+         {form().popupTemplateMenu,
+          L"popLoad,popTemplate,popInsert,,popOpenVorlage,popDCB,popDCD,,popListViewModeD(0),"
+          L"popListViewModeD(1),popListViewModeD(2),popListViewModeD(3),,popDelVorlage,"}}};
+    for (const auto& [menu, order] : orders) {
+        std::wstring names;
+        visit(menu, [&](const MenuItem& item) {
+            if (item.items().empty()) names += item.name() + L",";
+        });
+        EXPECT_EQ(names, order);
+    }
 }
 
 TEST_F(CommandTable, CommandsOfTheWindowItself) {
@@ -182,6 +194,51 @@ TEST_F(CommandTable, CommandsOfTheWindowItself) {
     EXPECT_EQ(list().row(0).key(), L"D7");
     choose(L"mnuEditSelectAll");
     EXPECT_EQ(list().selectedItems().size(), 2U);
+
+    // Each list keeps the order that the user has given it.
+    form().tbToolBar.userClicks(L"Descending");
+    click(L"A");
+    EXPECT_EQ(list().row(0).key(), L"Z1");
+    click(L"B");
+    EXPECT_EQ(list().row(0).key(), L"D8");
+}
+
+TEST_F(CommandTable, WhatIsDoneInAutoCadIsShownThere) {
+    struct Case {
+        const wchar_t* node;
+        const wchar_t* command;  // a menu item or a button
+        const wchar_t* state;
+        const wchar_t* typed;
+    };
+    for (const Case& c :
+         {Case{L"Z1", L"mnuActive", L"Haus.dwg/Blatt 1 2", L""},
+          Case{L"Z1", L"mnuDrawing", L"Haus.dwg/Blatt 1 2", L""},
+          Case{L"L5", L"Active", L"Plan.dwg/Blatt 2 2", L""},
+          Case{L"D7", L"New", L"Zeichnung1.dwg/Rahmen A3 3", L""},
+          Case{L"D7", L"Open", L"Plan A3.dwt/Rahmen A3 3", L"no"},
+          Case{L"B", L"DC", L"Plan.dwg/Blatt 1 2", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\Vorlagen¶"},
+          Case{L"D8", L"DC", L"Plan.dwg/Blatt 1 2", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\Vorlagen\\Rahmen.dwg¶"},
+          Case{L"A", L"mnuShow", L"Plan.dwg/Blatt 1 2", L""}}) {
+        restart();
+        click(c.node);
+        world.desktop.log.clear();
+        world.messages.answer(MessageAnswer::yes);
+        // AutoCAD would hide the question.
+        world.messages.whileOpen = [this](const ShownBox&) { EXPECT_TRUE(world.desktop.log.empty()); };
+        if (std::wstring_view(c.command).starts_with(L"mnu")) {
+            choose(c.command);
+        } else {
+            form().tbToolBar.userClicks(c.command);
+        }
+        EXPECT_EQ(hostState(), c.state);
+        const std::wstring what = c.typed;
+        const bool inFront = what != L"no";
+        EXPECT_EQ(world.desktop.log.size(), inFront ? 1U : 0U) << testing::PrintToString(c.command);
+        EXPECT_EQ(typed(), what.empty() || !inFront ? std::vector<std::wstring>{} : std::vector{what});
+        if (*c.node != L'B' && *c.node != L'D') {
+            EXPECT_EQ(status(), main->autoCAD.GetActiveDrawingName());
+        }
+    }
 }
 
 TEST_F(CommandTable, OpensAnyDrawingByTheFileDialog) {

@@ -79,6 +79,18 @@ bool FakeFiles::exists(const std::wstring& path) {
     return !fails(L"Files.exists") && find(path) != files_.end();
 }
 
+std::vector<std::wstring> FakeFiles::silent(const std::vector<std::wstring>& paths) {
+    std::vector<std::wstring> found;
+    std::ranges::copy_if(paths, std::back_inserter(found),
+                         [this](const std::wstring& path) { return silentPaths.contains(path); });
+    return found;
+}
+
+std::wstring FakeFiles::shortPath(const std::wstring& path) {
+    const auto form = shortPaths.find(path);
+    return fails(L"Files.shortPath") || form == shortPaths.end() ? L"" : form->second;
+}
+
 std::unique_ptr<FileReader> FakeFiles::open(const std::wstring& path) {
     if (fails(L"Files.open")) throwDenied();
     if (find(path) == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");

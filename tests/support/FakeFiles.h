@@ -34,6 +34,11 @@ class FakeFiles : public Files {
     /// Asked before each call, by its name; true lets it fail. A failing exists says no.
     std::function<bool(std::wstring_view call)> fails = [](std::wstring_view) { return false; };
 
+    /// Short forms (8.3) of paths that have one.
+    std::map<std::wstring, std::wstring> shortPaths;
+    /// Paths on a drive that does not answer.
+    std::set<std::wstring> silentPaths;
+
     /// Adds a file and the folder that it is in.
     void add(const std::wstring& path);
     void addFolder(const std::wstring& path);
@@ -46,6 +51,8 @@ class FakeFiles : public Files {
     std::wstring applicationFolder() const override { return folder; }
     std::vector<std::wstring> list(const std::wstring& pattern) override;
     bool exists(const std::wstring& path) override;
+    std::vector<std::wstring> silent(const std::vector<std::wstring>& paths) override;
+    std::wstring shortPath(const std::wstring& path) override;
     std::unique_ptr<FileReader> open(const std::wstring& path) override;
     void remove(const std::wstring& path) override;
 

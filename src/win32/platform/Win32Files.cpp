@@ -61,6 +61,57 @@ class Win32FileReader : public FileReader {
 
 }  // namespace
 
+/// A path that was asked for, and the thread's answer.
+struct AwaitedPath {
+    std::wstring path;
+    ULONGLONG asked = GetTickCount64();
+    Handle told{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+};
+
+namespace {
+
+constexpr DWORD patience = 1000;  // milliseconds
+
+DWORD WINAPI ask(void* parameter) {
+    const std::unique_ptr<std::shared_ptr<AwaitedPath>> path(
+        static_cast<std::shared_ptr<AwaitedPath>*>(parameter));
+    GetFileAttributesW((*path)->path.c_str());
+    SetEvent((*path)->told.get());
+    return 0;
+}
+
+std::shared_ptr<AwaitedPath> beginAsking(const std::wstring& path) {
+    auto awaited = std::make_shared<AwaitedPath>(AwaitedPath{.path = path});
+    auto parameter = std::make_unique<std::shared_ptr<AwaitedPath>>(awaited);
+    const Handle thread(CreateThread(nullptr, 0, ask, parameter.get(), 0, nullptr));
+    if (thread) {
+        parameter.release();  // the thread's
+    } else {
+        SetEvent(awaited->told.get());
+    }
+    return awaited;
+}
+
+}  // namespace
+
+std::vector<std::wstring> Win32Files::silent(const std::vector<std::wstring>& paths) {
+    for (const std::wstring& path : paths)
+        if (!path.empty() && !awaited_.contains(path)) awaited_.emplace(path, beginAsking(path));
+    std::vector<std::wstring> found;
+    for (const std::wstring& path : paths) {
+        const auto awaited = awaited_.find(path);
+        if (awaited == awaited_.end()) continue;
+        const ULONGLONG waited = GetTickCount64() - awaited->second->asked;
+        const DWORD left = waited < patience ? patience - static_cast<DWORD>(waited) : 0;
+        if (WaitForSingleObject(awaited->second->told.get(), left) == WAIT_OBJECT_0) {
+            awaited_.erase(awaited);
+        } else {
+            found.push_back(path);
+        }
+    }
+    return found;
+}
+
 std::wstring Win32Files::applicationFolder() const {
     std::wstring path(MAX_PATH, L'\0');
     for (;;) {
@@ -91,6 +142,17 @@ std::vector<std::wstring> Win32Files::list(const std::wstring& pattern) {
 bool Win32Files::exists(const std::wstring& path) {
     const DWORD attributes = GetFileAttributesW(path.c_str());
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::wstring Win32Files::shortPath(const std::wstring& path) {
+    std::wstring shortened(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
+    const DWORD length =
+        GetShortPathNameW(path.c_str(), shortened.data(), static_cast<DWORD>(shortened.size()));
+    // Longer than before: the path has changed in between.
+    if (length >= shortened.size()) return {};
+    shortened.resize(length);
+    // A volume without short names gives the long ones.
+    return shortened.find(L' ') != std::wstring::npos ? std::wstring() : shortened;
 }
 
 std::unique_ptr<FileReader> Win32Files::open(const std::wstring& path) {

@@ -6,7 +6,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "demo/dxf/Drawing.h"
+#include "demo/host/Disk.h"
 #include "ui/ControlHost.h"
 #include "win32/com/ComError.h"
 
@@ -26,7 +26,7 @@ void writeDrawing(const std::wstring& file, const std::vector<std::wstring>& lay
     for (demo::Layout* layout : first)
         if (!layout->isModel()) drawing.deleteLayout(*layout);
     drawing.setCurrentLayout(*drawing.findLayout(layouts.front()));
-    drawing.saveFile(file);
+    demo::Disk().save(drawing, file);
 }
 
 void writeFiles() {
@@ -104,12 +104,13 @@ std::wstring HostProgram::told(const std::wstring& command) {
 }
 
 ProgramOnHost::ProgramOnHost(std::chrono::milliseconds askAfter) : client(askAfter) {
-    client.busyHost.setHandlers({.busyFor = [this](std::int32_t milliseconds) { noteBusy(milliseconds); },
-                                 .askGiveUp =
-                                     [this] {
-                                         ++asked;
-                                         return givesUp;
-                                     }});
+    client.hostCaller.setHandlers(
+        {.waitingFor = [this](HostState state, std::int32_t milliseconds) { noteBusy(state, milliseconds); },
+         .askGiveUp =
+             [this](HostState) {
+                 ++asked;
+                 return givesUp;
+             }});
     const std::string file(HostProgram::database.begin(), HostProgram::database.end());
     world.registry.storeText(RegistryRoot::localMachine, "SOFTWARE\\Ormeda\\Tarvix 2.1", "DefDB", file);
 }
@@ -135,10 +136,11 @@ bool ProgramOnHost::start() {
     return true;
 }
 
-void ProgramOnHost::noteBusy(std::int32_t milliseconds) {
+void ProgramOnHost::noteBusy(HostState state, std::int32_t milliseconds) {
     MainWindow* window = presenter.mainWindow();
     if (!window) return;
-    window->showBusy(milliseconds);
+    window->showWork(statusText(state, milliseconds));
+    if (impatient && milliseconds > 0) PostMessageW(window->window(), WM_KEYDOWN, VK_RETURN, 0);
     busy.push_back({milliseconds, busyPanel(), std::exchange(painted_, false)});
     InvalidateRect(window->window(), nullptr, FALSE);
 }
