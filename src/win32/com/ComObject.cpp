@@ -1,5 +1,6 @@
 #include "win32/com/ComObject.h"
 
+#include "platform/Conversions.h"
 #include "win32/com/ComArguments.h"
 #include "win32/com/ComError.h"
 
