@@ -39,7 +39,7 @@ class Rows : public AutomationObject {
         return ObjectPtr(
             std::make_shared<Column>(*this, static_cast<std::size_t>(name - columnNames.begin())));
     }
-    std::vector<ObjectPtr> enumerate() override { return {}; }
+    std::vector<ObjectPtr> enumerate(std::wstring_view, const GoOn&) override { return {}; }
 
   private:
     class Column : public AutomationObject {
@@ -48,7 +48,7 @@ class Rows : public AutomationObject {
         Value get(const Member&) override { return rows_.rows_.at(rows_.current_)[column_]; }
         void put(const Member&, const Value&) override {}
         Value call(const Member&, std::span<const Argument>) override { return {}; }
-        std::vector<ObjectPtr> enumerate() override { return {}; }
+        std::vector<ObjectPtr> enumerate(std::wstring_view, const GoOn&) override { return {}; }
 
       private:
         const Rows& rows_;

@@ -27,7 +27,7 @@ class Stored : public AutomationObject {
         }
         return {};
     }
-    std::vector<ObjectPtr> enumerate() override { return {}; }
+    std::vector<ObjectPtr> enumerate(std::wstring_view, const GoOn&) override { return {}; }
 };
 
 using Contents = std::vector<std::pair<std::int16_t, std::wstring>>;
@@ -74,7 +74,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     test::FakeMessages messages;
     const test::GermanLocale locale;
     XDataReport report(messages);
-    const XDataSource source{{}, host::Entity(stored, std::make_shared<host::Session>()), report, locale};
+    const XDataSource source{{}, host::Entity(stored, std::make_shared<host::HostManners>()), report, locale};
     CXData read(source);
     read.GetXDataWerte();
     require(contentsOf(read).size() <= stored->values.size() / 2, "a value for each pair");

@@ -1,10 +1,10 @@
 #!/bin/bash
-# Makes the installer:  make-msi.sh ARCH VERSION PROGRAM HELP DATABASE ICON TARGET.msi    (ARCH: x86 or x64)
+# Makes the installer:  make-msi.sh ARCH VERSION PROGRAM DATABASE-PROGRAM HELP ICON TARGET.msi    (ARCH: x86 or x64)
 #
 # wixl knows a part of what an installer can say; the rest is entered into the database that it makes.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-arch=$1 version=$2 program=$3 help=$4 database=$5 icon=$6 target=$7
+arch=$1 version=$2 program=$3 maker=$4 help=$5 icon=$6 target=$7
 upgrade_code=EF62E138-4AAD-4F0D-A754-29EF2F1B8957
 folder_component=4DEE3DDF-66E1-48C8-BA90-DFA3D9DBF463
 work=$(mktemp -d)
@@ -13,8 +13,8 @@ trap 'rm -rf "$work"' EXIT
 # wixl takes its files from the folder where it is started.
 link() { ln -s "$(realpath "$1")" "$work/$2"; }
 link "$program" Blattwart.exe
+link "$maker" DatenbankAnlegen.exe
 link "$help" Tarvix.chm
-link "$database" Tarvix.mdb
 link "$icon" Blattwart.ico
 msi=$work/installer.msi
 (cd "$work" && wixl -a "$arch" -D "Arch=$arch" -D "Version=$version" -D "UpgradeCode=$upgrade_code" \
@@ -25,9 +25,6 @@ printf '\r\n\r\n1252\t_ForceCodepage\r\n' >"$work/_ForceCodepage.idt"
 msibuild "$msi" -i "$work/_ForceCodepage.idt"
 
 sql() { msibuild "$msi" -q "$1"; }
-
-# An office's database outlives the program (permanent, 16) and is never written over (128).
-sql "UPDATE Component SET Attributes = $([ "$arch" = x64 ] && echo 400 || echo 144) WHERE Component = 'Database'"
 
 # Only folders that are named here go when they are empty.
 sql "INSERT INTO CreateFolder (Directory_, Component_) VALUES ('LIBRARYDIR', 'Library')"
@@ -49,9 +46,11 @@ sql "INSERT INTO Upgrade (UpgradeCode, VersionMin, VersionMax, Attributes, Actio
 sql "UPDATE InstallExecuteSequence SET Condition = 'DEFDB ~= STARTDATABASE'
      WHERE Action = 'RemoveRegistryValues'"
 
-# By its version the program is known to be newer, not by its date.
-sql "UPDATE File SET Version = '$version.0', Language = '1031' WHERE File = 'Blattwart.exe'"
-sql "DELETE FROM MsiFileHash WHERE File_ = 'Blattwart.exe'"
+# By its version a program is known to be newer, not by its date.
+for file in Blattwart.exe DatenbankAnlegen.exe; do
+    sql "UPDATE File SET Version = '$version.0', Language = '1031' WHERE File = '$file'"
+    sql "DELETE FROM MsiFileHash WHERE File_ = '$file'"
+done
 
 package="{$(tr a-f A-F </proc/sys/kernel/random/uuid)}"
 msibuild "$msi" -s "Blattwart $version" Ormeda "$([ "$arch" = x64 ] && echo x64 || echo Intel);1031" "$package"

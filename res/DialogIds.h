@@ -4,6 +4,7 @@
 #define IDD_KOPIEREN 300
 #define IDD_UMBENENNEN 301
 #define IDD_INFO 302
+#define IDD_WARTEN 303
 
 #define IDC_DOKUMENT 1001
 #define IDC_QUELLE 1002
@@ -14,3 +15,4 @@
 #define IDC_VERSION 1007
 #define IDC_BUILD 1008
 #define IDC_SYSINFO 1009
+#define IDC_ZUSTAND 1010

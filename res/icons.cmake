@@ -6,7 +6,7 @@ set(icon_tree
 set(icon_toolbar
   new open save copy delete layout-new layout-import model activate design-centre
   view-large view-small view-list view-details ascending descending help
-  folder sheet-blank save-as-file search)
+  folder sheet-blank save-as-file search more)
 set(icon_list_small drawing layout detail dwt dwg)
 set(icon_list_large drawing-large layout-large detail-large dwt-large dwg-large)
 

@@ -50,8 +50,10 @@ int leastForStart(int drawings, int layouts) {
     constexpr int members = 23 * memberId;
     constexpr int statusLine = fact;
     const int objectIds = drawings * layouts * fact;
-    return attach + activeDocument + members + 2 * templateFolder + treeOf(drawings, layouts) + objectIds +
-           layoutDetails + statusLine;
+    // Whether the host gives several elements at once is not known yet when it gives the only drawing.
+    const int oneElementMore = drawings == 1 ? 1 : 0;
+    return oneElementMore + attach + activeDocument + members + 2 * templateFolder +
+           treeOf(drawings, layouts) + objectIds + layoutDetails + statusLine;
 }
 
 int leastForRefresh(int drawings, int layouts) {

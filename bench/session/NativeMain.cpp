@@ -4,8 +4,8 @@
 #include <cstdlib>
 
 #include "demo/host/DemoAutomation.h"
+#include "session/BenchProgram.h"
 #include "session/Drawings.h"
-#include "session/Session.h"
 
 namespace blattwart::bench {
 
@@ -15,20 +15,20 @@ void printLine(const std::string& what, const Cost& cost) {
     std::printf("%-44s %7zu %11.2f\n", what.c_str(), cost.calls, cost.milliseconds);
 }
 
-std::unique_ptr<Session> startSession(Automation& automation) {
-    auto session = std::make_unique<Session>(automation, std::filesystem::temp_directory_path());
-    session->start();
-    return session;
+std::unique_ptr<BenchProgram> startProgram(Automation& automation) {
+    auto program = std::make_unique<BenchProgram>(automation, std::filesystem::temp_directory_path());
+    program->start();
+    return program;
 }
 
 Cost refresh(demo::DemoAutomation& automation, int drawings) {
     addDrawings(automation.start(), drawings, layoutsEach);
-    return startSession(automation)->refresh();
+    return startProgram(automation)->refresh();
 }
 
 Cost clickDrawing(demo::DemoAutomation& automation, int layouts) {
     addDrawings(automation.start(), 1, layouts);
-    return startSession(automation)->clickDrawing();
+    return startProgram(automation)->clickDrawing();
 }
 
 void measureAll() {
@@ -41,7 +41,7 @@ void measureAll() {
         printLine("click on a drawing of " + std::to_string(layouts) + " layouts",
                   clickDrawing(automation, layouts));
     automation.start().addDocument(projectFolder, L"Voll.dwg", crowdedDrawing());
-    printLine("click on a layout of 2000 objects", startSession(automation)->clickLayout(L"Blatt"));
+    printLine("click on a layout of 2000 objects", startProgram(automation)->clickLayout(L"Blatt"));
 }
 
 /// "refresh" with so many drawings, or "click" on a drawing of so many layouts, for a tool that counts

@@ -4,11 +4,11 @@
 #include <cstdio>
 
 #include "com/Client.h"
+#include "session/BenchProgram.h"
 #include "session/Drawings.h"
 #include "session/Least.h"
 #include "session/Script.h"
 #include "session/SentMessages.h"
-#include "session/Session.h"
 
 namespace blattwart::bench {
 
@@ -47,18 +47,18 @@ class HostProgram {
 };
 
 /// The program, freshly started on the host.
-class FreshSession {
+class FreshProgram {
   public:
-    explicit FreshSession(const Wire& wire)
-        : session_(client_.automation, std::filesystem::temp_directory_path(), wire),
-          start_(session_.start()) {}
+    explicit FreshProgram(const Wire& wire)
+        : program_(client_.automation, std::filesystem::temp_directory_path(), wire),
+          start_(program_.start()) {}
 
     const Cost& start() const { return start_; }
-    Session* operator->() { return &session_; }
+    BenchProgram* operator->() { return &program_; }
 
   private:
     Client client_;
-    Session session_;
+    BenchProgram program_;
     Cost start_;
 };
 
@@ -66,7 +66,7 @@ Cost measureStart(const Wire& wire) {
     constexpr int times = 3;
     std::vector<Cost> costs;
     costs.reserve(times);
-    for (int i = 0; i < times; ++i) costs.push_back(FreshSession(wire).start());
+    for (int i = 0; i < times; ++i) costs.push_back(FreshProgram(wire).start());
     return median(std::move(costs));
 }
 
@@ -92,9 +92,9 @@ bool measure(int drawings, int layouts, const Wire& wire) {
     };
     bool good =
         print("attach and first tree", measureStart(wire), leastForStart(drawings, layouts), L"start");
-    FreshSession session(wire);
-    good &= print("refresh", session->refresh(), leastForRefresh(drawings, layouts), L"refresh");
-    good &= print("click on a drawing", session->clickDrawing(), leastForClick(drawings, layouts), L"click");
+    FreshProgram program(wire);
+    good &= print("refresh", program->refresh(), leastForRefresh(drawings, layouts), L"refresh");
+    good &= print("click on a drawing", program->clickDrawing(), leastForClick(drawings, layouts), L"click");
     return good;
 }
 

@@ -10,8 +10,6 @@
 #include <stdexcept>
 
 #include "com/Client.h"
-#include "demo/mdb/Database.h"
-#include "demo/mdb/DefinitionTables.h"
 #include "program/FakeWindow.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
@@ -36,11 +34,12 @@ std::wstring databaseFile() {
 }
 
 void setUpDatabase() {
-    demo::mdb::writeDatabase(databaseFile(), demo::mdb::startTables());
     HMODULE library = LoadLibraryW(windowsPath(ADO_LIBRARY).c_str());
     throwIfFailed(
         reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(GetProcAddress(library, "DllRegisterServer"))());
     const std::wstring file = databaseFile();
+    if (runProgram(DATABASE_MAKER, L"/still \"" + file + L"\"") != 0)
+        throw std::runtime_error("the database cannot be made");
     RegSetKeyValueW(HKEY_LOCAL_MACHINE, registryKey, L"DefDB", REG_SZ, file.c_str(),
                     static_cast<DWORD>((file.size() + 1) * sizeof(wchar_t)));
 }

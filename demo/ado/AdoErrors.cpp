@@ -19,6 +19,8 @@ constexpr ErrorText errorTexts[] = {
     {AdoError::memberNotFound, L"Mitglied nicht gefunden."},
     {AdoError::typeMismatch, L"Typen unverträglich."},
     {AdoError::unknownClass, L"Ungültige Klassenzeichenfolge"},
+    {AdoError::badStatement, L"Die Anweisung kann nicht ausgeführt werden."},
+    {AdoError::databaseExists, L"Die Datenbank ist bereits vorhanden."},
     {AdoError::tableNotFound,
      L"Das Microsoft Jet-Datenbankmodul findet die Eingangstabelle oder Abfrage nicht. Stellen Sie sicher, "
      L"dass "

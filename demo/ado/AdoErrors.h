@@ -11,6 +11,8 @@ enum class AdoError : std::uint32_t {
     memberNotFound = 0x80020003,
     typeMismatch = 0x80020005,
     unknownClass = 0x800401F3,
+    badStatement = 0x80040E14,
+    databaseExists = 0x80040E17,
     tableNotFound = 0x80040E37,
     invalidArgument = 0x800A0BB9,
     noCurrentRow = 0x800A0BCD,

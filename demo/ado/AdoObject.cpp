@@ -38,7 +38,7 @@ std::optional<std::int32_t> AdoObject::memberId(std::wstring_view name) const {
     return std::nullopt;
 }
 
-std::vector<blattwart::ObjectPtr> AdoObject::enumerate() {
+std::vector<blattwart::ObjectPtr> AdoObject::allElements() {
     fail(AdoError::memberNotFound);
 }
 

@@ -5,7 +5,7 @@
 namespace demo::ado {
 
 inline constexpr std::int32_t defaultMember = 0;
-/// Answered by `enumerate`, never by `invoke`.
+/// Answered by `allElements`, never by `invoke`.
 inline constexpr std::int32_t newEnumMember = -4;
 
 struct MemberName {
@@ -28,7 +28,7 @@ class AdoObject : public DispatchObject {
   public:
     std::optional<std::int32_t> memberId(std::wstring_view name) const final;
     /// Throws: only `Fields` is a collection.
-    std::vector<blattwart::ObjectPtr> enumerate() override;
+    std::vector<blattwart::ObjectPtr> allElements() override;
 
   protected:
     virtual std::span<const MemberName> members() const = 0;

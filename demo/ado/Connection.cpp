@@ -13,17 +13,25 @@ using blattwart::Value;
 namespace {
 
 namespace connectionMember {
-enum : std::int32_t { state = 5, close = 6, open = 10, cursorLocation = 15 };
+enum : std::int32_t { state = 5, close = 6, execute = 7, open = 10, cursorLocation = 15 };
 }  // namespace connectionMember
 
-/// The value of a key in "KEY=value;key=value;"; empty when the key is missing.
+/// Cuts off and returns what stands before the delimiter, which goes too.
+std::wstring_view cut(std::wstring_view& text, wchar_t delimiter) {
+    const auto part = text.substr(0, text.find(delimiter));
+    text.remove_prefix(std::min(part.size() + 1, text.size()));
+    return part;
+}
+
+/// The value of a key in "KEY=value;key="value";"; empty when the key is missing.
 std::wstring settingOf(std::wstring_view connectionString, std::wstring_view key) {
     while (!connectionString.empty()) {
-        const auto setting = connectionString.substr(0, connectionString.find(L';'));
-        connectionString.remove_prefix(std::min(setting.size() + 1, connectionString.size()));
-        const auto equals = setting.find(L'=');
-        if (equals != std::wstring_view::npos && equalIgnoringCase(setting.substr(0, equals), key))
-            return std::wstring(setting.substr(equals + 1));
+        const auto name = cut(connectionString, L'=');
+        const bool quoted = connectionString.starts_with(L'"');
+        if (quoted) connectionString.remove_prefix(1);
+        const auto value = cut(connectionString, quoted ? L'"' : L';');
+        if (quoted) cut(connectionString, L';');
+        if (equalIgnoringCase(name, key)) return std::wstring(value);
     }
     return {};
 }
@@ -31,10 +39,10 @@ std::wstring settingOf(std::wstring_view connectionString, std::wstring_view key
 }  // namespace
 
 std::span<const MemberName> Connection::members() const {
-    static constexpr std::array names = {MemberName{L"State", connectionMember::state},
-                                         MemberName{L"Close", connectionMember::close},
-                                         MemberName{L"Open", connectionMember::open},
-                                         MemberName{L"CursorLocation", connectionMember::cursorLocation}};
+    static constexpr std::array names = {
+        MemberName{L"State", connectionMember::state}, MemberName{L"Close", connectionMember::close},
+        MemberName{L"Execute", connectionMember::execute}, MemberName{L"Open", connectionMember::open},
+        MemberName{L"CursorLocation", connectionMember::cursorLocation}};
     return names;
 }
 
@@ -46,6 +54,9 @@ Value Connection::invoke(std::int32_t id, Access access, Arguments arguments) {
             return std::int32_t{database_ ? 1 : 0};
         case connectionMember::close:
             close();
+            return {};
+        case connectionMember::execute:
+            execute(textAt(arguments, 0));
             return {};
         case connectionMember::open:
             open(textAt(arguments, 0));
@@ -65,14 +76,29 @@ Value Connection::cursorLocation(Access access, Arguments arguments) {
     return {};
 }
 
-void Connection::open(const std::wstring& connectionString) {
+std::wstring Connection::fileIn(const std::wstring& connectionString) const {
     if (database_) fail(AdoError::objectOpen);
     const auto provider = settingOf(connectionString, L"Provider");
     if (faults_.providerMissing || !equalIgnoringCase(provider, L"Microsoft.Jet.OLEDB.4.0"))
         fail(AdoError::providerNotFound);
-    const auto path = settingOf(connectionString, L"Data Source");
+    return settingOf(connectionString, L"Data Source");
+}
+
+void Connection::open(const std::wstring& connectionString) {
+    const auto path = fileIn(connectionString);
     if (!fileExists(path)) fail(AdoError::unspecified, L"Datei '" + path + L"' nicht gefunden.");
     database_ = std::make_unique<Database>(path);
+}
+
+void Connection::create(const std::wstring& connectionString) {
+    const auto path = fileIn(connectionString);
+    if (fileExists(path)) fail(AdoError::databaseExists);
+    database_ = Database::create(path);
+}
+
+void Connection::execute(const std::wstring& statement) {
+    if (!database_) fail(AdoError::objectClosed);
+    database_->execute(statement);
 }
 
 void Connection::close() {

@@ -12,13 +12,16 @@ namespace demo::ado {
 
 class Recordset;
 
-/// "ADODB.Connection": CursorLocation, Open, State, Close. User and password of Open are not looked at.
+/// "ADODB.Connection": CursorLocation, Open, Execute, State, Close. User and password of Open are not looked
+/// at.
 class Connection final : public AdoObject {
   public:
     explicit Connection(const AdoFaults& faults) : faults_(faults) {}
 
     blattwart::Value invoke(std::int32_t id, Access access, Arguments arguments) override;
 
+    /// Makes the database that a connection string names and opens it. Throws RuntimeError.
+    void create(const std::wstring& connectionString);
     /// Runs a query for a recordset, which is closed together with the connection. Throws RuntimeError when
     /// the connection is closed.
     RowSet read(const std::wstring& source);
@@ -28,7 +31,9 @@ class Connection final : public AdoObject {
     std::span<const MemberName> members() const override;
 
   private:
+    std::wstring fileIn(const std::wstring& connectionString) const;
     void open(const std::wstring& connectionString);
+    void execute(const std::wstring& statement);
     void close();
     blattwart::Value cursorLocation(Access access, Arguments arguments);
 

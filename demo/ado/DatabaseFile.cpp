@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
+#include <fstream>
 #include <memory>
 #include <system_error>
 #include <type_traits>
@@ -47,6 +48,14 @@ std::uint32_t unitOf(wchar_t c) {
     return static_cast<std::make_unsigned_t<wchar_t>>(c);
 }
 
+std::filesystem::path systemPath(const std::wstring& path) {
+#ifdef _WIN32
+    return path;
+#else
+    return driverPath(path);
+#endif
+}
+
 }  // namespace
 
 std::string toUtf8(std::wstring_view text) {
@@ -60,12 +69,20 @@ std::string toUtf8(std::wstring_view text) {
     return bytes;
 }
 
-#ifdef _WIN32
-
 bool fileExists(const std::wstring& path) {
     std::error_code ignored;
-    return std::filesystem::is_regular_file(path, ignored);
+    return std::filesystem::is_regular_file(systemPath(path), ignored);
 }
+
+bool isSqlite(const std::wstring& path) {
+    constexpr std::string_view signature = "SQLite format 3";
+    std::string start(signature.size(), '\0');
+    std::ifstream(systemPath(path), std::ios::binary)
+        .read(start.data(), static_cast<std::streamsize>(start.size()));
+    return start == signature;
+}
+
+#ifdef _WIN32
 
 std::string driverPath(const std::wstring& path) {
     using UnixFileName = char*(__cdecl*)(const wchar_t*);
@@ -79,11 +96,6 @@ std::string driverPath(const std::wstring& path) {
 }
 
 #else
-
-bool fileExists(const std::wstring& path) {
-    std::error_code ignored;
-    return std::filesystem::is_regular_file(driverPath(path), ignored);
-}
 
 // The program joins paths with backslashes wherever it runs.
 std::string driverPath(const std::wstring& path) {

@@ -29,7 +29,7 @@ Value Fields::invoke(std::int32_t id, Access access, Arguments arguments) {
     return ObjectPtr(std::make_shared<Field>(recordset_, recordset_->fieldIndex(argumentAt(arguments, 0))));
 }
 
-std::vector<ObjectPtr> Fields::enumerate() {
+std::vector<ObjectPtr> Fields::allElements() {
     std::vector<ObjectPtr> fields;
     for (std::size_t i = 0; i < recordset_->fieldCount(); ++i)
         fields.push_back(std::make_shared<Field>(recordset_, i));

@@ -13,7 +13,7 @@ class Fields final : public AdoObject {
     explicit Fields(std::shared_ptr<Recordset> recordset) : recordset_(std::move(recordset)) {}
 
     blattwart::Value invoke(std::int32_t id, Access access, Arguments arguments) override;
-    std::vector<blattwart::ObjectPtr> enumerate() override;
+    std::vector<blattwart::ObjectPtr> allElements() override;
 
   protected:
     std::span<const MemberName> members() const override;

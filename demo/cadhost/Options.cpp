@@ -54,6 +54,7 @@ class Reader {
         {L"Automation", [this] { options_.automation = true; }},
         {L"Embedding", [this] { options_.automation = true; }},
         {L"wide", [this] { options_.host.wideIds = true; }},
+        {L"noshortids", [this] { options_.host.shortIds = false; }},
         {L"english", [this] { options_.host.language = Language::english; }},
         {L"version", [this] { options_.host.version = argument(); }},
         {L"templates", [this] { options_.host.templateFolder = argument(); }},

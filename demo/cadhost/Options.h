@@ -20,6 +20,7 @@ enum class Task { run, enter, remove, wait };
 ///     /wait                    ends when clients find a running host, or with 1 after half a minute
 ///     /Automation, -Embedding  started for a client: invisible
 ///     /wide                    a 64-bit host
+///     /noshortids              without 32-bit ids beside the wide ones
 ///     /english                 an English host
 ///     /version TEXT            its version
 ///     /templates FOLDER        its template folder

@@ -12,7 +12,11 @@ HRESULT ExportedEnumerator::Next(ULONG count, VARIANT* elements, ULONG* fetched)
     if (fetched) *fetched = 0;
     if (const HRESULT admitted = exporter_->admit(); admitted != S_OK) return admitted;
     ++exporter_->counters().nexts;
-    const auto available = static_cast<ULONG>(std::min<std::size_t>(count, elements_.size() - position_));
+    const EnumeratorManner manner = exporter_->enumeratorManner;
+    if (manner == EnumeratorManner::none) return E_NOTIMPL;
+    if (manner == EnumeratorManner::endless && position_ == elements_.size()) position_ = 0;
+    const ULONG most = manner == EnumeratorManner::single ? 1 : count;
+    const auto available = static_cast<ULONG>(std::min<std::size_t>(most, elements_.size() - position_));
     try {
         for (ULONG i = 0; i < available; ++i) {
             elements[i] = toVariant(Value(elements_[position_ + i]), *exporter_).release();
@@ -23,7 +27,8 @@ HRESULT ExportedEnumerator::Next(ULONG count, VARIANT* elements, ULONG* fetched)
     position_ += available;
     if (fetched) *fetched = available;
     exporter_->complete();
-    return available == count ? S_OK : S_FALSE;
+    if (manner == EnumeratorManner::asAsked) return available == count ? S_OK : S_FALSE;
+    return manner == EnumeratorManner::single ? S_FALSE : S_OK;
 }
 
 HRESULT ExportedEnumerator::Skip(ULONG count) {

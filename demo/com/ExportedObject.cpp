@@ -89,7 +89,7 @@ HRESULT ExportedObject::carryOut(DISPID id, WORD flags, DISPPARAMS& parameters, 
 
 HRESULT ExportedObject::newEnumerator(VARIANT* result) {
     if (!result) return E_POINTER;
-    auto enumerator = blattwart::makeCom<ExportedEnumerator>(exporter_, object_->enumerate());
+    auto enumerator = blattwart::makeCom<ExportedEnumerator>(exporter_, object_->allElements());
     V_VT(result) = VT_UNKNOWN;
     V_UNKNOWN(result) = enumerator.Detach();
     return S_OK;

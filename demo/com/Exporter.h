@@ -16,6 +16,11 @@ using blattwart::ObjectPtr;
 
 class ExportedObject;
 
+/// How enumerators answer a request for elements: with as many as asked for; with one and that fewer are
+/// left; with that all is well also when nothing is left; not at all; with the first ones again after the
+/// last.
+enum class EnumeratorManner { asAsked, single, neverSaysEnd, none, endless };
+
 /// What came in from other processes so far.
 struct WireCounters {
     std::uint32_t idLookups = 0;
@@ -47,6 +52,8 @@ class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_
     /// Told after each call that was carried out.
     std::function<void()> afterCall;
 
+    EnumeratorManner enumeratorManner = EnumeratorManner::asAsked;
+
     const std::wstring& source() const { return source_; }
     HRESULT admit();
     void complete() const {
@@ -59,6 +66,11 @@ class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_
 
   private:
     friend class ExportedObject;
+
+    /// How enumerators answer a request for elements: with as many as asked for; with one and that fewer are
+    /// left; with that all is well also when nothing is left; not at all; with the first ones again after the
+    /// last.
+    enum class EnumeratorManner { asAsked, single, neverSaysEnd, none, endless };
     void forget(const blattwart::AutomationObject* object);
 
     std::wstring source_;

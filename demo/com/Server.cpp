@@ -3,6 +3,8 @@
 #include <objbase.h>
 #include <oleauto.h>
 
+#include <array>
+
 #include "demo/com/ExportedObject.h"
 #include "win32/com/ComError.h"
 
@@ -52,6 +54,20 @@ Server::~Server() {
     }
     if (running_) RevokeActiveObject(running_, nullptr);
     if (offered_) CoRevokeClassObject(offered_);
+}
+
+bool Server::obey(const std::wstring& command) {
+    constexpr std::array manners{std::pair(L"enumerate asked", EnumeratorManner::asAsked),
+                                 std::pair(L"enumerate single", EnumeratorManner::single),
+                                 std::pair(L"enumerate unending", EnumeratorManner::neverSaysEnd),
+                                 std::pair(L"enumerate none", EnumeratorManner::none),
+                                 std::pair(L"enumerate endless", EnumeratorManner::endless)};
+    for (const auto& [name, manner] : manners) {
+        if (command != name) continue;
+        exporter_->enumeratorManner = manner;
+        return true;
+    }
+    return behaviour_->obey(command, exporter_->counters());
 }
 
 void Server::publish(const ObjectPtr& application) {

@@ -35,8 +35,9 @@ class Server {
     /// `step` is told after each call that was carried out.
     void setAfterCall(std::function<void()> step) { exporter_->afterCall = std::move(step); }
 
-    /// Obeys a command to the behaviour; false when it is none.
-    bool obey(const std::wstring& command) { return behaviour_->obey(command, exporter_->counters()); }
+    /// Obeys a command to the behaviour, or `enumerate asked`, `single`, `unending`, `none` or `endless`, see
+    /// EnumeratorManner; false when it is none of these.
+    bool obey(const std::wstring& command);
     const WireCounters& counters() const { return exporter_->counters(); }
 
   private:

@@ -26,7 +26,7 @@ void BlockObject::erase() {
     throw failure(hostError::invalidInput);
 }
 
-std::vector<ObjectPtr> BlockObject::enumerate() {
+std::vector<ObjectPtr> BlockObject::allElements() {
     checkReachable();
     std::vector<ObjectPtr> objects;
     for (const auto& entity : block().entities) {

@@ -11,7 +11,7 @@ class BlockObject final : public HostClass<BlockObject, DrawingPart> {
   public:
     using HostClass::HostClass;
     static std::vector<MemberSlot<BlockObject>> members();
-    std::vector<blattwart::ObjectPtr> enumerate() override;
+    std::vector<blattwart::ObjectPtr> allElements() override;
 
   private:
     std::wstring className() const override { return L"AcDbBlockTableRecord"; }

@@ -104,9 +104,9 @@ class RecordedObject final : public AutomationObject {
         return wrap(result);
     }
 
-    std::vector<ObjectPtr> enumerate() override {
-        const std::size_t number = enter(RecordedCall::Kind::enumerate, {L"", L""});
-        std::vector<ObjectPtr> elements = inner_->enumerate();
+    std::vector<ObjectPtr> enumerate(std::wstring_view className, const GoOn& goOn) override {
+        const std::size_t number = enter(RecordedCall::Kind::enumerate, {className, L""});
+        std::vector<ObjectPtr> elements = inner_->enumerate(className, goOn);
         leave(number);
         for (ObjectPtr& element : elements) element = wrapObject(std::move(element));
         return elements;

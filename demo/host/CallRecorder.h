@@ -13,7 +13,7 @@ namespace demo {
 struct RecordedCall {
     enum class Kind { running, create, get, put, call, enumerate, other };
     Kind kind = Kind::get;
-    /// Literals of the caller for members; the program's name for running and create; empty for enumerate.
+    /// Literals of the caller for members and enumerations; the program's name for running and create.
     std::wstring className;
     std::wstring name;
     bool ofHost = false;  ///< to the host or one of its objects
@@ -58,21 +58,17 @@ class CallRecorder final : public blattwart::Automation {
     /// Notes a call that goes to the system and not through this automation. Returns whether it is to fail.
     bool strikes(std::wstring_view name);
 
-    /// What callPending answers; at first false.
-    void setCallPending(bool pending) { callPending_ = pending; }
     /// Runs before each call is made, with its number from 1; for what the user does meanwhile.
     void beforeCall(std::function<void(std::size_t)> action);
 
     blattwart::ObjectPtr running(std::wstring_view name) override;
     blattwart::ObjectPtr create(std::wstring_view name) override;
-    bool callPending() const override { return callPending_; }
 
   private:
     blattwart::ObjectPtr top(RecordedCall::Kind kind, std::wstring_view name);
 
     blattwart::Automation& inner_;
     std::shared_ptr<State> state_;
-    bool callPending_ = false;
 };
 
 }  // namespace demo

@@ -16,6 +16,12 @@ bool isReturn(wchar_t character) {
     return character == L'\r' || character == L'\n';
 }
 
+/// First character that is no blank, 0 when there is none.
+wchar_t firstOf(const std::wstring& answer) {
+    const std::size_t first = answer.find_first_not_of(L' ');
+    return first == std::wstring::npos ? L'\0' : answer[first];
+}
+
 }  // namespace
 
 void CommandLine::type(const std::wstring& text) {
@@ -45,6 +51,9 @@ void CommandLine::run() {
 }
 
 bool CommandLine::endsAnswer(wchar_t character) const {
+    // An expression goes on over lines until its parentheses are closed.
+    if (firstOf(answer_) == L'(' && std::ranges::count(answer_, L'(') > std::ranges::count(answer_, L')'))
+        return false;
     if (isReturn(character)) return true;
     if (character != L' ') return false;
     const PromptKind kind = prompt_ ? prompt_->kind : PromptKind::word;
@@ -56,6 +65,7 @@ bool CommandLine::endsAnswer(wchar_t character) const {
 void CommandLine::takeAnswer() {
     std::wstring typed = std::move(answer_);
     answer_.clear();
+    if (evaluates(typed)) return;
     if (!prompt_) {
         show((host_.options().language == Language::german ? L"Befehl: " : L"Command: ") + typed);
         startCommand(typed.empty() ? lastCommand_ : typed);
@@ -67,6 +77,25 @@ void CommandLine::takeAnswer() {
     if (prompt.kind == PromptKind::path) std::erase(typed, L'"');
     if (typed.empty()) typed = prompt.fallback;
     step([&] { prompt.answer(typed); });
+}
+
+// Whatever they are, the prompt stays as it is.
+bool CommandLine::evaluates(const std::wstring& typed) {
+    const bool german = host_.options().language == Language::german;
+    switch (firstOf(typed)) {
+        case L'(':
+            show((german ? L"Ausdruck: " : L"Expression: ") + typed);
+            return true;
+        case L'!':
+            show(L"Variable: " + typed);
+            return true;
+        case L'\'':
+            show((german ? L"Transparenter Befehl: " : L"Transparent command: ") + typed);
+            if (!prompt_) startCommand(typed.substr(typed.find(L'\'') + 1));
+            return true;
+        default:
+            return false;
+    }
 }
 
 void CommandLine::startCommand(const std::wstring& typed) {

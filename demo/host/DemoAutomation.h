@@ -31,7 +31,6 @@ class DemoAutomation final : public blattwart::Automation {
 
     blattwart::ObjectPtr running(std::wstring_view name) override;
     blattwart::ObjectPtr create(std::wstring_view name) override;
-    bool callPending() const override { return false; }
 
   private:
     HostOptions options_;

@@ -22,7 +22,7 @@ std::vector<MemberSlot<DocumentObject>> DocumentObject::members() {
         method(0x2E, L"SetVariable", &Self::setVariable, 2),
         method(0x32, L"HandleToObject", &Self::handleToObject, 1),
         method(0x33, L"ObjectIdToObject", &Self::objectIdToObject, 1),
-        wideOnly(method(0x47, L"ObjectIdToObject32", &Self::objectIdToObject32, 1)),
+        shortId(method(0x47, L"ObjectIdToObject32", &Self::objectIdToObject32, 1)),
         method(0x3B, L"SendCommand", &Self::sendCommand, 1),
     };
     for (const auto& slot : fileMembers()) slots.push_back(slot);

@@ -17,7 +17,7 @@ std::vector<MemberSlot<DocumentsObject>> DocumentsObject::members() {
     };
 }
 
-std::vector<ObjectPtr> DocumentsObject::enumerate() {
+std::vector<ObjectPtr> DocumentsObject::allElements() {
     checkReachable();
     std::vector<ObjectPtr> objects;
     for (const auto& document : host().documents()) objects.push_back(objectOf(document));

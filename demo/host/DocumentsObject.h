@@ -9,7 +9,7 @@ class DocumentsObject final : public HostClass<DocumentsObject> {
   public:
     using HostClass::HostClass;
     static std::vector<MemberSlot<DocumentsObject>> members();
-    std::vector<blattwart::ObjectPtr> enumerate() override;
+    std::vector<blattwart::ObjectPtr> allElements() override;
 
   private:
     blattwart::Value count();

@@ -39,7 +39,7 @@ class DrawingPart : public HostPart {
             method<Self>(0x403, L"SetXData", &Self::setXData, 2),
             method<Self>(0x404, L"Delete", &Self::remove),
             property<Self>(0x405, L"ObjectID", &Self::objectId),
-            wideOnly(property<Self>(0x476, L"ObjectID32", &Self::objectId32)),
+            shortId(property<Self>(0x476, L"ObjectID32", &Self::objectId32)),
         };
         own.insert(own.end(), inherited.begin(), inherited.end());
         return own;

@@ -11,8 +11,10 @@ enum class Language { german, english };
 
 /// What one installation of the host is like. The defaults are a German 32-bit host with VBA.
 struct HostOptions {
-    /// A 64-bit host: object ids and window handles are 64 bits wide, 32-bit ids stand beside them.
+    /// A 64-bit host: object ids and window handles are 64 bits wide.
     bool wideIds = false;
+    /// A 64-bit host offers 32-bit ids beside them; newer ones do not.
+    bool shortIds = true;
     /// Error texts, default names, command names and options.
     Language language = Language::german;
     std::wstring version = L"18.1s (LMS Tech)";

@@ -34,7 +34,7 @@ std::wstring memberKey(std::wstring_view name) {
     return key;
 }
 
-std::vector<blattwart::ObjectPtr> HostPart::enumerate() {
+std::vector<blattwart::ObjectPtr> HostPart::allElements() {
     throw failure(hostError::memberNotFound);
 }
 

@@ -21,7 +21,7 @@ class HostPart : public DispatchObject {
     explicit HostPart(HostPtr host, DocumentPtr document = nullptr)
         : host_(std::move(host)), document_(std::move(document)) {}
 
-    std::vector<blattwart::ObjectPtr> enumerate() override;
+    std::vector<blattwart::ObjectPtr> allElements() override;
 
   protected:
     Host& host() const { return *host_; }

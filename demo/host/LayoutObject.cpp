@@ -201,7 +201,7 @@ std::vector<MemberSlot<LayoutsObject>> LayoutsObject::members() {
     };
 }
 
-std::vector<ObjectPtr> LayoutsObject::enumerate() {
+std::vector<ObjectPtr> LayoutsObject::allElements() {
     checkReachable();
     std::vector<ObjectPtr> objects;
     for (const Layout* layout : document().layoutsByName()) {

@@ -53,7 +53,7 @@ class LayoutsObject final : public HostClass<LayoutsObject> {
   public:
     using HostClass::HostClass;
     static std::vector<MemberSlot<LayoutsObject>> members();
-    std::vector<blattwart::ObjectPtr> enumerate() override;
+    std::vector<blattwart::ObjectPtr> allElements() override;
 
   private:
     blattwart::Value count();

@@ -21,7 +21,7 @@ struct MemberSlot {
     blattwart::Value (Self::*method)(Arguments) = nullptr;
     std::size_t fewest = 0;  ///< arguments of the method
     std::size_t most = 0;
-    bool wideOnly = false;  ///< offered by 64-bit hosts only
+    bool shortId = false;  ///< a 32-bit id or handle beside a wider one
 };
 
 template <class Self>
@@ -38,8 +38,8 @@ MemberSlot<Self> method(std::int32_t id, std::wstring_view name, blattwart::Valu
 
 /// A member that 64-bit hosts offer only.
 template <class Self>
-MemberSlot<Self> wideOnly(MemberSlot<Self> slot) {
-    slot.wideOnly = true;
+MemberSlot<Self> shortId(MemberSlot<Self> slot) {
+    slot.shortId = true;
     return slot;
 }
 
@@ -100,7 +100,9 @@ class HostClass : public Base {
         return members;
     }
 
-    bool offers(const MemberSlot<Self>& slot) const { return !slot.wideOnly || this->options().wideIds; }
+    bool offers(const MemberSlot<Self>& slot) const {
+        return !slot.shortId || (this->options().wideIds && this->options().shortIds);
+    }
 
     blattwart::Value perform(const MemberSlot<Self>& slot, Access access, Arguments arguments) {
         auto& self = static_cast<Self&>(*this);

@@ -24,7 +24,7 @@ std::vector<MemberSlot<RegisteredApplicationsObject>> RegisteredApplicationsObje
     };
 }
 
-std::vector<ObjectPtr> RegisteredApplicationsObject::enumerate() {
+std::vector<ObjectPtr> RegisteredApplicationsObject::allElements() {
     checkReachable();
     std::vector<ObjectPtr> objects;
     for (const auto& name : document().drawing().applications()) {

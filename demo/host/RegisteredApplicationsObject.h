@@ -21,7 +21,7 @@ class RegisteredApplicationsObject final : public HostClass<RegisteredApplicatio
   public:
     using HostClass::HostClass;
     static std::vector<MemberSlot<RegisteredApplicationsObject>> members();
-    std::vector<blattwart::ObjectPtr> enumerate() override;
+    std::vector<blattwart::ObjectPtr> allElements() override;
 
   private:
     blattwart::Value count();

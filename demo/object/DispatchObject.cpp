@@ -25,4 +25,13 @@ Value DispatchObject::call(const Member& member, std::span<const Argument> argum
     return invoke(idOf(member), Access::method, arguments);
 }
 
+std::vector<blattwart::ObjectPtr> DispatchObject::enumerate(std::wstring_view, const GoOn& goOn) {
+    // As many at once as another process gets with one message.
+    constexpr std::size_t atOnce = 512;
+    std::vector<blattwart::ObjectPtr> elements = allElements();
+    for (std::size_t taken = atOnce; taken < elements.size(); taken += atOnce)
+        if (!goOn()) elements.resize(taken);
+    return elements;
+}
+
 }  // namespace demo

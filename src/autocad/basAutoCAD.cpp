@@ -11,39 +11,60 @@ constexpr const wchar_t* automationName = L"AutoCAD.Application.18";
 }  // namespace
 
 bool basAutoCAD::IsAutoCADRunning() {
-    return ignoringErrors([&] { platform_.automation.running(automationName); });
+    try {
+        platform_.automation.running(automationName);
+        return true;
+    } catch (const RuntimeError& error) {
+        // Who refuses or hangs is there.
+        return isNotAnswering(error);
+    }
 }
 
 void basAutoCAD::ConnectAutoCAD() {
-    gAcadDoc = {};
-    gAcadApp = {};
-    ignoringErrors([&] { gAcadApp = host::Application(platform_.automation.running(automationName)); });
     try {
-        if (gAcadApp) gAcadDoc = gAcadApp.ActiveDocument();
+        attach(platform_.automation.running(automationName));
     } catch (const RuntimeError& error) {
-        // For a moment the system still hands out a host that has just died.
-        if (isGone(error)) gAcadApp = {};
+        if (!isNotAnswering(error)) attach(nullptr);
+        return;
     }
+    takeActiveDocument();
     if (fileDialogsStillOff_ && gAcadDoc) switchFileDialogsOn(gAcadDoc);
 }
 
 void basAutoCAD::StartAutoCAD() {
-    ObjectPtr application;
-    if (!ignoringErrors([&] { application = platform_.automation.running(automationName); })) {
+    try {
+        attach(platform_.automation.running(automationName));
+    } catch (const RuntimeError& error) {
+        if (isNotAnswering(error)) return tellNoAnswer();
         try {
-            application = platform_.automation.create(automationName);
-        } catch (const RuntimeError& error) {
-            platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok,
-                                    MessageIcon::none);
+            attach(platform_.automation.create(automationName));
+        } catch (const RuntimeError& failure) {
+            platform_.messages.say(failure.description());
             return;
         }
     }
-    gAcadApp = host::Application(std::move(application));
-    gAcadDoc = {};
     LoadTypes();
     ignoringErrors([&] { gAcadApp.putVisible(true); });
-    ignoringErrors([&] { gAcadDoc = gAcadApp.ActiveDocument(); });
-    RefreshTree();
+    takeActiveDocument();
+    events_.RefreshTree();
+}
+
+void basAutoCAD::attach(ObjectPtr application) {
+    if (application && gAcadApp.is(application)) return;
+    gAcadDoc = {};
+    gAcadApp = application ? host::Application(std::move(application)) : host::Application();
+}
+
+void basAutoCAD::takeActiveDocument() {
+    try {
+        fetchActiveDocument();
+    } catch (const RuntimeError& error) {
+        // What a host that does not answer has told before is the best that is known.
+        if (isNotAnswering(error)) return;
+        gAcadDoc = {};
+        // For a moment the system still hands out a host that has just died.
+        if (isGone(error)) gAcadApp = {};
+    }
 }
 
 std::wstring basAutoCAD::GetActiveDrawingName() {
@@ -66,12 +87,6 @@ void basAutoCAD::BringAutoCADToFront() {
     ignoringErrors([&] { BringWindowToFront(gAcadApp.HWND()); });
 }
 
-host::Document basAutoCAD::GetDocumentByKey(std::wstring_view key) {
-    std::vector<host::Document> documents;
-    ignoringErrors([&] { documents = documentsNamed(records_.DrawingRecords.Item(recordKey(key))->Gesamt); });
-    return documents.empty() ? host::Document() : documents.back();
-}
-
 std::shared_ptr<OpenDocuments> basAutoCAD::openDocuments() {
     if (seen_) return seen_;
     auto documents = std::make_shared<OpenDocuments>();
@@ -80,27 +95,68 @@ std::shared_ptr<OpenDocuments> basAutoCAD::openDocuments() {
     return documents;
 }
 
-std::vector<host::Document> basAutoCAD::documentsNamed(const std::wstring& fullName) {
+FoundDocuments basAutoCAD::find(const std::wstring& fullName) {
+    FoundDocuments found;
+    if (!gAcadApp) return found;
     const std::wstring wanted = platform_.locale.upperCase(fullName);
-    std::vector<host::Document> found;
-    const std::shared_ptr<OpenDocuments> documents = openDocuments();
-    for (OpenDocument& open : *documents) {
+    bool allSeen = true;
+    const auto look = [&allSeen](auto&& statement) {
         try {
-            const std::wstring name = platform_.locale.upperCase(open.Path() + L"\\" + open.Name());
-            if (name == wanted) found.push_back(open.document());
+            statement();
         } catch (const RuntimeError& error) {
-            if (!isGone(error)) throw;
+            allSeen = allSeen && isGone(error);
         }
-    }
+    };
+    look([&] {
+        const std::shared_ptr<OpenDocuments> documents = openDocuments();
+        for (OpenDocument& open : *documents) {
+            look([&] {
+                if (platform_.locale.upperCase(open.Path() + L"\\" + open.Name()) == wanted)
+                    found.documents.push_back(open.document());
+            });
+        }
+    });
+    if (!allSeen) found.outcome = Lookup::noAnswer;
+    if (!found.documents.empty()) found.outcome = Lookup::found;
     return found;
+}
+
+FoundDocuments basAutoCAD::findByKey(std::wstring_view key) {
+    std::wstring fullName;
+    if (!ignoringErrors([&] { fullName = records_.DrawingRecords.Item(recordKey(key))->Gesamt; })) return {};
+    return find(fullName);
+}
+
+bool basAutoCAD::foundOrTold(const FoundDocuments& found) {
+    if (found.outcome == Lookup::noAnswer) tellNoAnswer();
+    if (found.outcome == Lookup::notOpen)
+        events_.showHint(L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet.");
+    return found.outcome == Lookup::found;
+}
+
+void basAutoCAD::tellNoAnswer() {
+    platform_.messages.warn(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.");
+}
+
+bool basAutoCAD::runCommand(const std::function<void()>& statements) {
+    try {
+        statements();
+        return true;
+    } catch (const RuntimeError& error) {
+        if (isNotAnswering(error)) tellNoAnswer();
+        return false;
+    }
+}
+
+const host::Document& basAutoCAD::fetchActiveDocument() {
+    gAcadDoc = gAcadApp.ActiveDocument();
+    return gAcadDoc;
 }
 
 std::wstring basAutoCAD::GetActiveLayoutName(const std::wstring& fullName) {
     std::wstring name;
-    ignoringErrors([&] {
-        for (const host::Document& document : documentsNamed(fullName))
-            ignoringErrors([&] { name = document.ActiveLayout().Name(); });
-    });
+    for (const host::Document& document : find(fullName).documents)
+        ignoringErrors([&] { name = document.ActiveLayout().Name(); });
     return name;
 }
 
@@ -115,33 +171,49 @@ void basAutoCAD::NewDrawingFromTemplate(const std::wstring& templateFile) {
 }
 
 void basAutoCAD::NavigateDesignCenter(const std::wstring& target) {
-    // The second carriage return answers a prompt with its default; always the German command's name.
-    if (gAcadDoc) ignoringErrors([&] { typeCommand(gAcadDoc, {L"ADCNAVIGIEREN", L"", target}); });
+    // The host may end the target at a blank and take the rest for commands.
+    const bool hasBlank = target.find(L' ') != std::wstring::npos;
+    const std::wstring typed = hasBlank ? platform_.files.shortPath(target) : target;
+    if (hasBlank && typed.empty()) {
+        events_.showHint(L"DesignCenter: Der Pfad enthält Leerzeichen und hat keinen Kurznamen.");
+    } else if (gAcadDoc) {
+        ignoringErrors([&] { typeCommand(gAcadDoc, TypedCommand::navigateDesignCenter, {typed}); });
+    }
     BringAutoCADToFront();
 }
 
-bool basAutoCAD::typeCommand(const host::Document& document,
+bool basAutoCAD::typeCommand(const host::Document& document, TypedCommand command,
                              std::initializer_list<std::wstring_view> answers) {
-    std::wstring text;
-    for (const std::wstring_view answer : answers) {
-        // A carriage return inside a name would end the answer and make the rest a command of its own.
-        if (refusesControlCharacters(answer)) return false;
-        text.append(answer).push_back(L'\r');
-    }
+    if (std::ranges::any_of(answers, [this](std::wstring_view answer) { return refusesAnswer(answer); }) ||
+        refusesWhileCommandRuns(document))
+        return false;
+    document.SendCommand(commandText(command, answers));
+    return true;
+}
+
+bool basAutoCAD::refusesAnswer(std::wstring_view answer) {
+    // A carriage return inside a name would end the answer and make the rest a command of its own.
+    if (refusesControlCharacters(answer)) return true;
+    const std::size_t first = answer.find_first_not_of(L' ');
+    if (first == std::wstring_view::npos ||
+        std::wstring_view(L"(!'").find(answer[first]) == std::wstring_view::npos)
+        return false;
+    platform_.messages.warn(L"AutoCAD würde den Namen als Ausdruck ausführen: " + std::wstring(answer));
+    return true;
+}
+
+bool basAutoCAD::refusesWhileCommandRuns(const host::Document& document) {
     bool commandRuns = false;
     ignoringErrors([&] { commandRuns = document.GetVariable(L"CMDACTIVE") != 0; });
-    if (commandRuns) {
-        warn(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
-        return false;
-    }
-    document.SendCommand(text);
-    return true;
+    if (commandRuns)
+        platform_.messages.warn(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
+    return commandRuns;
 }
 
 bool basAutoCAD::refusesControlCharacters(std::wstring_view name) {
     constexpr auto isControl = [](wchar_t c) { return c < L' ' || (c >= 0x7F && c < 0xA0); };
     if (std::ranges::none_of(name, isControl)) return false;
-    warn(L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!");
+    platform_.messages.warn(L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!");
     return true;
 }
 
@@ -152,15 +224,10 @@ void basAutoCAD::switchFileDialogsOn(const host::Document& document) {
     fileDialogsStillOff_ = !switched;
 }
 
-void basAutoCAD::warn(const std::wstring& text) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
-}
-
 bool basAutoCAD::askToStart() {
     const std::wstring caption = std::wstring(applicationTitle) + L": AutoCAD ist nicht aktiv!";
-    return platform_.messages.show(
-               L"Soll AutoCAD gestartet werden? Mit 'Nein' wird der Blattwart geschlossen!", caption,
-               MessageButtons::yesNo, MessageIcon::question) == MessageAnswer::yes;
+    return platform_.messages.ask(
+        L"Soll AutoCAD gestartet werden? Mit 'Nein' wird der Blattwart geschlossen!", caption);
 }
 
 }  // namespace blattwart

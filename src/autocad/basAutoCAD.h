@@ -8,17 +8,36 @@
 #include <string_view>
 #include <vector>
 
+#include "autocad/CommandTexts.h"
 #include "autocad/OpenDocument.h"
+#include "data/NavigatorEvents.h"
 #include "data/NavigatorRecords.h"
 #include "host/Application.h"
 #include "platform/Platform.h"
 
 namespace blattwart {
 
+/// What looking for an open document came to.
+enum class Lookup {
+    found,
+    notOpen,
+    noAnswer,  ///< the host did not tell of every document; the one looked for may be open
+};
+
+/// The open documents of one full name.
+struct FoundDocuments {
+    Lookup outcome = Lookup::notOpen;
+    std::vector<host::Document> documents;  ///< in the host's order; none unless found
+
+    /// The one that counts where several match; empty where none does.
+    host::Document last() const { return documents.empty() ? host::Document() : documents.back(); }
+};
+
 /// The AutoCAD session: attaching and starting, the active document, looking documents up.
 class basAutoCAD {
   public:
-    basAutoCAD(Platform& platform, NavigatorRecords& records) : platform_(platform), records_(records) {}
+    basAutoCAD(Platform& platform, NavigatorRecords& records, NavigatorEvents& events)
+        : platform_(platform), records_(records), events_(events) {}
 
     /// While one lives, the host is asked only once which documents are open, what they are called and where
     /// they are. For events that look at documents several times and open or close none.
@@ -40,15 +59,16 @@ class basAutoCAD {
     /// Its active document as fetched at the last attach or activation, or empty.
     host::Document gAcadDoc;
 
-    /// What StartAutoCAD brings up to date; wired at start-up.
+    /// Reads the types of templates again, for StartAutoCAD; wired at start-up.
     std::function<void()> LoadTypes;
-    std::function<void()> RefreshTree;
 
+    /// Whether AutoCAD runs; also one that refuses calls or hangs does.
     bool IsAutoCADRunning();
     /// Attaches to the running AutoCAD and takes its active document; both are empty when there is none.
+    /// While AutoCAD does not answer, both stay.
     void ConnectAutoCAD();
     /// Attaches to AutoCAD or starts it. When it cannot be started, its error text is shown and nothing
-    /// changes.
+    /// changes; nor does anything when one runs that does not answer, which is told.
     void StartAutoCAD();
     /// Folder, backslash and file name of gAcadDoc; "" when there is none or it does not answer.
     std::wstring GetActiveDrawingName();
@@ -62,24 +82,46 @@ class basAutoCAD {
     void BringAutoCADToFront();
     /// All open documents in the host's order. Throws when the host does not answer.
     std::shared_ptr<OpenDocuments> openDocuments();
-    /// The open document of the drawing record with this key ("Z7"); the last one where several match, empty
-    /// where none does.
-    host::Document GetDocumentByKey(std::wstring_view key);
-    /// All open documents with this full name, case ignored, in the host's order. Documents that are closed
-    /// meanwhile are passed over; throws when the host does not answer.
-    std::vector<host::Document> documentsNamed(const std::wstring& fullName);
+    /// All open documents with this full name, case ignored. Documents that are closed meanwhile are passed
+    /// over. Nothing is open where no host is attached or where it has gone.
+    FoundDocuments find(const std::wstring& fullName);
+    /// The same for the drawing record with this key ("Z7"); not open where there is no record.
+    FoundDocuments findByKey(std::wstring_view key);
+    /// For a command that needs the document: true when it was found. Otherwise the user is told why not,
+    /// that AutoCAD does not answer in a message box, that the drawing is not open in the status line.
+    bool foundOrTold(const FoundDocuments& found);
+    /// Tells the user that AutoCAD does not answer.
+    void tellNoAnswer();
+    /// Runs what a command does. An error ends it; the user is told only where AutoCAD does not answer.
+    /// Returns whether all went through.
+    bool runCommand(const std::function<void()>& statements);
+    /// The last open document of the drawing record with this key, empty where there is none or the host
+    /// does not answer.
+    host::Document GetDocumentByKey(std::wstring_view key) { return findByKey(key).last(); }
+    /// Asks the host for the document that is active now; gAcadDoc follows it. Throws when the host does not
+    /// answer or has none open; gAcadDoc stays then.
+    const host::Document& fetchActiveDocument();
     /// Name of the active layout of the open document with this full name, "" when there is none.
     std::wstring GetActiveLayoutName(const std::wstring& fullName);
     /// Makes the document AutoCAD's active one and gAcadDoc. Throws when the host refuses.
     void activate(const host::Document& document);
     /// Has AutoCAD make a new drawing, which becomes gAcadDoc, and brings AutoCAD to the front.
     void NewDrawingFromTemplate(const std::wstring& templateFile);
-    /// Opens the DesignCenter at a folder or file and brings AutoCAD to the front.
+    /// Opens the DesignCenter at a folder or file and brings AutoCAD to the front. A target that holds a
+    /// blank is given in its short form; where there is none, nothing is typed.
     void NavigateDesignCenter(const std::wstring& target);
-    /// Types answers into the document's command line, each ended by a carriage return, in one piece. Nothing
-    /// is typed, the user is told why and the result is false when an answer holds control characters or when
-    /// a command is running. Throws when the host refuses the text.
-    bool typeCommand(const host::Document& document, std::initializer_list<std::wstring_view> answers);
+    /// Types a command with its answers into the document's command line, in one piece. Nothing is typed, the
+    /// user is told why and the result is false when an answer cannot be typed or when a command is running.
+    /// Throws when the host refuses the text.
+    bool typeCommand(const host::Document& document, TypedCommand command,
+                     std::initializer_list<std::wstring_view> answers = {});
+    /// Whether an answer cannot be typed, since the host would make something else of it: it holds control
+    /// characters, or begins as an expression ("("), a variable ("!") or a transparent command ("'"). The
+    /// user has been told then.
+    bool refusesAnswer(std::wstring_view answer);
+    /// Whether a command runs in the document, which would take a typed text for its own answers; the user
+    /// has been told then.
+    bool refusesWhileCommandRuns(const host::Document& document);
 
     /// Whether a name holds control characters, which must not reach the host; the user has been told then.
     bool refusesControlCharacters(std::wstring_view name);
@@ -92,10 +134,13 @@ class basAutoCAD {
     bool askToStart();
 
   private:
-    void warn(const std::wstring& text);
+    /// Takes the application, null for none. The one attached already stays with all that is known of it.
+    void attach(ObjectPtr application);
+    void takeActiveDocument();
 
     Platform& platform_;
     NavigatorRecords& records_;
+    NavigatorEvents& events_;
     int looks_ = 0;
     std::shared_ptr<OpenDocuments> seen_;  // only while a OneLook lives
     bool fileDialogsStillOff_ = false;

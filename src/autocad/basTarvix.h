@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <set>
 #include <string>
 
@@ -16,6 +17,11 @@ class basTarvix {
     /// Brings the host to the front and runs a routine of the macro project, loading the project first where
     /// it is missing. Returns whether the routine ran; otherwise the user has been told.
     bool RunHostMacro(const std::wstring& name);
+    /// Deletes a layout by the routine that deletes the active one. Before each attempt document and layout
+    /// are made the active ones and read back: loading the project shows dialogs, and the user may click
+    /// elsewhere meanwhile. Returns whether the routine ran; otherwise the user has been told. Throws when
+    /// the host refuses to activate them.
+    bool DeleteLayout(const host::Document& document, const host::Layout& layout, const CAcadobj& record);
     /// Creates a layout. `drawing` is the full name of the drawing whose document is made the active one
     /// first; empty: the document that is active already. Throws when the drawing is not open any more or the
     /// host refuses, so that no other drawing gets the layout.
@@ -30,11 +36,14 @@ class basTarvix {
     /// Copies a layout of gAcadDoc. A single copy takes the bare base name when it is free, several are
     /// always numbered; `newBaseName` receives the name actually used for a single copy. The new layout, or
     /// the first of several, becomes the current one. Failures are told; copies made before stay. Returns
-    /// whether all went through.
+    /// false when the names or a running command were refused before anything was typed.
     bool CopyLayouts(const std::wstring& sourceName, std::wstring& newBaseName, std::int16_t copies);
 
   private:
-    bool copyLayout(const std::wstring& sourceName, const std::wstring& newName);
+    /// Runs a routine, loading the project where it is missing. `ready` is asked directly before each
+    /// attempt; where it says no, it has told the user.
+    bool run(const std::wstring& name, const std::function<bool()>& ready);
+    void typeCopies(const std::wstring& sourceName, std::wstring& newBaseName, std::int16_t copies);
 
     basAutoCAD& autoCAD_;
     Platform& platform_;

@@ -59,15 +59,15 @@ class Label : public Control {
     std::wstring text_;
 };
 
-/// A status bar; panels are counted from 1, the first takes the room that the others leave.
+/// A status bar; panels are counted from 1, the first takes the room that the others leave;
+/// one without a text has none.
 class StatusBar : public Control {
   public:
     const std::wstring& panelText(int panel) const { return panels_.at(panel - 1); }
     void setPanelText(int panel, std::wstring text) { change(panels_.at(panel - 1), std::move(text)); }
-    int panelCount() const { return static_cast<int>(panels_.size()); }
 
   private:
-    std::vector<std::wstring> panels_{std::wstring()};
+    std::vector<std::wstring> panels_ = std::vector<std::wstring>(2);
 };
 
 }  // namespace blattwart

@@ -59,7 +59,7 @@ int ListView::rowOf(const ListItem& item) const {
 
 void ListView::setSelected(ListItem& item, bool selected) {
     const Change change(*this);
-    mark(item, selected);
+    markSelected(item, selected);
 }
 
 void ListView::setFocused(ListItem* item) {
@@ -81,13 +81,13 @@ std::vector<ListItem*> ListView::selectedItems() const {
 
 void ListView::clearSelection() {
     const Change change(*this);
-    for (ListItem* item : items_) mark(*item, false);
-    for (const auto& [key, item] : removed_) mark(*item, false);
+    for (ListItem* item : items_) markSelected(*item, false);
+    for (const auto& [key, item] : removed_) markSelected(*item, false);
 }
 
 void ListView::selectAll() {
     const Change change(*this);
-    for (ListItem* item : items_) mark(*item, true);
+    for (ListItem* item : items_) markSelected(*item, true);
 }
 
 void ListView::clearColumns() {
@@ -152,7 +152,7 @@ void ListView::userSelects(const std::vector<ListItem*>& items, ListItem* focuse
     bool changes = focused != this->focused();
     {
         const Change change(*this);
-        for (ListItem* item : items_) changes |= mark(*item, wanted.contains(item));
+        for (ListItem* item : items_) changes |= markSelected(*item, wanted.contains(item));
         focused_ = focused;
     }
     if (changes && events.selectionChange) events.selectionChange();
@@ -170,7 +170,7 @@ void ListView::startLabelEdit(ListItem& item) {
     cancelLabelEdit();
     {
         const Change change(*this);
-        mark(item, true);
+        markSelected(item, true);
         focused_ = &item;
     }
     editedItem_ = &item;
@@ -195,7 +195,7 @@ void ListView::retire(ListItem& item) {
 }
 
 /// Returns whether that changed the item's selection.
-bool ListView::mark(ListItem& item, bool selected) {
+bool ListView::markSelected(ListItem& item, bool selected) {
     if (item.selected_ == selected) return false;
     if (!item.selectedBefore_) {
         item.selectedBefore_ = item.selected_;

@@ -176,7 +176,7 @@ class ListView : public Control {
     void disarrange();
     void changeContent(ListItem& item, int column, const std::function<void()>& apply);
     void retire(ListItem& item);
-    bool mark(ListItem& item, bool selected);
+    bool markSelected(ListItem& item, bool selected);
     void changeArrangement(const Arrangement& arrangement);
     ListColumn& changeColumn(int index);
 

@@ -41,9 +41,12 @@ class MenuItem {
     bool checked() const { return checked_; }
     bool enabled() const { return enabled_; }
     bool visible() const { return visible_; }
+    /// Shown in bold: what a double click does where the menu opens.
+    bool isDefault() const { return default_; }
     void setChecked(bool checked) { checked_ = checked; }
     void setEnabled(bool enabled) { enabled_ = enabled; }
     void setVisible(bool visible) { visible_ = visible; }
+    void setDefault(bool isDefault) { default_ = isDefault; }
 
     MenuItem& add(std::wstring name, std::wstring caption, Shortcut shortcut = {});
     MenuItem& addSeparator() { return add({}, {}); }
@@ -58,6 +61,7 @@ class MenuItem {
     bool checked_ = false;
     bool enabled_ = true;
     bool visible_ = true;
+    bool default_ = false;
     std::vector<std::unique_ptr<MenuItem>> items_;
 };
 

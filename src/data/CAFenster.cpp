@@ -30,6 +30,7 @@ void CAFenster::GetAfenwerte(const XDataSource& source) {
     CXData data(source);
     data.objId = ObjektId;
     data.GetXDataWerte();
+    Verwaltet = data.Vorhanden;
     ignoringErrors([&] { Tarvix = toInt16(fetched(data, markerType), source.locale); });
     Bezeichnung = toText(fetched(data, labelType), source.locale);
     ignoringErrors([&] { Uebersicht = toInt16(fetched(data, overviewType), source.locale); });

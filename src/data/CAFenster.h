@@ -6,7 +6,8 @@ namespace blattwart {
 
 /// One viewport of a layout and what the program keeps in its extended data.
 struct CAFenster {
-    std::int16_t Tarvix = 0;  ///< the program's marker; 0 for a viewport that is not its own
+    bool Verwaltet = false;   ///< whether the viewport carries the program's data and so is managed by it
+    std::int16_t Tarvix = 0;  ///< the program's marker
     std::wstring Ref;
     std::int16_t Uebersicht = 0;
     double Faktor = 0;  ///< scale factor

@@ -13,6 +13,14 @@ struct CAcadobj {
     std::wstring Zeichnung;      ///< file name of the drawing
     std::wstring Layout;         ///< name of the layout
     std::int32_t Nummer = 0;
+
+    /// Full name of the drawing: of a layout's record, what stands before its own part of the full name.
+    /// Folders and files may hold ";", too.
+    std::wstring drawing() const {
+        const std::wstring own = L";" + Layout;
+        const bool ofLayout = !Layout.empty() && Gesamt.ends_with(own);
+        return ofLayout ? Gesamt.substr(0, Gesamt.size() - own.size()) : Gesamt;
+    }
 };
 
 }  // namespace blattwart

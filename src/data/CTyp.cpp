@@ -19,8 +19,7 @@ bool CTyp::WriteToDatabase(Recordset& row, MessageBoxes& messages) const {
         row.Update();
         return false;
     } catch (const RuntimeError&) {
-        messages.show(L"Speicherung der Verzeichnisse nicht möglich!", applicationTitle, MessageButtons::ok,
-                      MessageIcon::exclamation);
+        messages.warn(L"Speicherung der Verzeichnisse nicht möglich!");
         return true;
     }
 }

@@ -36,15 +36,13 @@ host::XData arraysOf(const Collection<CXWert>& values) {
 }  // namespace
 
 void XDataReport::readingFailed() {
-    if (readingTold_) return;
-    readingTold_ = true;
-    messages_.show(L"Fehler beim Lesen der EED's!", applicationTitle, MessageButtons::ok,
-                   MessageIcon::critical);
+    if (hasReadingFailed_) return;
+    hasReadingFailed_ = true;
+    messages_.reportError(L"Fehler beim Lesen der EED's!");
 }
 
 void XDataReport::writingFailed() {
-    messages_.show(L"Fehler beim Schreiben der EED's!", applicationTitle, MessageButtons::ok,
-                   MessageIcon::critical);
+    messages_.reportError(L"Fehler beim Schreiben der EED's!");
 }
 
 void CXData::SetXDataWerte() {
@@ -61,7 +59,9 @@ void CXData::SetXDataWerte() {
 
 void CXData::GetXDataWerte() {
     try {
-        addPairs(object().GetXData(applicationName).values);
+        const ValueArray stored = object().GetXData(applicationName).values;
+        Vorhanden = !stored.empty();
+        addPairs(stored);
     } catch (const RuntimeError&) {
         source_.report.readingFailed();
     }

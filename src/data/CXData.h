@@ -18,10 +18,12 @@ class XDataReport {
 
     void readingFailed();
     void writingFailed();
+    /// Whether the data of an object could not be read so far.
+    bool hasReadingFailed() const { return hasReadingFailed_; }
 
   private:
     MessageBoxes& messages_;
-    bool readingTold_ = false;
+    bool hasReadingFailed_ = false;
 };
 
 /// Whose extended data are meant and how failures are told.
@@ -42,6 +44,7 @@ class CXData {
     Value Wert;                 ///< the value last fetched, or to be added
     std::int16_t DataTyp = 0;   ///< the type that AddXWert and GetXWertByTyp work on
     Collection<CXWert> values;  ///< keyed by the decimal text of their types
+    bool Vorhanden = false;     ///< whether the object was found to carry data, be it without any value
 
     /// Writes the values to the object; nothing when there are none. The user is told when it fails.
     void SetXDataWerte();

@@ -11,18 +11,21 @@ std::wstring basAllgemein::FormatZahl(double number) const {
     return text;
 }
 
-bool basAllgemein::DateiLoeschen(const std::wstring& file) {
-    const MessageAnswer answer =
-        platform_.messages.show(L"Datei: " + file + L" wirklich löschen?", applicationTitle,
-                                MessageButtons::yesNo, MessageIcon::question);
-    if (answer != MessageAnswer::yes) return false;
-    return ignoringErrors([&] { platform_.files.remove(file); });
+bool basAllgemein::DateiLoeschen(const std::wstring& file,
+                                 const std::function<void(const std::wstring&)>& failure) {
+    if (!platform_.messages.ask(L"Datei: " + file + L" wirklich löschen?")) return false;
+    try {
+        platform_.files.remove(file);
+        return true;
+    } catch (const RuntimeError& error) {
+        failure(error.description());
+        return false;
+    }
 }
 
 bool basAllgemein::CheckInvalidChars(const std::wstring& text) {
     if (text.find_first_of(L"<>/\\\":?*|='´") == std::wstring::npos) return false;
-    platform_.messages.show(L"Eingabe enthält ungültige Zeichen!", applicationTitle, MessageButtons::ok,
-                            MessageIcon::exclamation);
+    platform_.messages.warn(L"Eingabe enthält ungültige Zeichen!");
     return true;
 }
 

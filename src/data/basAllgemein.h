@@ -16,9 +16,9 @@ class basAllgemein {
 
     /// Two decimals with the user's separator, none when both are 0. Rounds half away from zero.
     std::wstring FormatZahl(double number) const;
-    /// Asks whether the file is to be deleted and does so on Yes. Returns whether it was deleted; the user is
-    /// not told when that fails.
-    bool DateiLoeschen(const std::wstring& file);
+    /// Asks whether the file is to be deleted and does so on Yes. Returns whether it was deleted; when that
+    /// fails, `failure` is called with the reason.
+    bool DateiLoeschen(const std::wstring& file, const std::function<void(const std::wstring&)>& failure);
     /// Returns whether the text holds a character that layout and file names may not have; the user has been
     /// told then.
     bool CheckInvalidChars(const std::wstring& text);

@@ -32,14 +32,12 @@ void basDatenbank::OpenDefDB() {
     try {
         connection_ = platform_.automation.create(L"ADODB.Connection");
         connection_->put({connectionClass, L"CursorLocation"}, clientCursor);
-        const std::wstring source =
-            L"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + registry_.GetDatabasePath() + L";";
+        const std::wstring source = L"PROVIDER=Microsoft.Jet.OLEDB.4.0;Data Source=" + file() + L";";
         connection_->call({connectionClass, L"Open"},
                           {Value(source), Value(L""), Value(L""), Value(unspecified)});
     } catch (const RuntimeError&) {
         connection_.reset();
-        platform_.messages.show(L"Fehler beim Öffnen der Def-Datenbank!", applicationTitle,
-                                MessageButtons::ok, MessageIcon::critical);
+        platform_.messages.reportError(L"Fehler beim Öffnen der Def-Datenbank!");
     }
 }
 

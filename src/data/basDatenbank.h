@@ -17,6 +17,8 @@ class basDatenbank {
     basDatenbank(const basDatenbank&) = delete;
     basDatenbank& operator=(const basDatenbank&) = delete;
 
+    /// The database's file.
+    std::wstring file() const { return registry_.GetDatabasePath(); }
     /// Opens the database. The user is told when that fails; there is no connection then.
     void OpenDefDB();
     void CloseDefDB();

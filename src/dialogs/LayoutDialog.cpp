@@ -27,10 +27,6 @@ void LayoutDialog::enableStart() {
     cmdStart.setEnabled(!txtLayout.text().empty() && !txtAnzahl.text().empty());
 }
 
-void LayoutDialog::warn(const std::wstring& text) {
-    context_.platform.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
-}
-
 bool LayoutDialog::txtLayout_Validate() {
     return context_.general.CheckInvalidChars(txtLayout.text());
 }
@@ -39,11 +35,11 @@ bool LayoutDialog::txtLayout_Validate() {
 bool LayoutDialog::txtAnzahl_Validate() {
     double number = 0;
     if (!ignoringErrors([&] { number = userNumber(txtAnzahl.text(), context_.platform.locale); })) {
-        warn(L"Eingabe ist ungültig!");
+        context_.platform.messages.warn(L"Eingabe ist ungültig!");
         return true;
     }
     if (number >= 1 && number - std::trunc(number) == 0) return false;
-    warn(L"Ungültige Anzahl!");
+    context_.platform.messages.warn(L"Ungültige Anzahl!");
     return true;
 }
 
@@ -51,21 +47,21 @@ std::optional<std::int16_t> LayoutDialog::number() {
     std::optional<std::int16_t> number;
     const Locale& locale = context_.platform.locale;
     if (!ignoringErrors([&] { number = toInt16(userNumber(txtAnzahl.text(), locale)); }))
-        warn(L"Die Anzahl ist zu groß! Es sind höchstens 32767 möglich.");
+        context_.platform.messages.warn(L"Die Anzahl ist zu groß! Es sind höchstens 32767 möglich.");
     return number;
 }
 
-bool LayoutDialog::takeDocument() {
-    const host::Document document = context_.autoCAD.GetDocumentByKey(drawingKey_);
-    if (document) {
-        context_.autoCAD.gAcadDoc = document;
-        return true;
-    }
-    warn(L"Die Zeichnung '" + txtDokument.text() + L"' ist in AutoCAD nicht mehr geöffnet!");
+Lookup LayoutDialog::takeDocument() {
+    const FoundDocuments found = context_.autoCAD.findByKey(drawingKey_);
+    if (found.outcome == Lookup::found) context_.autoCAD.gAcadDoc = found.last();
+    if (found.outcome == Lookup::noAnswer) context_.autoCAD.tellNoAnswer();
+    if (found.outcome != Lookup::notOpen) return found.outcome;
+    context_.platform.messages.warn(L"Die Zeichnung '" + txtDokument.text() +
+                                    L"' ist in AutoCAD nicht mehr geöffnet!");
     // The watchdog steps aside while a dialog is open, so the tree still shows what was before.
     context_.autoCAD.ConnectAutoCAD();
     context_.views.RefreshTree();
-    return false;
+    return found.outcome;
 }
 
 // The enter key starts without leaving the field, so both are looked at again.
@@ -74,7 +70,9 @@ void LayoutDialog::cmdStart_Click() {
     if (txtAnzahl_Validate()) return window().setFocus(txtAnzahl);
     const std::optional<std::int16_t> count = number();
     if (!count) return window().setFocus(txtAnzahl);
-    if (takeDocument()) start(txtLayout.text(), *count);
+    const Lookup outcome = takeDocument();
+    const bool refused = outcome == Lookup::found && !start(txtLayout.text(), *count);
+    if (refused || outcome == Lookup::noAnswer) return window().setFocus(txtLayout);
     window().close();
 }
 

@@ -38,24 +38,25 @@ class LayoutDialog : public Dialog {
     /// Return true, and the user has been told, when the field's text is refused.
     bool txtLayout_Validate();
     bool txtAnzahl_Validate();
-    /// Does the work and closes, unless a field is refused.
+    /// Does the work and closes, unless an input is refused or AutoCAD does not answer.
     void cmdStart_Click();
     void cmdCancel_Click() { window().close(); }
 
   protected:
     /// Takes drawing and key of the selected tree node, a drawing or a layout.
     void takeDrawing();
-    /// The work itself; `gAcadDoc` is the dialog's drawing.
-    virtual void start(const std::wstring& name, std::int16_t number) = 0;
+    /// The work itself; `gAcadDoc` is the dialog's drawing. Returns false when an input was refused, and the
+    /// user has been told: the dialog stays open then.
+    virtual bool start(const std::wstring& name, std::int16_t number) = 0;
     void enableStart();
-    void warn(const std::wstring& text);
     const TreeNode* selectedNode() { return context_.views.tree.view().selected(); }
     const LayoutDialogContext& context() const { return context_; }
 
   private:
     /// The number if it fits; otherwise the user has been told.
     std::optional<std::int16_t> number();
-    bool takeDocument();
+    /// Makes the dialog's drawing `gAcadDoc` if it is found; otherwise the user has been told.
+    Lookup takeDocument();
 
     LayoutDialogContext context_;
     // Of the moment the dialog opened: the selection may change with a refresh.

@@ -13,7 +13,6 @@ namespace blattwart {
 namespace {
 
 constexpr std::uint32_t fullAccess = 0x2003F;
-constexpr std::uint32_t expandableTextType = 2;
 constexpr std::size_t longestValue = 1024;
 
 std::wstring hexadecimal(std::span<const char> bytes) {
@@ -48,9 +47,7 @@ void frmInfo::StartSysInfo() {
     const std::wstring path = toolPath();
     const bool started =
         !path.empty() && ignoringErrors([&] { platform_.process.start(L'"' + path + L'"'); });
-    if (!started)
-        platform_.messages.show(L"Systeminformationen sind momentan nicht verfügbar", applicationTitle,
-                                MessageButtons::ok, MessageIcon::none);
+    if (!started) platform_.messages.say(L"Systeminformationen sind momentan nicht verfügbar");
 }
 
 std::wstring frmInfo::toolPath() {
@@ -76,9 +73,10 @@ bool frmInfo::GetKeyValue(RegistryRoot root, const std::string& key, const std::
     registry.closeKey(opened);
     if (result != Registry::success) return false;
     const std::span value = std::span(buffer).first(size);
-    if (type == Registry::textType || type == expandableTextType) {
+    if (type == Registry::textType || type == Registry::expandableTextType) {
         // The terminating NUL may be there or not.
         text = platform_.locale.fromAnsi({value.begin(), std::ranges::find(value, '\0')});
+        if (type == Registry::expandableTextType) text = registry.expanded(text);
         return true;
     }
     if (type != Registry::numberType || size != sizeof(std::uint32_t)) return false;

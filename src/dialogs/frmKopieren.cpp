@@ -14,7 +14,8 @@ bool frmKopieren::Form_Load() {
     if (node.key().starts_with(L'Z')) {
         const ListItem* item = context().list.selected();
         if (!item) {
-            warn(L"Bitte wählen Sie in der Liste das Layout aus, das kopiert werden soll!");
+            context().platform.messages.warn(
+                L"Bitte wählen Sie in der Liste das Layout aus, das kopiert werden soll!");
             return false;
         }
         source = item->text();
@@ -30,11 +31,12 @@ void frmKopieren::showHelp() {
     context().help.ShowHelpTopic(helpTopic::copyLayout);
 }
 
-void frmKopieren::start(const std::wstring& name, std::int16_t copies) {
+bool frmKopieren::start(const std::wstring& name, std::int16_t copies) {
     std::wstring newName = name;
-    tarvix_.CopyLayouts(txtQuelle.text(), newName, copies);
+    if (!tarvix_.CopyLayouts(txtQuelle.text(), newName, copies)) return false;
     context().views.RefreshTree();
     updateNode();
+    return true;
 }
 
 // The refresh has updated the selected node, which is the one unless it was removed meanwhile.

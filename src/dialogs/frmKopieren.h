@@ -20,7 +20,7 @@ class frmKopieren : public LayoutDialog {
     void showHelp() override;
 
   private:
-    void start(const std::wstring& name, std::int16_t copies) override;
+    bool start(const std::wstring& name, std::int16_t copies) override;
     void updateNode();
 
     basTarvix& tarvix_;

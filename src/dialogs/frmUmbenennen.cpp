@@ -11,8 +11,11 @@ void frmUmbenennen::showHelp() {
     context().help.ShowHelpTopic(helpTopic::renameLayouts);
 }
 
-void frmUmbenennen::start(const std::wstring& name, std::int16_t counter) {
+bool frmUmbenennen::start(const std::wstring& name, std::int16_t counter) {
     layouts_.RenameSelectedLayouts(name, counter);
+    // The renaming activates nothing in the host.
+    ignoringErrors([this] { context().autoCAD.fetchActiveDocument(); });
+    return true;
 }
 
 }  // namespace blattwart

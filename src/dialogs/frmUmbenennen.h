@@ -16,7 +16,7 @@ class frmUmbenennen : public LayoutDialog {
     void showHelp() override;
 
   private:
-    void start(const std::wstring& name, std::int16_t counter) override;
+    bool start(const std::wstring& name, std::int16_t counter) override;
 
     LayoutNames& layouts_;
 };

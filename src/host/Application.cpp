@@ -23,7 +23,7 @@ void Application::putVisible(bool visible) const {
 WindowHandle Application::HWND() const {
     // 64-bit hosts give 64 bits, of which a window handle uses the lower 32.
     const Value handle = object().get({application, L"HWND"});
-    return static_cast<WindowHandle>(static_cast<std::int64_t>(numberOf(handle)));
+    return static_cast<WindowHandle>(static_cast<std::int64_t>(hostNumber(handle)));
 }
 
 void Application::RunMacro(const std::wstring& macro) const {
@@ -37,7 +37,7 @@ void Application::LoadDVB(const std::wstring& file) const {
 std::wstring Application::templateFolder() const {
     const ObjectPtr preferences = toObject(object().get({application, L"Preferences"}));
     const ObjectPtr files = toObject(preferences->get({L"Preferences", L"Files"}));
-    std::wstring folder = textOf(files->get({L"PreferencesFiles", L"TemplateDwgPath"}));
+    std::wstring folder = hostText(files->get({L"PreferencesFiles", L"TemplateDwgPath"}));
     if (folder.ends_with(L'\\')) folder.pop_back();
     return folder;
 }

@@ -10,7 +10,10 @@ class Application : public HostObject {
   public:
     Application() = default;
     explicit Application(ObjectPtr application)
-        : HostObject(std::move(application), std::make_shared<Session>()) {}
+        : HostObject(std::move(application), std::make_shared<HostManners>()) {}
+
+    /// Whether this is a face on just that object; asks nobody.
+    bool is(const ObjectPtr& application) const { return object_ == application; }
 
     host::Documents Documents() const;
     /// Fails while no drawing is open.

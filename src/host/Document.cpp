@@ -15,8 +15,8 @@ std::wstring Document::Name() const {
 
 DrawingFile Document::file() const {
     const std::wstring full = getText({document, L"FullName"});
-    if (full.empty()) return {{}, Name()};
-    const std::size_t end = full.rfind(L'\\');
+    if (full.empty()) return {getText({document, L"Path"}), Name()};
+    const std::size_t end = full.find_last_of(L"\\/");
     if (end == std::wstring::npos) return {{}, full};
     return {full.substr(0, end), full.substr(end + 1)};
 }
@@ -54,22 +54,15 @@ void Document::SetVariable(const std::wstring& name, std::int16_t value) const {
 }
 
 std::int32_t Document::GetVariable(const std::wstring& name) const {
-    return static_cast<std::int32_t>(numberOf(object().call({document, L"GetVariable"}, {Value(name)})));
+    return static_cast<std::int32_t>(hostNumber(object().call({document, L"GetVariable"}, {Value(name)})));
 }
 
 Entity Document::ObjectIdToObject(std::int32_t id) const {
+    if (id == 0) throw RuntimeError(errorNumber::elementNotFound, L"Das Objekt hat keine Kennung.");
     const Argument argument{Value(id)};
-    if (session().wideIds.value_or(true)) {
-        try {
-            const Value entity = object().call({document, L"ObjectIdToObject32"}, {argument});
-            session().wideIds = true;
-            return face<Entity>(toObject(entity));
-        } catch (const RuntimeError& error) {
-            if (error.number() != hresult::unknownName || session().wideIds.has_value()) throw;
-            session().wideIds = false;
-        }
-    }
-    return face<Entity>(toObject(object().call({document, L"ObjectIdToObject"}, {argument})));
+    return face<Entity>(
+        toObject(withIds([&](const Member& member) { return object().call(member, {argument}); },
+                         {document, L"ObjectIdToObject32"}, {document, L"ObjectIdToObject"})));
 }
 
 void Document::registerApplication(const std::wstring& name) const {

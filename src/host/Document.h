@@ -7,7 +7,7 @@ namespace blattwart::host {
 enum class Space : std::int32_t { paper = 0, model = 1 };
 
 struct DrawingFile {
-    std::wstring folder;  ///< without a backslash at its end; "" for a drawing never saved
+    std::wstring folder;  ///< without a separator at its end; of a drawing never saved what the host gives
     std::wstring name;    ///< with extension; an unsaved drawing has a default name
 };
 
@@ -18,7 +18,7 @@ class Document : public HostObject {
 
     /// File name with extension; an unsaved drawing has a default name.
     std::wstring Name() const;
-    /// Two round trips for a drawing never saved.
+    /// From the full name; three round trips for a drawing never saved, which has none.
     DrawingFile file() const;
     host::Layouts Layouts() const;
     Layout ActiveLayout() const;
@@ -30,8 +30,8 @@ class Document : public HostObject {
     void SendCommand(const std::wstring& text) const;
     void SetVariable(const std::wstring& name, std::int16_t value) const;
     std::int32_t GetVariable(const std::wstring& name) const;
-    /// The object with this 32-bit id (see Entity::ObjectID); a second round trip when asked first in a
-    /// session.
+    /// The object with this 32-bit id (see Layout::ObjectID); a second round trip when asked first. Throws
+    /// element not found for 0, which stands for ids that are wider.
     Entity ObjectIdToObject(std::int32_t id) const;
     /// Makes the application's name known to the drawing, so that objects can carry its data. Two round
     /// trips.
@@ -48,7 +48,9 @@ class Documents : public HostObject {
   public:
     using HostObject::HostObject;
 
-    std::vector<Document> all() const { return elements<Document>(); }
+    std::vector<Document> all() const {
+        return elements<Document>(L"Documents", [] { return true; });
+    }
     Document Add(const std::wstring& templateFile) const;
     Document Open(const std::wstring& file) const;
 };

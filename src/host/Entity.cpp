@@ -15,10 +15,6 @@ std::wstring Entity::ObjectName() const {
     return getText({anyEntity, L"ObjectName"});
 }
 
-std::int32_t Entity::ObjectID() const {
-    return objectId({anyEntity, L"ObjectID32"}, {anyEntity, L"ObjectID"});
-}
-
 XData Entity::GetXData(const std::wstring& applicationName) const {
     Value types;
     Value values;

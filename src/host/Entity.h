@@ -20,8 +20,6 @@ class Entity : public HostObject {
 
     /// Class name, such as "AcDbViewport".
     std::wstring ObjectName() const;
-    /// 32 bits wide on every host; at most two round trips in a session's life beyond the one.
-    std::int32_t ObjectID() const;
     XData GetXData(const std::wstring& applicationName) const;
     void SetXData(const XData& data) const;
 
@@ -38,7 +36,10 @@ class Block : public HostObject {
   public:
     using HostObject::HostObject;
 
-    std::vector<Entity> entities() const { return elements<Entity>(); }
+    /// Once `goOn`, asked between messages, says no, those that came so far.
+    std::vector<Entity> entities(const AutomationObject::GoOn& goOn) const {
+        return elements<Entity>(L"Block", goOn);
+    }
 };
 
 }  // namespace blattwart::host

@@ -12,13 +12,13 @@ namespace {
 
 }  // namespace
 
-std::wstring textOf(const Value& value) {
+std::wstring hostText(const Value& value) {
     if (const auto* text = value.as<std::wstring>()) return *text;
     if (value.isEmpty()) return {};
     throwTypeMismatch();
 }
 
-double numberOf(const Value& value) {
+double hostNumber(const Value& value) {
     return std::visit(
         [](const auto& content) -> double {
             using Content = std::decay_t<decltype(content)>;
@@ -37,29 +37,15 @@ AutomationObject& HostObject::object() const {
 }
 
 std::wstring HostObject::getText(const Member& member) const {
-    return textOf(object().get(member));
+    return hostText(object().get(member));
 }
 
 std::int32_t HostObject::getNumber(const Member& member) const {
-    return toInt32(numberOf(object().get(member)));
+    return toInt32(hostNumber(object().get(member)));
 }
 
 double HostObject::getDouble(const Member& member) const {
-    return numberOf(object().get(member));
-}
-
-std::int32_t HostObject::objectId(const Member& id32, const Member& id) const {
-    if (session().wideIds.value_or(true)) {
-        try {
-            const std::int32_t result = getNumber(id32);
-            session().wideIds = true;
-            return result;
-        } catch (const RuntimeError& error) {
-            if (error.number() != hresult::unknownName || session().wideIds.has_value()) throw;
-            session().wideIds = false;
-        }
-    }
-    return getNumber(id);
+    return hostNumber(object().get(member));
 }
 
 ObjectPtr HostObject::toObject(const Value& value) {

@@ -1,5 +1,7 @@
 #include "host/Layout.h"
 
+#include "platform/Conversions.h"
+
 namespace blattwart::host {
 
 namespace {
@@ -17,7 +19,12 @@ void Layout::putName(const std::wstring& name) const {
 }
 
 std::int32_t Layout::ObjectID() const {
-    return objectId({layout, L"ObjectID32"}, {layout, L"ObjectID"});
+    std::int32_t id = 0;
+    ignoringErrors([&] {
+        id = toInt32(hostNumber(withIds([this](const Member& member) { return object().get(member); },
+                                        {layout, L"ObjectID32"}, {layout, L"ObjectID"})));
+    });
+    return id;
 }
 
 host::Block Layout::Block() const {
@@ -33,14 +40,14 @@ std::wstring Layout::CanonicalMediaName() const {
 }
 
 std::wstring Layout::GetLocaleMediaName(const std::wstring& canonicalName) const {
-    return textOf(object().call({layout, L"GetLocaleMediaName"}, {Value(canonicalName)}));
+    return hostText(object().call({layout, L"GetLocaleMediaName"}, {Value(canonicalName)}));
 }
 
 PaperSize Layout::GetPaperSize() const {
     Value width(0.0);
     Value height(0.0);
     object().call({layout, L"GetPaperSize"}, {Argument(&width), Argument(&height)});
-    return {numberOf(width), numberOf(height)};
+    return {hostNumber(width), hostNumber(height)};
 }
 
 std::int32_t Layout::PlotRotation() const {

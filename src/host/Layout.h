@@ -16,7 +16,8 @@ class Layout : public HostObject {
 
     std::wstring Name() const;
     void putName(const std::wstring& name) const;
-    /// 32 bits wide on every host; the first asking of a session may cost a second round trip.
+    /// The 32-bit id; 0 where the host has only wider ones or gives none. The first asking may cost a second
+    /// round trip. Does not throw for what the host does.
     std::int32_t ObjectID() const;
     host::Block Block() const;
 
@@ -41,7 +42,9 @@ class Layouts : public HostObject {
     using HostObject::HostObject;
 
     /// Model space included, not in the order of the tabs.
-    std::vector<Layout> all() const { return elements<Layout>(); }
+    std::vector<Layout> all() const {
+        return elements<Layout>(L"Layouts", [] { return true; });
+    }
     /// By name, without regard to case. Fails when there is none.
     Layout Item(const std::wstring& name) const;
 };

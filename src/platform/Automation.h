@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <initializer_list>
 #include <span>
 #include <string_view>
@@ -44,11 +45,17 @@ class AutomationObject {
     virtual void put(const Member& member, const Value& value) = 0;
     /// Calls a method, or reads a property with arguments.
     virtual Value call(const Member& member, std::span<const Argument> arguments) = 0;
-    /// All elements of a collection, in its order.
-    virtual std::vector<ObjectPtr> enumerate() = 0;
+    /// Asked between messages whether to go on.
+    using GoOn = std::function<bool()>;
+    /// All elements of a collection of this class, which is a literal, in the collection's order; as few
+    /// messages as the class allows. Once `goOn` says no, those that came so far.
+    virtual std::vector<ObjectPtr> enumerate(std::wstring_view className, const GoOn& goOn) = 0;
 
     Value call(const Member& member, std::initializer_list<Argument> arguments = {}) {
         return call(member, std::span(arguments.begin(), arguments.size()));
+    }
+    std::vector<ObjectPtr> enumerate(std::wstring_view className) {
+        return enumerate(className, [] { return true; });
     }
 };
 
@@ -61,9 +68,6 @@ class Automation {
     virtual ObjectPtr running(std::wstring_view name) = 0;
     /// A new instance of the named class. Throws when it cannot be made.
     virtual ObjectPtr create(std::wstring_view name) = 0;
-    /// True while a call waits for its answer or is being retried: timer steps, activation and commands then
-    /// step aside.
-    virtual bool callPending() const = 0;
 };
 
 /// HRESULTs that the program tells apart.
@@ -79,11 +83,18 @@ inline constexpr std::int32_t serverDied = static_cast<std::int32_t>(0x80010007)
 inline constexpr std::int32_t callCanceled = static_cast<std::int32_t>(0x80010002);
 inline constexpr std::int32_t callRejected = static_cast<std::int32_t>(0x80010001);
 inline constexpr std::int32_t retryLater = static_cast<std::int32_t>(0x8001010A);
+inline constexpr std::int32_t cannotCallOut = static_cast<std::int32_t>(0x80010005);
 }  // namespace hresult
 
 /// True for the errors that mean that the other program, or the document behind the object, is gone.
 bool isGone(const RuntimeError& error);
-/// True for the errors after which nobody knows whether the call was carried out.
+/// True where the call was not taken and not carried out: the other program refuses it, the user has given up
+/// waiting for it in this event, or another call is still under way.
+bool isRefused(const RuntimeError& error);
+/// True for the errors after which nobody knows whether the call was carried out: it was taken, and then the
+/// user gave up waiting for the answer or the other program went.
 bool isAnswerLost(const RuntimeError& error);
+/// True where the other program is there and does not answer: refused, or waiting given up.
+bool isNotAnswering(const RuntimeError& error);
 
 }  // namespace blattwart

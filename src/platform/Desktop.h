@@ -13,7 +13,8 @@ class Desktop {
   public:
     virtual ~Desktop() = default;
 
-    /// A top-level window with exactly this caption that is no message box, or 0.
+    /// A top-level window with exactly this caption that is no message box, a main window of this program
+    /// before others; or 0.
     virtual WindowHandle findWindow(const std::wstring& caption) = 0;
     /// Shows the window in its normal state, neither minimised nor maximised.
     virtual void showNormal(WindowHandle window) = 0;

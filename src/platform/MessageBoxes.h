@@ -15,6 +15,15 @@ class MessageBoxes {
 
     virtual MessageAnswer show(const std::wstring& text, const std::wstring& caption, MessageButtons buttons,
                                MessageIcon icon) = 0;
+
+    // What the program says, all of it under its own title and with one button.
+    void say(const std::wstring& text);          ///< without an icon
+    void inform(const std::wstring& text);       ///< with an i
+    void warn(const std::wstring& text);         ///< with an exclamation mark
+    void reportError(const std::wstring& text);  ///< with a cross
+    /// Asks with Yes and No. Returns whether the answer was Yes.
+    bool ask(const std::wstring& question);
+    bool ask(const std::wstring& question, const std::wstring& caption);
 };
 
 }  // namespace blattwart

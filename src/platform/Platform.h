@@ -4,6 +4,7 @@
 #include "platform/Desktop.h"
 #include "platform/FileDialogs.h"
 #include "platform/Files.h"
+#include "platform/Gate.h"
 #include "platform/HelpViewer.h"
 #include "platform/Locale.h"
 #include "platform/MessageBoxes.h"
@@ -30,6 +31,7 @@ struct Platform {
     Locale& locale;
     HelpViewer& help;
     ReadingWatch& readings;
+    Gate& gate;
 };
 
 }  // namespace blattwart

@@ -11,7 +11,9 @@ class Process {
 
     /// True when another instance of this program already runs for the same user.
     virtual bool previousInstance() = 0;
-    /// Starts a program in a normal window with the focus. Throws RuntimeError when that fails.
+    /// Starts a program in a normal window with the focus; one without a full path is looked for in the
+    /// Windows folder only. An argument that is a whole path needs no quotation marks. Throws RuntimeError
+    /// when that fails.
     virtual void start(const std::wstring& commandLine) = 0;
     /// Ends the program at once; nothing is unloaded or saved. Returns; the program ends with the current
     /// event.

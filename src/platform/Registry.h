@@ -16,8 +16,9 @@ class Registry {
   public:
     static constexpr std::uint32_t queryValueAccess = 1;
     static constexpr std::uint32_t setValueAccess = 2;
-    static constexpr std::uint32_t textType = 1;    ///< REG_SZ
-    static constexpr std::uint32_t numberType = 4;  ///< REG_DWORD
+    static constexpr std::uint32_t textType = 1;            ///< REG_SZ
+    static constexpr std::uint32_t expandableTextType = 2;  ///< REG_EXPAND_SZ
+    static constexpr std::uint32_t numberType = 4;          ///< REG_DWORD
     static constexpr std::int32_t success = 0;
 
     virtual ~Registry() = default;
@@ -31,6 +32,8 @@ class Registry {
     virtual std::int32_t setValue(RegistryKey key, const std::string& name, std::uint32_t type,
                                   std::span<const char> data) = 0;
     virtual std::int32_t closeKey(RegistryKey key) = 0;
+    /// An expandable text with the values of its variables ("%SystemRoot%"); unknown ones stay.
+    virtual std::wstring expanded(const std::wstring& text) = 0;
 };
 
 }  // namespace blattwart

@@ -32,8 +32,8 @@ enum class Enabling {
 
 enum class MenuId { none, file, edit, view, layout, autoCAD, window, help };
 
-/// The context menus; a row can stand in several.
-enum PopupGroups : unsigned { noPopup = 0, popupTemplates = 1, popupDrawings = 2, popupLayouts = 4 };
+/// The context menus, by what they are for.
+enum class ContextMenu { templates, drawings, layouts };
 
 /// One command: everything that menus, context menus, toolbar and shortcuts need to offer it.
 struct Command {
@@ -47,8 +47,7 @@ struct Command {
     std::wstring_view button = {};   ///< the toolbar button's key
     std::wstring_view toolTip = {};  ///< without the shortcut, which is added
     std::wstring_view pop = {};      ///< name of the context-menu item
-    unsigned popups = noPopup;
-    bool separatorBefore = false;  ///< in the menus
+    bool separatorBefore = false;    ///< in the menus
 };
 
 }  // namespace blattwart

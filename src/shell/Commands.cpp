@@ -9,14 +9,14 @@ namespace blattwart {
 
 namespace {
 
+using namespace std::string_view_literals;
+
 constexpr Shortcut key(std::uint16_t code) {
     return {code, false};
 }
 constexpr Shortcut control(wchar_t letter) {
     return {static_cast<std::uint16_t>(letter), true};
 }
-
-constexpr unsigned allPopups = popupTemplates | popupDrawings | popupLayouts;
 
 // clang-format off
 // Rows without an operation are placeholders: they name themselves in a message box.
@@ -26,30 +26,30 @@ constexpr std::array table{
             .button = L"Öffnen", .toolTip = L"Öffnen"},
     Command{.item = L"mnuTemplate", .menu = MenuId::file, .caption = L"Neue &Zeichnung aus Vorlage",
             .run = &frmMain::mnuTemplate_Click, .enabling = Enabling::byKind, .kinds = kindB | kindD, .button = L"New",
-            .toolTip = L"Neue Zeichnung aus Vorlage", .pop = L"popTemplate", .popups = popupTemplates},
+            .toolTip = L"Neue Zeichnung aus Vorlage", .pop = L"popTemplate"},
     Command{.item = L"mnuTemplateOpen", .menu = MenuId::file, .caption = L"&Vorlage öffnen",
             .run = &frmMain::mnuTemplateOpen_Click, .enabling = Enabling::byKind, .kinds = kindB | kindD,
-            .pop = L"popLoad", .popups = popupTemplates},
+            .pop = L"popLoad"},
     Command{.item = L"mnuFileFind", .menu = MenuId::file, .caption = L"Suc&hen"},
     Command{.item = L"mnuSave", .menu = MenuId::file, .caption = L"&Speichern", .run = &frmMain::mnuSave_Click,
             .enabling = Enabling::byKind, .kinds = kindA | kindZ, .shortcut = control(L'S'), .button = L"Save",
-            .toolTip = L"Speichern", .pop = L"popSave", .popups = popupDrawings, .separatorBefore = true},
+            .toolTip = L"Speichern", .pop = L"popSave", .separatorBefore = true},
     Command{.item = L"mnuSaveAS", .menu = MenuId::file, .caption = L"Speichern un&ter...",
             .run = &frmMain::mnuSaveAS_Click, .enabling = Enabling::byKind, .kinds = kindA | kindZ,
-            .pop = L"popSaveAs", .popups = popupDrawings},
+            .pop = L"popSaveAs"},
     Command{.item = L"mnuFileClose", .menu = MenuId::file, .caption = L"S&chließen",
             .run = &frmMain::mnuFileClose_Click, .enabling = Enabling::byKind, .kinds = kindA | kindZ,
-            .pop = L"popClose", .popups = popupDrawings},
+            .pop = L"popClose"},
     Command{.item = L"mnuTemplateDelete", .menu = MenuId::file, .caption = L"Vo&rlage löschen...",
             .run = &frmMain::mnuTemplateDelete_Click, .enabling = Enabling::byKind, .kinds = kindB | kindD,
-            .shortcut = key(Shortcut::del), .pop = L"popDelVorlage", .popups = popupTemplates,
+            .shortcut = key(Shortcut::del), .pop = L"popDelVorlage",
             .separatorBefore = true},
     Command{.item = L"mnuFileDelete", .menu = MenuId::file, .caption = L"Layout &löschen",
             .run = &frmMain::mnuFileDelete_Click, .enabling = Enabling::deletable, .kinds = kindZ | kindL,
-            .shortcut = key(Shortcut::del), .pop = L"popDel", .popups = popupDrawings | popupLayouts},
+            .shortcut = key(Shortcut::del), .pop = L"popDel"},
     Command{.item = L"mnuFileRename", .menu = MenuId::file, .caption = L"Layout &umbenennen",
             .run = &frmMain::mnuFileRename_Click, .enabling = Enabling::byKind, .kinds = kindZ | kindL,
-            .shortcut = key(Shortcut::f2), .pop = L"popRename", .popups = popupDrawings | popupLayouts},
+            .shortcut = key(Shortcut::f2), .pop = L"popRename"},
     Command{.item = L"mnuFileProperties", .menu = MenuId::file, .caption = L"&Eigenschaften"},
     Command{.item = L"mnuEnd", .menu = MenuId::file, .caption = L"&Beenden", .run = &frmMain::mnuEnd_Click,
             .separatorBefore = true},
@@ -58,8 +58,7 @@ constexpr std::array table{
     Command{.item = L"mnuEditCut", .menu = MenuId::edit, .caption = L"&Ausschneiden", .separatorBefore = true},
     Command{.item = L"mnuEditCopy", .menu = MenuId::edit, .caption = L"&Kopieren...",
             .run = &frmMain::mnuEditCopy_Click, .enabling = Enabling::byKind, .kinds = kindZ | kindL,
-            .shortcut = control(L'C'), .button = L"Copy", .toolTip = L"Layout kopieren", .pop = L"popCopy",
-            .popups = popupDrawings | popupLayouts},
+            .shortcut = control(L'C'), .button = L"Copy", .toolTip = L"Layout kopieren", .pop = L"popCopy"},
     Command{.item = L"mnuEditPaste", .menu = MenuId::edit, .caption = L"&Einfügen"},
     Command{.item = L"mnuEditPasteSpecial", .menu = MenuId::edit, .caption = L"&Inhalte einfügen"},
     Command{.item = L"mnuEditOpen", .menu = MenuId::edit, .caption = L"Auswahl &öffnen oder aktivieren",
@@ -73,44 +72,43 @@ constexpr std::array table{
             .run = &frmMain::mnuViewStatusBar_Click},
     Command{.item = L"mnuListViewMode(0)", .menu = MenuId::view, .caption = L"&Große Symbole",
             .run = &frmMain::mnuListViewMode_Click<0>, .button = L"Große Symbole anzeigen",
-            .toolTip = L"Große Symbole anzeigen", .pop = L"popListViewMode*(0)", .popups = allPopups,
+            .toolTip = L"Große Symbole anzeigen", .pop = L"popListViewMode*(0)",
             .separatorBefore = true},
     Command{.item = L"mnuListViewMode(1)", .menu = MenuId::view, .caption = L"&Kleine Symbole",
             .run = &frmMain::mnuListViewMode_Click<1>, .button = L"Kleine Symbole anzeigen",
-            .toolTip = L"Kleine Symbole anzeigen", .pop = L"popListViewMode*(1)", .popups = allPopups},
+            .toolTip = L"Kleine Symbole anzeigen", .pop = L"popListViewMode*(1)"},
     Command{.item = L"mnuListViewMode(2)", .menu = MenuId::view, .caption = L"&Liste",
             .run = &frmMain::mnuListViewMode_Click<2>, .button = L"Liste anzeigen",
-            .toolTip = L"Liste anzeigen", .pop = L"popListViewMode*(2)", .popups = allPopups},
+            .toolTip = L"Liste anzeigen", .pop = L"popListViewMode*(2)"},
     Command{.item = L"mnuListViewMode(3)", .menu = MenuId::view, .caption = L"&Details",
             .run = &frmMain::mnuListViewMode_Click<3>, .button = L"Details anzeigen",
-            .toolTip = L"Details anzeigen", .pop = L"popListViewMode*(3)", .popups = allPopups},
+            .toolTip = L"Details anzeigen", .pop = L"popListViewMode*(3)"},
     Command{.item = L"mnuViewRefresh", .menu = MenuId::view, .caption = L"&Aktualisieren",
             .run = &frmMain::mnuViewRefresh_Click, .shortcut = key(Shortcut::f5), .separatorBefore = true},
+    Command{.item = L"mnuViewRebuild", .menu = MenuId::view, .caption = L"&Baum neu aufbauen",
+            .run = &frmMain::mnuViewRebuild_Click, .shortcut = {Shortcut::f5, true}},
 
     Command{.item = L"mnuActive", .menu = MenuId::layout, .caption = L"Ak&tivieren",
             .run = &frmMain::mnuActive_Click, .enabling = Enabling::notActive, .kinds = kindZ | kindL,
-            .pop = L"popLayout", .popups = popupLayouts},
+            .pop = L"popLayout"},
     Command{.item = L"mnuDrawing", .menu = MenuId::layout, .caption = L"&Zeichnung aktivieren",
             .run = &frmMain::mnuDrawing_Click, .enabling = Enabling::byKind, .kinds = kindA | kindZ,
-            .pop = L"popDrawing", .popups = popupDrawings},
+            .pop = L"popDrawing"},
     Command{.item = L"mnuModel", .menu = MenuId::layout, .caption = L"&Modellbereich",
             .run = &frmMain::mnuModel_Click, .enabling = Enabling::modelSpace, .kinds = kindA | kindZ,
-            .button = L"Model", .toolTip = L"Zum Modellbereich wechseln", .pop = L"popModel", .popups = popupDrawings},
+            .button = L"Model", .toolTip = L"Zum Modellbereich wechseln", .pop = L"popModel"},
     Command{.item = L"mnuCreate", .menu = MenuId::layout, .caption = L"Layout &erstellen",
             .run = &frmMain::mnuCreate_Click, .enabling = Enabling::attached, .button = L"Layout",
-            .toolTip = L"Layout erstellen", .pop = L"popCreate", .popups = popupDrawings | popupLayouts,
+            .toolTip = L"Layout erstellen", .pop = L"popCreate",
             .separatorBefore = true},
     Command{.item = L"mnuLayoutImport", .menu = MenuId::layout, .caption = L"Layout als &Vorlage in die Bibliothek",
             .run = &frmMain::mnuLayoutImport_Click, .enabling = Enabling::byKind, .kinds = kindZ | kindL,
-            .button = L"Template", .toolTip = L"Layout als Vorlage in die Bibliothek", .pop = L"popLayoutImport",
-            .popups = popupLayouts},
+            .button = L"Template", .toolTip = L"Layout als Vorlage in die Bibliothek", .pop = L"popLayoutImport"},
 
     Command{.item = L"mnuStart", .menu = MenuId::autoCAD, .caption = L"AutoCAD starte&n",
-            .run = &frmMain::mnuStart_Click, .enabling = Enabling::notAttached, .pop = L"popStart",
-            .popups = popupDrawings},
+            .run = &frmMain::mnuStart_Click, .enabling = Enabling::notAttached, .pop = L"popStart"},
     Command{.item = L"mnuShow", .menu = MenuId::autoCAD, .caption = L"AutoCAD anzei&gen",
-            .run = &frmMain::mnuShow_Click, .enabling = Enabling::attached, .pop = L"popShow",
-            .popups = popupDrawings},
+            .run = &frmMain::mnuShow_Click, .enabling = Enabling::attached, .pop = L"popShow"},
     Command{.item = L"mnuAutoEnd", .menu = MenuId::autoCAD, .caption = L"Mit AutoCAD &beenden",
             .run = &frmMain::mnuAutoEnd_Click, .separatorBefore = true},
 
@@ -128,15 +126,13 @@ constexpr std::array table{
 
     // Offered by context menus only.
     Command{.caption = L"Layout als &Vorlage in die Bibliothek", .run = &frmMain::mnuLayoutImport_Click,
-            .enabling = Enabling::byKind, .kinds = kindZ | kindL, .pop = L"popVorlage", .popups = popupDrawings},
+            .enabling = Enabling::byKind, .kinds = kindZ | kindL, .pop = L"popVorlage"},
     Command{.caption = L"Layouts in die Zeichnung &einfügen", .run = &frmMain::popInsert_Click,
-            .enabling = Enabling::byKind, .kinds = kindB | kindD, .pop = L"popInsert", .popups = popupTemplates},
+            .enabling = Enabling::byKind, .kinds = kindB | kindD, .pop = L"popInsert"},
     Command{.caption = L"&Ordner der Bibliothek öffnen", .run = &frmMain::popOpenVorlage_Click,
-            .pop = L"popOpenVorlage", .popups = popupTemplates},
-    Command{.caption = L"DesignCenter: &Bibliothek", .run = &frmMain::popDCB_Click, .pop = L"popDCB",
-            .popups = popupTemplates},
-    Command{.caption = L"DesignCenter: Vor&lage", .run = &frmMain::popDCD_Click, .pop = L"popDCD",
-            .popups = popupTemplates},
+            .pop = L"popOpenVorlage"},
+    Command{.caption = L"DesignCenter: &Bibliothek", .run = &frmMain::popDCB_Click, .pop = L"popDCB"},
+    Command{.caption = L"DesignCenter: Vor&lage", .run = &frmMain::popDCD_Click, .pop = L"popDCD"},
 
     // Offered by the toolbar only.
     Command{.run = &frmMain::open_Click, .enabling = Enabling::byKind, .kinds = kindB | kindD, .button = L"Open",
@@ -183,6 +179,26 @@ constexpr std::array<std::wstring_view, 26> keys{L"New",
                                                  L"Speichern",
                                                  L"Suchen"};
 
+// clang-format off
+constexpr std::array templateMenu{
+    L"popLoad"sv, L"popTemplate"sv, L"popInsert"sv, L""sv,
+    L"popOpenVorlage"sv, L"popDCB"sv, L"popDCD"sv, L""sv,
+    L"popListViewMode*(0)"sv, L"popListViewMode*(1)"sv, L"popListViewMode*(2)"sv, L"popListViewMode*(3)"sv, L""sv,
+    L"popDelVorlage"sv};
+constexpr std::array drawingMenu{
+    L"popDrawing"sv, L"popModel"sv, L""sv,
+    L"popSave"sv, L"popSaveAs"sv, L"popClose"sv, L""sv,
+    L"popCreate"sv, L"popCopy"sv, L"popRename"sv, L"popVorlage"sv, L""sv,
+    L"popStart"sv, L"popShow"sv, L""sv,
+    L"popListViewMode*(0)"sv, L"popListViewMode*(1)"sv, L"popListViewMode*(2)"sv, L"popListViewMode*(3)"sv, L""sv,
+    L"popDel"sv};
+constexpr std::array layoutMenu{
+    L"popLayout"sv, L""sv,
+    L"popCreate"sv, L"popCopy"sv, L"popRename"sv, L"popLayoutImport"sv, L""sv,
+    L"popListViewMode*(0)"sv, L"popListViewMode*(1)"sv, L"popListViewMode*(2)"sv, L"popListViewMode*(3)"sv, L""sv,
+    L"popDel"sv};
+// clang-format on
+
 }  // namespace
 
 std::span<const Command> commands() {
@@ -191,6 +207,23 @@ std::span<const Command> commands() {
 
 std::span<const std::wstring_view> toolBarKeys() {
     return keys;
+}
+
+std::span<const std::wstring_view> contextMenu(ContextMenu menu) {
+    switch (menu) {
+        case ContextMenu::templates:
+            return templateMenu;
+        case ContextMenu::drawings:
+            return drawingMenu;
+        case ContextMenu::layouts:
+            break;
+    }
+    return layoutMenu;
+}
+
+const Command& commandOfPop(std::wstring_view name) {
+    // The names come from the lists above, so each of them has its row.
+    return *std::ranges::find(table, name, &Command::pop);
 }
 
 const Command& commandOfButton(std::wstring_view key) {

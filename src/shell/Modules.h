@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 
 #include "autocad/basAutoCAD.h"
 #include "autocad/basTarvix.h"
@@ -31,7 +30,7 @@ struct Modules {
     FormPresenter& presenter;
     /// 1 while the main window was the foreground window at the last look, else 0.
     std::int16_t& gWasForeground;
-    std::function<void()> ShowNodeStatus;
+    NavigatorEvents& events;
 };
 
 }  // namespace blattwart

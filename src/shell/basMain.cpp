@@ -5,17 +5,13 @@ namespace blattwart {
 basMain::basMain(Platform& platform, FormPresenter& presenter)
     : general(platform, [this] { return autoCAD.templateFolder(); }),
       registry(platform.registry, platform.locale, platform.files),
-      autoCAD(platform, records),
+      autoCAD(platform, records, *this),
       tarvix(autoCAD, platform),
       database(platform, registry, [this] { return general.GetTemplateFolder(); }),
       help(platform, [this] { return fMainForm->window().handle(); }),
       platform_(platform),
       presenter_(presenter) {
     autoCAD.LoadTypes = [this] { database.LoadTypes(); };
-    // Before the main window exists there is no tree to refresh.
-    autoCAD.RefreshTree = [this] {
-        if (views) views->RefreshTree();
-    };
 }
 
 bool basMain::Main() {
@@ -33,8 +29,7 @@ bool basMain::Main() {
         showMainWindow();
         return true;
     } catch (const RuntimeError& error) {
-        platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok,
-                                MessageIcon::critical);
+        platform_.messages.reportError(error.description());
         return false;
     }
 }
@@ -54,7 +49,7 @@ void basMain::createMainWindow() {
     makeNavigator();
     modules_ = std::make_unique<Modules>(Modules{registry, general, autoCAD, tarvix, database, records,
                                                  *views, *files, *templates, *layouts, help, presenter_,
-                                                 gWasForeground, [this] { ShowNodeStatus(); }});
+                                                 gWasForeground, *this});
     fMainForm->connect(*modules_);
     fMainForm->setWindow(&presenter_.createMainWindow(*fMainForm));
 }
@@ -62,22 +57,11 @@ void basMain::createMainWindow() {
 void basMain::makeNavigator() {
     TreeView& treeView = fMainForm->tvTreeView;
     ListView& list = fMainForm->lvListView;
-    const NavigatorContext context{autoCAD, database, general, records, platform_};
+    const NavigatorContext context{autoCAD, database, general, records, platform_, *this};
     views = std::make_unique<basViewControls>(treeView, list, fMainForm->lblTitle[1], context);
     files = std::make_unique<basDateien>(views->tree, list, context);
     templates = std::make_unique<TemplateCreation>(views->tree, list, context);
     layouts = std::make_unique<LayoutNames>(views->tree, list, tarvix, context);
-
-    const auto refresh = [this] { views->RefreshTree(); };
-    const auto showStatus = [this] { ShowNodeStatus(); };
-    views->hooks = {.setDragMode = [this] { fMainForm->setDragMode(); },
-                    .ShowNodeStatus = showStatus,
-                    .VisbibleMnuMenu = [this] { fMainForm->VisbibleMnuMenu(); }};
-    files->hooks = {.RefreshTree = refresh, .ShowNodeStatus = showStatus};
-    templates->hooks = {.RefreshTree = refresh,
-                        .showSelectedNode = [this] { views->showSelectedNode(); },
-                        .ShowNodeStatus = showStatus};
-    layouts->hooks = {.RefreshTree = refresh, .ShowNodeStatus = showStatus};
 }
 
 void basMain::showMainWindow() {
@@ -94,6 +78,10 @@ void basMain::showMainWindow() {
     form.MnuOptAutoCheck();
     form.SetTreeViewViewBySetting();
     form.window().show();
+}
+
+void basMain::RefreshTree() {
+    if (views) views->RefreshTree();
 }
 
 void basMain::ShowNodeStatus() {

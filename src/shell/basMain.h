@@ -17,15 +17,12 @@
 namespace blattwart {
 
 /// The program: owns all modules and forms, wires them, and starts.
-class basMain {
+class basMain : private NavigatorEvents {
   public:
     basMain(Platform& platform, FormPresenter& presenter);
 
     /// The start-up procedure. Returns whether the program goes on with its main window; otherwise it ends.
     bool Main();
-
-    /// Writes the first panel of the status bar for the tree's selected node.
-    void ShowNodeStatus();
 
     /// 1 while the main window was the foreground window at the last look of the watchdog, else 0.
     std::int16_t gWasForeground = 0;
@@ -52,6 +49,14 @@ class basMain {
     void createMainWindow();
     void makeNavigator();
     void showMainWindow();
+
+    void RefreshTree() override;
+    void ShowNodeStatus() override;
+    void showSelectedNode() override { views->showSelectedNode(); }
+    void setDragMode() override { fMainForm->setDragMode(); }
+    void VisbibleMnuMenu() override { fMainForm->VisbibleMnuMenu(); }
+    void showHint(const std::wstring& text) override { fMainForm->showHint(text); }
+    void showNote(const std::wstring& text) override { fMainForm->showNote(text); }
 
     Platform& platform_;
     FormPresenter& presenter_;

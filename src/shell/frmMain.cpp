@@ -47,6 +47,8 @@ void frmMain::Form_Load() {
 
 void frmMain::Form_Activate() {
     handle([this] {
+        // Who comes back has everything read anew; the list is part of it.
+        if (modules_->gWasForeground == 0 && !editing()) return CheckAutoCAD();
         const basAutoCAD::OneLook look(modules_->autoCAD);
         VisbibleMnuMenu();
         modules_->views.showSelectedNode();
@@ -178,10 +180,20 @@ void frmMain::Form_Unload() {
     columns.SaveColumnWidths();
 }
 
+void frmMain::showHint(const std::wstring& text) {
+    hint_ = text;
+    showSecondPanel();
+}
+
+void frmMain::showNote(const std::wstring& text) {
+    note_ = text;
+    showSecondPanel();
+}
+
 void frmMain::ctlTimer_Timer() {
     // A refresh would tear a label away from the user who is typing.
-    if (tvTreeView.editedNode() || lvListView.editedItem()) return;
-    handle([this] { CheckAutoCAD(); });
+    if (editing()) return;
+    step([this] { CheckAutoCAD(); });
 }
 
 void frmMain::CheckAutoCAD() {
@@ -190,6 +202,7 @@ void frmMain::CheckAutoCAD() {
         return;
     }
     if (modules_->gWasForeground == 1) return;
+    showHint({});
     basAutoCAD& autoCAD = modules_->autoCAD;
     if (!autoCAD.IsAutoCADRunning()) {
         if (!autoCAD.askToStart()) {

@@ -68,6 +68,10 @@ class frmMain {
     void VisbibleMnuMenu();
     /// Sets whether the tree starts drags by itself: the roots cannot be dragged.
     void setDragMode();
+    /// The status bar's second panel: a hint is gone with the user's next event, a note stands there until
+    /// another one (see NavigatorEvents).
+    void showHint(const std::wstring& text);
+    void showNote(const std::wstring& text);
     /// Attaches to AutoCAD again when the user has just come back to the window.
     void CheckAutoCAD();
 
@@ -95,6 +99,7 @@ class frmMain {
     void mnuViewToolbar_Click();
     void mnuViewStatusBar_Click();
     void mnuViewRefresh_Click();
+    void mnuViewRebuild_Click();
     void mnuEnd_Click();
     void mnuHelpContents_Click();
     void mnuHelpSearchForHelpOn_Click();
@@ -121,26 +126,32 @@ class frmMain {
 
     /// A menu item of the menu bar or of a context menu by its name; throws element not found.
     MenuItem& item(std::wstring_view name);
+    /// Whether the list shows details, in which there is nothing to choose and nothing to delete.
+    bool listShowsDetails() const;
 
   private:
+    // What the user does. It takes the hint away that the event before it has left.
+    template <class Handler>
+    void handle(Handler&& handler) {
+        step([&] {
+            showHint({});
+            handler();
+        });
+    }
     // One event is handled at a time: what arrives while a host call waits or a message box is open steps
     // aside.
     template <class Handler>
-    void handle(Handler&& handler) {
-        if (handling_ || platform_.automation.callPending()) return;
-        const Handling handling(handling_);
+    void step(Handler&& handler) {
+        if (platform_.gate.busy()) return;
+        const Gate::Event event(platform_.gate);
         handler();
     }
-    struct Handling {
-        explicit Handling(bool& flag) : flag(flag) { flag = true; }
-        ~Handling() { flag = false; }
-        Handling(const Handling&) = delete;
-        Handling& operator=(const Handling&) = delete;
-        bool& flag;
-    };
 
+    void showSecondPanel() { sbStatusBar.setPanelText(2, hint_.empty() ? note_ : hint_); }
+    bool editing() const { return tvTreeView.editedNode() || lvListView.editedItem(); }
     void buildCommands();
-    void addToMenus(const Command& command);
+    void addToMenuBar(const Command& command);
+    void buildContextMenu(MenuItem& menu, ContextMenu which, wchar_t letter);
     void addMenuItem(MenuItem& menu, std::wstring_view name, const Command& command);
     void buildToolBar();
     void run(const Command& command);
@@ -157,7 +168,7 @@ class frmMain {
     bool isDropTarget();
     void lvListView_AfterLabelEdit(const std::wstring& newText);
     void lvListView_ColumnClick(int column);
-    void popUpContextMenu();
+    void popUpContextMenu(const Control& opener);
     void OpenListItem();
     std::wstring selectedKind() const;
     LayoutDialogContext dialogContext();
@@ -172,8 +183,9 @@ class frmMain {
     std::vector<std::pair<const Command*, MenuItem*>> commandItems_;
     bool splitterDragging_ = false;
     bool resized_ = false;  ///< since the last repaint
-    bool handling_ = false;
     LabelEdit labelEdit_ = LabelEdit::none;
+    std::wstring hint_;
+    std::wstring note_;
 };
 
 }  // namespace blattwart

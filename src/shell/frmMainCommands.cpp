@@ -10,15 +10,6 @@ namespace blattwart {
 
 namespace {
 
-struct Popup {
-    PopupGroups group;
-    wchar_t letter;  // in the names of the view-mode items
-    MenuItem frmMain::*menu;
-};
-constexpr std::array<Popup, 3> popups{{{popupTemplates, L'D', &frmMain::popupTemplateMenu},
-                                       {popupDrawings, L'Z', &frmMain::popupDrawingMenu},
-                                       {popupLayouts, L'L', &frmMain::popupLayoutMenu}}};
-
 constexpr const wchar_t* viewCaption = L"&Ansicht";
 constexpr int lastVisibleButton = 22;
 
@@ -37,27 +28,30 @@ MenuItem& subMenu(MenuItem& menu, std::wstring_view caption) {
 }  // namespace
 
 void frmMain::buildCommands() {
-    for (const Command& command : commands()) addToMenus(command);
+    for (const Command& command : commands()) addToMenuBar(command);
+    buildContextMenu(popupTemplateMenu, ContextMenu::templates, L'D');
+    buildContextMenu(popupDrawingMenu, ContextMenu::drawings, L'Z');
+    buildContextMenu(popupLayoutMenu, ContextMenu::layouts, L'L');
     buildToolBar();
 }
 
-void frmMain::addToMenus(const Command& command) {
-    if (command.menu != MenuId::none) {
-        MenuItem& menu = subMenu(menuBar, menuCaption(command.menu));
-        if (command.separatorBefore && !menu.items().empty()) menu.addSeparator();
-        addMenuItem(menu, command.item, command);
-    }
-    for (const Popup& popup : popups) {
-        if (!(command.popups & popup.group)) continue;
-        MenuItem& menu = this->*popup.menu;
-        std::wstring name(command.pop);
-        const std::size_t star = name.find(L'*');
-        if (star == std::wstring_view::npos) {
-            addMenuItem(menu, name, command);
-        } else {
-            name[star] = popup.letter;
-            addMenuItem(subMenu(menu, viewCaption), name, command);
+void frmMain::addToMenuBar(const Command& command) {
+    if (command.menu == MenuId::none) return;
+    MenuItem& menu = subMenu(menuBar, menuCaption(command.menu));
+    if (command.separatorBefore && !menu.items().empty()) menu.addSeparator();
+    addMenuItem(menu, command.item, command);
+}
+
+void frmMain::buildContextMenu(MenuItem& menu, ContextMenu which, wchar_t letter) {
+    for (const std::wstring_view pop : contextMenu(which)) {
+        if (pop.empty()) {
+            menu.addSeparator();
+            continue;
         }
+        std::wstring name(pop);
+        const std::size_t star = name.find(L'*');
+        if (star != std::wstring::npos) name[star] = letter;
+        addMenuItem(star == std::wstring::npos ? menu : subMenu(menu, viewCaption), name, commandOfPop(pop));
     }
 }
 
@@ -113,7 +107,7 @@ void frmMain::run(const Command& command) {
 void frmMain::showPlaceholder(const Command& command) {
     const std::wstring text = command.item.empty() ? L"Schaltflächencode für '" + std::wstring(command.button)
                                                    : L"Code für '" + std::wstring(command.item) + L"_Click";
-    platform_.messages.show(text + L"' hinzufügen.", applicationTitle, MessageButtons::ok, MessageIcon::none);
+    platform_.messages.say(text + L"' hinzufügen.");
 }
 
 void frmMain::VisbibleMnuMenu() {

@@ -11,7 +11,7 @@ void frmMain::connectEvents() {
     tvTreeView.events = {
         .nodeClick = [this](TreeNode&) { handle([this] { tvTreeView_NodeClick(); }); },
         .doubleClick = [this] { handle([this] { modules_->files.OpenSelectedNode(true); }); },
-        .contextMenu = [this] { popUpContextMenu(); },
+        .contextMenu = [this] { popUpContextMenu(tvTreeView); },
         .afterLabelEdit =
             [this](const std::wstring& text) { handle([&] { tvTreeView_AfterLabelEdit(text); }); },
         .labelEditCancelled = [this] { handle([this] { modules_->templates.CancelNewTemplate(); }); },
@@ -19,11 +19,9 @@ void frmMain::connectEvents() {
         .keyDropped = [this](const std::wstring& key) { handle([&] { tvTreeView_KeyDropped(key); }); }};
     lvListView.events = {
         .doubleClick = [this] { handle([this] { OpenListItem(); }); },
-        // In the lists of details there is nothing to choose.
         .contextMenu =
             [this] {
-                if (std::wstring_view(L"ABZ").find(selectedKind()) != std::wstring_view::npos)
-                    popUpContextMenu();
+                if (!listShowsDetails()) popUpContextMenu(lvListView);
             },
         // Only the drawing selected among several decides anything.
         .selectionChange =
@@ -45,7 +43,7 @@ void frmMain::tvTreeView_NodeClick() {
 }
 
 void frmMain::showStateOfSelection() {
-    modules_->ShowNodeStatus();
+    modules_->events.ShowNodeStatus();
     VisbibleMnuMenu();
 }
 
@@ -82,13 +80,23 @@ void frmMain::lvListView_ColumnClick(int column) {
     lvListView.setSorted(true);
 }
 
-void frmMain::popUpContextMenu() {
-    handle([this] { VisbibleMnuMenu(); });
+bool frmMain::listShowsDetails() const {
     const std::wstring kind = selectedKind();
-    // The menu runs what was chosen when it has closed, so it pops up outside of any handling.
-    if (kind == L"B" || kind == L"D") window_->popUpMenu(popupTemplateMenu);
-    if (kind == L"A" || kind == L"Z") window_->popUpMenu(popupDrawingMenu);
-    if (kind == L"L") window_->popUpMenu(popupLayoutMenu);
+    return kind == L"L" || kind == L"D";
+}
+
+void frmMain::popUpContextMenu(const Control& opener) {
+    handle([&] {
+        VisbibleMnuMenu();
+        const std::wstring kind = selectedKind();
+        if (kind.empty()) return;
+        MenuItem& menu = kind == L"B" || kind == L"D" ? popupTemplateMenu
+                         : kind == L"L"               ? popupLayoutMenu
+                                                      : popupDrawingMenu;
+        // A double click in the list, or on a root, only moves in the tree.
+        menu.items().front()->setDefault(&opener == &tvTreeView && kind != L"A" && kind != L"B");
+        window_->popUpMenu(menu);
+    });
 }
 
 void frmMain::OpenListItem() {
@@ -111,8 +119,7 @@ bool frmMain::isDropTarget() {
     if (!target) return false;
     const wchar_t kind = target->key().front();
     if (kind == L'A' || kind == L'B') return true;
-    platform_.messages.show(L"Objekte können nur in die Bibliothek eingefügt oder geladen werden!",
-                            applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
+    platform_.messages.warn(L"Objekte können nur in die Bibliothek eingefügt oder geladen werden!");
     return false;
 }
 

@@ -28,8 +28,9 @@ void frmMain::mnuShow_Click() {
 }
 
 void frmMain::mnuActive_Click() {
-    modules_->autoCAD.BringAutoCADToFront();
+    // Its question would be hidden behind AutoCAD.
     modules_->files.OpenSelectedNode(true);
+    modules_->autoCAD.BringAutoCADToFront();
 }
 
 void frmMain::mnuDrawing_Click() {
@@ -110,7 +111,7 @@ void frmMain::mnuCreate_Click() {
         if (selectedKind() == L"A") drawing = modules_->files.GetSelectedDrawingFile(true);
         modules_->tarvix.CreateLayout(drawing);
     } catch (const RuntimeError& error) {
-        platform_.messages.show(error.description(), applicationTitle, MessageButtons::ok, MessageIcon::none);
+        platform_.messages.say(error.description());
     }
 }
 
@@ -175,12 +176,20 @@ void frmMain::popDCD_Click() {
 }
 
 void frmMain::mnuAutoEnd_Click() {
-    modules_->registry.SetAutoEnd(item(L"mnuAutoEnd").checked() ? 0 : 1);
+    const bool wanted = !item(L"mnuAutoEnd").checked();
+    modules_->registry.SetAutoEnd(wanted ? 1 : 0);
     MnuOptAutoCheck();
+    if (item(L"mnuAutoEnd").checked() != wanted) showHint(L"Die Einstellung kann nicht gespeichert werden.");
 }
 
 void frmMain::mnuViewRefresh_Click() {
+    modules_->autoCAD.ConnectAutoCAD();
     modules_->views.RefreshTree();
+}
+
+void frmMain::mnuViewRebuild_Click() {
+    modules_->autoCAD.ConnectAutoCAD();
+    modules_->views.RebuildTree();
 }
 
 void frmMain::mnuEnd_Click() {

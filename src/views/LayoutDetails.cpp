@@ -52,7 +52,7 @@ bool isBlockReference(const std::wstring& objectName) {
 struct LayoutDetails::Contents {
     std::vector<CAFenster> viewports;
     std::array<std::optional<std::wstring>, slots.size()> labels;
-    bool complete = false;  ///< whether all objects were seen
+    bool complete = false;  ///< whether all objects were seen with their data
 };
 
 void LayoutDetails::FillLayoutDetails() {
@@ -95,11 +95,13 @@ LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout) 
     XDataReport report(context_.platform.messages);
     ignoringErrors([&] {
         LongRead reading(context_.platform.readings);
-        for (const host::Entity& entity : layout.Block().entities()) {
+        const auto goOn = [&] { return reading.goOn(); };
+        bool allRead = true;
+        for (const host::Entity& entity : layout.Block().entities(goOn)) {
             if (!reading.goOn()) return;
-            ignoringErrors([&] { readEntity(entity, report, contents); });
+            allRead &= ignoringErrors([&] { readEntity(entity, report, contents); });
         }
-        contents.complete = true;
+        contents.complete = allRead && !report.hasReadingFailed();
     });
     return contents;
 }
@@ -112,7 +114,7 @@ void LayoutDetails::readEntity(const host::Entity& entity, XDataReport& report, 
     CAFenster values;
     values.GetAfenwerte(
         {.document = {}, .object = entity, .report = report, .locale = context_.platform.locale});
-    if (isViewport && values.Tarvix != 0) {
+    if (isViewport && values.Verwaltet) {
         ignoringErrors([&] { values.Faktor = scaleFactor(entity.viewportCustomScale()); });
         contents.viewports.push_back(values);
     }

@@ -4,20 +4,10 @@
 
 namespace blattwart {
 
-namespace {
-
-std::wstring drawingPart(const std::wstring& fullName) {
-    return fullName.substr(0, fullName.find(L';'));
-}
-
-}  // namespace
-
-void LayoutNames::warn(const std::wstring& text) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
-}
-
 void LayoutNames::warnNotRenamed(const RuntimeError& error) {
-    warn(L"Das Layout kann nicht umbenannt werden!\n\n" + error.description());
+    const std::wstring what = isAnswerLost(error) ? L"Ob das Layout umbenannt wurde, ist nicht bekannt!"
+                                                  : L"Das Layout kann nicht umbenannt werden!";
+    platform_.messages.warn(what + L"\n\n" + error.description());
 }
 
 void LayoutNames::DeleteLayouts() {
@@ -28,7 +18,7 @@ void LayoutNames::DeleteLayouts() {
     if (drawingKey.starts_with(L'Z')) {
         for (const ListItem* item : list_.selectedItems()) keys.push_back(item->key());
         if (!keys.empty() && static_cast<int>(keys.size()) == list_.count()) {
-            warn(L"Das Löschen sämtlicher Layouts einer Zeichnung ist nicht zulässig!");
+            platform_.messages.warn(L"Das Löschen sämtlicher Layouts einer Zeichnung ist nicht zulässig!");
             return;
         }
     } else if (drawingKey.starts_with(L'L')) {
@@ -38,23 +28,20 @@ void LayoutNames::DeleteLayouts() {
         drawingKey = node->parent()->key();
     }
     if (keys.empty()) return;
-    const bool done = ignoringErrors([&] { deleteLayouts(drawingKey, keys); });
-    if (done) hooks.RefreshTree();
+    const FoundDocuments found = autoCAD_.findByKey(drawingKey);
+    const bool open = autoCAD_.foundOrTold(found);
+    if (found.outcome == Lookup::noAnswer) return;
+    const bool done = !open || autoCAD_.runCommand([&] { deleteLayouts(found.last(), keys); });
+    if (done) events_.RefreshTree();
 }
 
-void LayoutNames::deleteLayouts(const std::wstring& drawingKey, const std::vector<std::wstring>& keys) {
-    const host::Document document = autoCAD_.GetDocumentByKey(drawingKey);
-    if (!document) return;
+void LayoutNames::deleteLayouts(const host::Document& document, const std::vector<std::wstring>& keys) {
     autoCAD_.activate(document);
-    hooks.ShowNodeStatus();
+    events_.ShowNodeStatus();
     const host::Layouts layouts = document.Layouts();
     for (const std::wstring& key : keys) {
         const auto record = records_.LayoutRecords.Item(recordKey(key));
-        const host::Layout layout = layouts.Item(record->Layout);
-        document.putActiveSpace(host::Space::paper);
-        document.putActiveLayout(layout);
-        // The routine deletes the active layout.
-        if (!tarvix_.RunHostMacro(L"TX_DelLayout")) return;
+        if (!tarvix_.DeleteLayout(document, layouts.Item(record->Layout), *record)) return;
     }
 }
 
@@ -79,16 +66,16 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
     if (fromList ? !item : !node) return true;
     const std::wstring key = fromList ? item->key() : node->key();
     if (isTaken(fromList, key, newName)) {
-        warn(L"Bezeichnung ist bereits vergeben!");
+        platform_.messages.warn(L"Bezeichnung ist bereits vergeben!");
         return true;
     }
     if (autoCAD_.refusesControlCharacters(newName)) return true;
     try {
         const auto record = records_.LayoutRecords.Item(recordKey(key));
         if (record->Layout == newName) return false;
-        const auto documents = autoCAD_.documentsNamed(drawingPart(record->Gesamt));
-        if (documents.empty()) return true;
-        rename(documents.back().Layouts(), *record, newName);
+        const FoundDocuments found = autoCAD_.find(record->drawing());
+        if (!autoCAD_.foundOrTold(found)) return true;
+        rename(found.last().Layouts(), *record, newName);
     } catch (const RuntimeError& error) {
         warnNotRenamed(error);
         return true;
@@ -100,8 +87,8 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
 // The host comes first: when it refuses the name, the record goes on naming the layout as the host does.
 void LayoutNames::rename(const host::Layouts& layouts, CAcadobj& record, const std::wstring& newName) {
     layouts.Item(record.Layout).putName(newName);
+    record.Gesamt = record.drawing() + L";" + newName;
     record.Layout = newName;
-    record.Gesamt = drawingPart(record.Gesamt) + L";" + newName;
 }
 
 void LayoutNames::showName(const std::wstring& key, const std::wstring& name) {
@@ -114,7 +101,9 @@ void LayoutNames::RenameSelectedLayouts(const std::wstring& baseName, std::int16
     try {
         const host::Layouts layouts = autoCAD_.gAcadDoc.Layouts();
         std::set<std::wstring> names = tarvix_.layoutNames(autoCAD_.gAcadDoc);
+        LongRead work(platform_.readings, L"Layouts werden umbenannt");
         for (const ListItem* item : list_.selectedItems()) {
+            if (!work.goOn()) return;
             const std::wstring key = item->key();
             const auto record = records_.LayoutRecords.Item(recordKey(key));
             const std::int16_t number = tarvix_.NextFreeLayoutNumber(names, baseName, counter);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,13 +20,8 @@ class LayoutNames {
           tarvix_(tarvix),
           autoCAD_(context.autoCAD),
           records_(context.records),
-          platform_(context.platform) {}
-
-    /// Wired at start-up.
-    struct Hooks {
-        std::function<void()> RefreshTree;
-        std::function<void()> ShowNodeStatus;
-    } hooks;
+          platform_(context.platform),
+          events_(context.events) {}
 
     /// Deletes the layouts selected in the list, or the one selected in the tree; never all of a drawing.
     void DeleteLayouts();
@@ -37,9 +31,8 @@ class LayoutNames {
     void RenameSelectedLayouts(const std::wstring& baseName, std::int16_t& counter);
 
   private:
-    void warn(const std::wstring& text);
     void warnNotRenamed(const RuntimeError& error);
-    void deleteLayouts(const std::wstring& drawingKey, const std::vector<std::wstring>& keys);
+    void deleteLayouts(const host::Document& document, const std::vector<std::wstring>& keys);
     bool isTaken(bool fromList, const std::wstring& key, const std::wstring& newName) const;
     void rename(const host::Layouts& layouts, CAcadobj& record, const std::wstring& newName);
     void showName(const std::wstring& key, const std::wstring& name);
@@ -50,6 +43,7 @@ class LayoutNames {
     basAutoCAD& autoCAD_;
     NavigatorRecords& records_;
     Platform& platform_;
+    NavigatorEvents& events_;
 };
 
 }  // namespace blattwart

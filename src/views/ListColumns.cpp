@@ -90,6 +90,9 @@ void ListColumns::setHeaders(ListKind kind) {
     ListMode = kind;
     list_.clearColumns();
     const ColumnSet& set = columnSets()[static_cast<std::size_t>(kind) - 1];
+    const auto& [sortKey, sortOrder] = sorting_[static_cast<std::size_t>(kind) - 1];
+    list_.setSortKey(sortKey);
+    list_.setSortOrder(sortOrder);
     title_.setText(set.title);
     for (std::size_t i = 0; i < set.headers.size(); ++i)
         list_.addColumn(set.headers[i], static_cast<float>(widths(kind)[i]));
@@ -98,6 +101,7 @@ void ListColumns::setHeaders(ListKind kind) {
 void ListColumns::leave() {
     if (ListMode == ListKind::none) return;
     StoreColumnWidths();
+    sorting_[static_cast<std::size_t>(ListMode) - 1] = {list_.sortKey(), list_.sortOrder()};
     SaveColumnOrder(std::wstring(1, columnSets()[static_cast<std::size_t>(ListMode) - 1].nodeKind));
 }
 

@@ -29,12 +29,12 @@ class ListColumns {
     void SaveColumnWidths();
     /// Keeps the widths of the visible columns; does nothing while no column set is active.
     void StoreColumnWidths();
-    /// Replaces the headers by those of the kind.
+    /// Replaces the headers by those of the kind, sorted as the user has left them.
     void setHeaders(ListKind kind);
 
     void RestoreColumnOrder(const std::wstring& prefix);
     void SaveColumnOrder(const std::wstring& prefix);
-    /// Keeps widths and order of the column set that the list is about to leave.
+    /// Keeps widths, order and sorting of the column set that the list is about to leave.
     void leave();
     /// Display positions from 0, separated by commas, in column order.
     std::wstring GetColumnOrder() const;
@@ -51,6 +51,12 @@ class ListColumns {
     Label& title_;
     Platform& platform_;
     std::array<std::vector<std::int32_t>, 5> widths_;
+    // By which column each set was sorted last, and how, in this run.
+    struct Sorting {
+        int key = -1;
+        SortOrder order = SortOrder::ascending;
+    };
+    std::array<Sorting, 5> sorting_;
 };
 
 }  // namespace blattwart

@@ -6,19 +6,43 @@
 
 namespace blattwart {
 
-void LoadedDrawings::ReadLoadedDrawings() {
-    if (!autoCAD_.gAcadDoc) return;
+std::wstring LoadedDrawings::ReadLoadedDrawings() {
+    drawingsWithoutNode_ = 0;
+    layoutsWithoutNode_ = 0;
+    if (!autoCAD_.gAcadDoc) return {};
     try {
         tree_.ClearActiveMarks();
         ResetPresentFlags();
-        const std::wstring activeName = autoCAD_.gAcadDoc.Name();
+        std::optional<std::wstring> activeName;
         const std::shared_ptr<OpenDocuments> documents = autoCAD_.openDocuments();
-        for (OpenDocument& open : *documents) readDrawing(open, activeName);
+        LongRead reading(readings_);
+        for (OpenDocument& open : *documents) {
+            // Of what was not read any more nobody knows whether it is stale.
+            if (!reading.goOn()) return {};
+            // The last drawing may have been closed since it was the active one.
+            if (!activeName) activeName = autoCAD_.gAcadDoc.Name();
+            readDrawing(open, *activeName);
+        }
         RemoveStaleNodes();
+        return {};
     } catch (const RuntimeError&) {
-        messages_.show(L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!", applicationTitle,
-                       MessageButtons::ok, MessageIcon::critical);
+        return L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!";
     }
+}
+
+std::wstring LoadedDrawings::missingNodes() const {
+    const int all = drawingsWithoutNode_ + layoutsWithoutNode_;
+    if (all == 0) return {};
+    std::wstring text;
+    if (drawingsWithoutNode_ > 0) {
+        text = std::to_wstring(drawingsWithoutNode_);
+        text += drawingsWithoutNode_ == 1 ? L" geladene Zeichnung" : L" geladene Zeichnungen";
+    }
+    if (layoutsWithoutNode_ > 0) {
+        if (!text.empty()) text += L" und ";
+        text += std::to_wstring(layoutsWithoutNode_) + (layoutsWithoutNode_ == 1 ? L" Layout" : L" Layouts");
+    }
+    return text + (all == 1 ? L" fehlt" : L" fehlen") + L" im Baum: Strg+F5";
 }
 
 void LoadedDrawings::readDrawing(OpenDocument& open, const std::wstring& activeName) {
@@ -30,7 +54,12 @@ void LoadedDrawings::readDrawing(OpenDocument& open, const std::wstring& activeN
     std::int32_t drawingNumber = 0;
     if (!FindDrawingRecord(path, name, 0, drawingNumber, isActive))
         tree_.AddTreeNode(name, false, isActive, 0);
+    const bool hasNode = tree_.view().find(L"Z" + std::to_wstring(drawingNumber)) != nullptr;
+    if (!hasNode) ++drawingsWithoutNode_;
+    const int layoutsBefore = layoutsWithoutNode_;
     readLayouts(open.document(), path, name, drawingNumber, isActive);
+    // Layouts of a drawing without a node cannot have one.
+    if (!hasNode) layoutsWithoutNode_ = layoutsBefore;
 }
 
 void LoadedDrawings::readLayouts(const host::Document& document, const std::wstring& path,
@@ -73,7 +102,10 @@ bool LoadedDrawings::FindLayoutRecord(const std::wstring& path, const std::wstri
                                       bool isActive) {
     const std::wstring fullName = path + L"\\" + drawing + L";" + layoutName;
     std::int32_t number = 0;
-    if (findRecord(layoutsByName_, fullName, L'L', isActive, number)) return true;
+    if (findRecord(layoutsByName_, fullName, L'L', isActive, number)) {
+        if (!tree_.view().find(L"L" + std::to_wstring(number))) ++layoutsWithoutNode_;
+        return true;
+    }
     // Only a new record needs the id.
     addRecord(records_.LayoutRecords, layoutsByName_, fullName, drawing, layout.ObjectID())->Layout =
         layoutName;
@@ -121,6 +153,8 @@ void LoadedDrawings::RemoveDrawingNodes() {
     for (const auto& record : records_.LayoutRecords)
         tree_.removeNode(L"L" + std::to_wstring(record->Nummer));
     records_.LayoutRecords.Clear();
+    drawingsWithoutNode_ = 0;
+    layoutsWithoutNode_ = 0;
 }
 
 }  // namespace blattwart

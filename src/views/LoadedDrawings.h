@@ -17,12 +17,16 @@ class LoadedDrawings {
         : tree_(tree),
           records_(context.records),
           autoCAD_(context.autoCAD),
-          messages_(context.platform.messages),
+          readings_(context.platform.readings),
           locale_(context.platform.locale) {}
 
-    /// Reads everything anew. Does nothing without an active document; shows a message when the host fails,
-    /// with the nodes so far left as they are.
-    void ReadLoadedDrawings();
+    /// Reads everything anew. Does nothing without an active document. When the host fails, the result is
+    /// what to tell the user, else "", and the nodes so far are left as they are; so when the user breaks the
+    /// reading off.
+    std::wstring ReadLoadedDrawings();
+    /// Tells of the drawings and layouts that the last reading has met and that have no node, because they
+    /// were gone for a while; "" when there are none.
+    std::wstring missingNodes() const;
     /// The host is not attached: drops all drawings and layouts, nodes and records.
     void RemoveDrawingNodes();
 
@@ -47,11 +51,13 @@ class LoadedDrawings {
     NavigatorTree& tree_;
     NavigatorRecords& records_;
     basAutoCAD& autoCAD_;
-    MessageBoxes& messages_;
+    ReadingWatch& readings_;
     const Locale& locale_;
     // Records by their full name in upper case, made anew for each reading.
     Index drawingsByName_;
     Index layoutsByName_;
+    int drawingsWithoutNode_ = 0;
+    int layoutsWithoutNode_ = 0;  ///< of drawings that have one
 };
 
 }  // namespace blattwart

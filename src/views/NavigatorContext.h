@@ -3,6 +3,7 @@
 #include "autocad/basAutoCAD.h"
 #include "data/basAllgemein.h"
 #include "data/basDatenbank.h"
+#include "data/NavigatorEvents.h"
 
 namespace blattwart {
 
@@ -13,6 +14,7 @@ struct NavigatorContext {
     basAllgemein& general;
     NavigatorRecords& records;
     Platform& platform;
+    NavigatorEvents& events;
 };
 
 }  // namespace blattwart

@@ -8,6 +8,9 @@
 
 namespace blattwart {
 
+/// Whether a reading changes what is in the tree already or drops it first.
+enum class Reading { update, anew };
+
 /// The shape of the navigator tree: its roots, the keys, images and marks of its nodes. Nodes that cannot be
 /// found by their key are passed over, since records outlive their nodes.
 class NavigatorTree {
@@ -27,6 +30,8 @@ class NavigatorTree {
     void AddTreeNode(const std::wstring& text, bool isTemplate, bool isActive, std::int32_t parentNumber);
     void MarkNodeActive(const std::wstring& key);
     void ClearActiveMarks();
+    /// Takes all marks off and marks a drawing's node and, of its layouts, the one of this name.
+    void moveActiveMarks(const std::wstring& drawingKey, const std::wstring& layoutName);
     /// Removes a node with all below it, if there is one.
     void removeNode(const std::wstring& key);
 

@@ -17,6 +17,7 @@ void TemplateCreation::BeginNewTemplate() {
     TreeView& tree = tree_.view();
     const std::wstring kind = tree_.selectedKind();
     const ListItem* item = list_.selected();
+    if (kind == L"Z" && !item) events_.showHint(L"Bitte zuerst in der Liste ein Layout auswählen.");
     if (kind != L"L" && !(kind == L"Z" && item)) return;
     TreeNode* library = tree.find(L"B");
     if (!library) return;
@@ -49,7 +50,7 @@ void TemplateCreation::CreateTemplateFromLayout(const std::wstring& newName) {
 
 bool TemplateCreation::isAcceptable(const std::wstring& newName) {
     if (newName.empty()) {
-        refuse(L"Bezeichnung der neuen Vorlage eingeben!");
+        platform_.messages.warn(L"Bezeichnung der neuen Vorlage eingeben!");
         return false;
     }
     const std::wstring file = newName + L".dwt";
@@ -58,18 +59,19 @@ bool TemplateCreation::isAcceptable(const std::wstring& newName) {
     });
     // A file not listed yet would leave the host waiting for an answer to its own question.
     if (listed || platform_.files.exists(records_.TemplateFolder + L"\\" + file)) {
-        refuse(L"Vorlage bereits vorhanden!");
+        platform_.messages.warn(L"Vorlage bereits vorhanden!");
         return false;
     }
     return true;
 }
 
-void TemplateCreation::refuse(const std::wstring& text) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, MessageIcon::exclamation);
-}
-
 // Returns false when there is nothing to save or nothing was typed into the host.
 bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
+    if (records_.TemplateFolder.empty()) {
+        // The host would write to the drive's root.
+        events_.showHint(L"Es ist kein Vorlagenordner bekannt: Es wurde keine Vorlage angelegt.");
+        return false;
+    }
     std::wstring drawingKey = sourceKey_;
     if (!sourceKey_.starts_with(L'Z')) {
         const TreeNode& layout = tree_.view().node(sourceKey_);
@@ -79,11 +81,13 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
     const host::Document document = autoCAD_.GetDocumentByKey(drawingKey);
     if (!document) return false;
     autoCAD_.activate(document);
-    hooks.ShowNodeStatus();
+    events_.ShowNodeStatus();
+    markActive(drawingKey, document);
 
     const std::wstring path = records_.TemplateFolder + L"\\" + file;
     document.SetVariable(L"FILEDIA", 0);
-    if (!autoCAD_.typeCommand(document, {L"_layout", L"SI", sourceLayout_, path})) return false;
+    if (!autoCAD_.typeCommand(document, TypedCommand::saveLayoutAsTemplate, {sourceLayout_, path}))
+        return false;
 
     records_.countNext();
     auto record = std::make_shared<CVorlage>();
@@ -99,8 +103,24 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
     node.setImage(treeIcon::dwt);
     node.setKey(L"D" + number);
     pending_ = false;
-    hooks.showSelectedNode();
+    std::wstring activeLayout;
+    ignoringErrors([&] { activeLayout = document.ActiveLayout().Name(); });
+    tree_.moveActiveMarks(drawingKey, activeLayout);
+    events_.showSelectedNode();
     return true;
+}
+
+// A refresh would read the folder too, in which the new file may not be seen yet.
+void TemplateCreation::markActive(const std::wstring& drawingKey, const host::Document& document) {
+    const TreeNode* drawing = tree_.view().find(drawingKey);
+    if (!drawing || drawing->bold()) return;
+    tree_.ClearActiveMarks();
+    tree_.MarkNodeActive(drawingKey);
+    ignoringErrors([&] {
+        const std::wstring layout = document.ActiveLayout().Name();
+        for (const auto& node : drawing->children())
+            if (node->text() == layout) tree_.MarkNodeActive(node->key());
+    });
 }
 
 void TemplateCreation::DeleteTemplate() {
@@ -113,7 +133,10 @@ void TemplateCreation::DeleteTemplate() {
     if (!key.starts_with(L'D')) return;
     std::shared_ptr<CVorlage> record;
     ignoringErrors([&] { record = records_.TemplateRecords.Item(recordKey(key)); });
-    if (record && general_.DateiLoeschen(record->Gesamt)) hooks.RefreshTree();
+    const auto failure = [this](const std::wstring& reason) {
+        events_.showHint(L"Die Datei kann nicht gelöscht werden: " + reason);
+    };
+    if (record && general_.DateiLoeschen(record->Gesamt, failure)) events_.RefreshTree();
 }
 
 }  // namespace blattwart

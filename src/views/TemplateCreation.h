@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "controls/ListView.h"
@@ -18,14 +17,8 @@ class TemplateCreation {
           autoCAD_(context.autoCAD),
           general_(context.general),
           records_(context.records),
-          platform_(context.platform) {}
-
-    /// Wired at start-up.
-    struct Hooks {
-        std::function<void()> RefreshTree;
-        std::function<void()> showSelectedNode;
-        std::function<void()> ShowNodeStatus;
-    } hooks;
+          platform_(context.platform),
+          events_(context.events) {}
 
     /// True while the placeholder "D0" stands in the tree.
     bool newTemplatePending() const { return pending_; }
@@ -42,8 +35,9 @@ class TemplateCreation {
 
   private:
     bool isAcceptable(const std::wstring& newName);
-    void refuse(const std::wstring& text);
     bool saveLayoutAs(const std::wstring& file);
+    /// Moves the bold marks to a drawing that was activated just now.
+    void markActive(const std::wstring& drawingKey, const host::Document& document);
 
     NavigatorTree& tree_;
     ListView& list_;
@@ -51,6 +45,7 @@ class TemplateCreation {
     basAllgemein& general_;
     NavigatorRecords& records_;
     Platform& platform_;
+    NavigatorEvents& events_;
     std::wstring sourceKey_;
     std::wstring sourceLayout_;
     bool pending_ = false;

@@ -4,21 +4,26 @@
 
 namespace blattwart {
 
-void TemplateLibrary::ReadTemplateFolder() {
+std::wstring TemplateLibrary::ReadTemplateFolder(Reading reading) {
+    answered_ = true;
     try {
+        std::wstring folder = database_.types().Item(L"1")->Verzeichnis;
+        if (folder.ends_with(L'\\')) folder.pop_back();
+        answered_ = platform_.files.silent({folder}).empty();
+        if (!answered_) return {};
+        if (reading == Reading::anew) RemoveTemplateNodes();
         ResetTemplateFlags();
-        records_.TemplateFolder = database_.types().Item(L"1")->Verzeichnis;
-        if (records_.TemplateFolder.ends_with(L'\\')) records_.TemplateFolder.pop_back();
-        for (const std::wstring& file : platform_.files.list(records_.TemplateFolder + L"\\*.dw*")) {
+        records_.TemplateFolder = folder;
+        for (const std::wstring& file : platform_.files.list(folder + L"\\*.dw*")) {
             const std::wstring upper = platform_.locale.upperCase(file);
             if (!upper.ends_with(L"DWG") && !upper.ends_with(L"DWT")) continue;
             records_.countNext();
-            if (!FindTemplateRecord(file, records_.TemplateFolder)) tree_.AddTreeNode(file, true, false, 0);
+            if (!FindTemplateRecord(file, folder)) tree_.AddTreeNode(file, true, false, 0);
         }
         RemoveStaleTemplates();
+        return {};
     } catch (const RuntimeError&) {
-        platform_.messages.show(L"Vorlagen-Ordner kann nicht gelesen werden!", applicationTitle,
-                                MessageButtons::ok, MessageIcon::critical);
+        return L"Vorlagen-Ordner kann nicht gelesen werden!";
     }
 }
 
@@ -51,6 +56,12 @@ void TemplateLibrary::RemoveStaleTemplates() {
     // The records stay although their nodes go, as with the drawings; required so.
     for (const auto& record : records_.TemplateRecords)
         if (!record->Vorhanden) tree_.removeNode(L"D" + std::to_wstring(record->Nummer));
+}
+
+void TemplateLibrary::RemoveTemplateNodes() {
+    for (const auto& record : records_.TemplateRecords)
+        tree_.removeNode(L"D" + std::to_wstring(record->Nummer));
+    records_.TemplateRecords.Clear();
 }
 
 }  // namespace blattwart

@@ -15,11 +15,15 @@ class TemplateLibrary {
     TemplateLibrary(NavigatorTree& tree, const NavigatorContext& context)
         : tree_(tree), records_(context.records), database_(context.database), platform_(context.platform) {}
 
-    /// Takes the folder from type 1 of the definition database and lists it. Shows a message when that fails,
-    /// with the nodes so far left as they are.
-    void ReadTemplateFolder();
+    /// Takes the folder from type 1 of the definition database and lists it. When that fails, the result is
+    /// what to tell the user, else "", and the nodes so far are left as they are.
+    std::wstring ReadTemplateFolder(Reading reading);
+    /// False while the folder's drive does not answer: what was read last stays then.
+    bool answered() const { return answered_; }
 
   private:
+    /// Drops all templates, nodes and records.
+    void RemoveTemplateNodes();
     void ResetTemplateFlags();
     bool FindTemplateRecord(const std::wstring& file, const std::wstring& folder);
     void RemoveStaleTemplates();
@@ -29,6 +33,7 @@ class TemplateLibrary {
     basDatenbank& database_;
     Platform& platform_;
     std::unordered_multimap<std::wstring, CVorlage*> byName_;
+    bool answered_ = true;
 };
 
 }  // namespace blattwart

@@ -13,18 +13,9 @@ basDateien::Selection basDateien::selection(bool fromList) const {
     throw RuntimeError(errorNumber::elementNotFound, L"Es ist nichts ausgewählt.");
 }
 
-bool basDateien::ask(const std::wstring& question) {
-    return platform_.messages.show(question, applicationTitle, MessageButtons::yesNo,
-                                   MessageIcon::question) == MessageAnswer::yes;
-}
-
-void basDateien::tell(const std::wstring& text, MessageIcon icon) {
-    platform_.messages.show(text, applicationTitle, MessageButtons::ok, icon);
-}
-
 void basDateien::makeActive(const host::Document& document) {
     autoCAD_.activate(document);
-    hooks.ShowNodeStatus();
+    events_.ShowNodeStatus();
 }
 
 std::wstring basDateien::GetSelectedDrawingFile(bool fromList) {
@@ -38,31 +29,33 @@ std::wstring basDateien::GetSelectedTemplateFile(bool fromList) {
 }
 
 void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) {
-    ignoringErrors([&] {
+    autoCAD_.runCommand([&] {
         // With the root selected the list shows drawings, otherwise layouts.
         const bool rootSelected = tree_.selectedKind() == L"A";
         const Selection chosen = selection(fromList || rootSelected);
         const bool wantsLayout = isLayout || (fromList && !rootSelected);
         const auto& records = wantsLayout ? records_.LayoutRecords : records_.DrawingRecords;
         const auto record = records.Item(recordKey(chosen.key));
-        const std::size_t end = wantsLayout ? record->Gesamt.find(L';') : std::wstring::npos;
-        if (isLayout && end == std::wstring::npos) return;
+        if (isLayout && record->drawing() == record->Gesamt) return;
+        const Lookup outcome = switchDrawing(record->drawing(), chosen, isLayout, askFirst);
+        if (outcome == Lookup::noAnswer) return;
+        if (outcome == Lookup::found && wantsLayout)
+            autoCAD_.runCommand([&] { switchLayout(record->Layout); });
         // The marks move also when the user does not want to leave the active drawing; required so.
-        if (switchDrawing(record->Gesamt.substr(0, end), chosen, isLayout, askFirst) && wantsLayout)
-            switchLayout(record->Layout);
         markActivated();
     });
 }
 
-// Returns whether the drawing is the active one now: the user may stay with another, or it is closed.
-bool basDateien::switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout,
-                               bool askFirst) {
-    if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return true;
-    if (askFirst && !ask(chosen.text + L" zum aktiven Dokument machen?")) return false;
+Lookup basDateien::switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout,
+                                 bool askFirst) {
+    ignoringErrors([this] { autoCAD_.fetchActiveDocument(); });
+    if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return Lookup::found;
+    if (askFirst && !platform_.messages.ask(chosen.text + L" zum aktiven Dokument machen?")) return Lookup::notOpen;
     if (tree_.selectedKind() == L"Z" && !isLayout) tree_.view().selected()->setExpanded(true);
-    const auto documents = autoCAD_.documentsNamed(drawing);
-    for (const host::Document& document : documents) makeActive(document);
-    return !documents.empty();
+    const FoundDocuments found = autoCAD_.find(drawing);
+    for (const host::Document& document : found.documents) makeActive(document);
+    autoCAD_.foundOrTold(found);
+    return found.outcome;
 }
 
 void basDateien::switchLayout(const std::wstring& layout) {
@@ -98,7 +91,9 @@ void basDateien::open(const std::wstring& file) {
     try {
         autoCAD_.gAcadDoc = autoCAD_.gAcadApp.Documents().Open(file);
     } catch (const RuntimeError& error) {
-        tell(file + L" kann nicht geöffnet werden!\n\n" + error.description(), MessageIcon::exclamation);
+        const std::wstring what = isAnswerLost(error) ? L"Ob " + file + L" geöffnet wurde, ist nicht bekannt!"
+                                                      : file + L" kann nicht geöffnet werden!";
+        platform_.messages.warn(what + L"\n\n" + error.description());
     }
 }
 
@@ -106,56 +101,62 @@ void basDateien::OpenTemplate(bool askFirst) {
     ignoringErrors([&] {
         const Selection chosen = selection(tree_.selectedKind() == L"B");
         const std::wstring file = records_.TemplateRecords.Item(recordKey(chosen.key))->Gesamt;
-        if (autoCAD_.documentsNamed(file).empty()) {
-            if (!askFirst || ask(chosen.text + L" öffnen?")) open(file);
+        const Lookup outcome = autoCAD_.find(file).outcome;
+        if (outcome == Lookup::notOpen) {
+            if (!askFirst || platform_.messages.ask(chosen.text + L" öffnen?")) open(file);
+        } else if (outcome == Lookup::noAnswer) {
+            events_.showHint(L"AutoCAD antwortet nicht.");
         } else if (!askFirst) {
-            tell(chosen.text + L" ist bereits geladen!", MessageIcon::information);
+            platform_.messages.inform(chosen.text + L" ist bereits geladen!");
         }
-        hooks.RefreshTree();
     });
+    events_.RefreshTree();
 }
 
 void basDateien::CloseDrawing() {
-    ignoringErrors([&] {
-        const auto documents = autoCAD_.documentsNamed(GetSelectedDrawingFile(tree_.selectedKind() == L"A"));
+    autoCAD_.runCommand([&] {
+        const FoundDocuments found = autoCAD_.find(GetSelectedDrawingFile(tree_.selectedKind() == L"A"));
         // A drawing that is closed already must not cost another one its document.
-        if (documents.empty()) return;
-        makeActive(documents.back());
+        if (!autoCAD_.foundOrTold(found)) return;
+        makeActive(found.last());
         autoCAD_.BringAutoCADToFront();
-        autoCAD_.typeCommand(autoCAD_.gAcadDoc, {L"_Close"});
+        autoCAD_.typeCommand(autoCAD_.gAcadDoc, TypedCommand::closeDrawing);
     });
 }
 
 void basDateien::SaveDrawing(bool saveAs) {
-    ignoringErrors([&] {
+    autoCAD_.runCommand([&] {
         const bool fromList = tree_.selectedKind() == L"A";
-        const auto documents = autoCAD_.documentsNamed(GetSelectedDrawingFile(fromList));
-        if (documents.empty()) return;
-        const host::Document& document = documents.back();
+        const FoundDocuments found = autoCAD_.find(GetSelectedDrawingFile(fromList));
+        if (!autoCAD_.foundOrTold(found)) return;
+        const host::Document document = found.last();
         if (saveAs) {
             makeActive(document);
             autoCAD_.BringAutoCADToFront();
-            autoCAD_.typeCommand(document, {L"_saveas"});
+            autoCAD_.typeCommand(document, TypedCommand::saveDrawingAs);
             return;
         }
         const std::wstring text = selection(fromList).text;
-        if (!ask(text + L" speichern?")) return;
+        if (!platform_.messages.ask(text + L" speichern?")) return;
         try {
             document.Save();
         } catch (const RuntimeError& error) {
-            tell(text + L" konnte nicht gespeichert werden!\n\n" + error.description(),
-                 MessageIcon::critical);
+            const std::wstring what = isAnswerLost(error)
+                                          ? L"Ob " + text + L" gespeichert wurde, ist nicht bekannt!"
+                                          : text + L" konnte nicht gespeichert werden!";
+            platform_.messages.reportError(what + L"\n\n" + error.description());
         }
     });
 }
 
 void basDateien::InsertLayoutFromTemplate() {
     const std::wstring file = GetSelectedTemplateFile(tree_.selectedKind() == L"B");
-    if (file.empty() || !autoCAD_.gAcadDoc) return;
+    if (file.empty()) return;
     ignoringErrors([&] {
-        const FileDialogsOff fileDialogsOff(autoCAD_, autoCAD_.gAcadDoc);
+        const host::Document document = autoCAD_.fetchActiveDocument();
+        const FileDialogsOff fileDialogsOff(autoCAD_, document);
         autoCAD_.BringAutoCADToFront();
-        autoCAD_.typeCommand(autoCAD_.gAcadDoc, {L"layout", L"vorlage", file});
+        autoCAD_.typeCommand(document, TypedCommand::insertLayouts, {file});
     });
 }
 
@@ -165,7 +166,7 @@ bool basDateien::OpenDroppedFile(const std::wstring& file) {
     // The records are asked, not the host: a drawing once listed counts as loaded, even closed. Required so.
     for (const auto& record : records_.DrawingRecords) {
         if (platform_.locale.upperCase(record->Gesamt) != upper) continue;
-        tell(record->Gesamt + L" ist bereits geladen!", MessageIcon::information);
+        platform_.messages.inform(record->Gesamt + L" ist bereits geladen!");
         return false;
     }
     open(file);
@@ -175,9 +176,11 @@ bool basDateien::OpenDroppedFile(const std::wstring& file) {
 void basDateien::SwitchToModelSpace() {
     ignoringErrors([&] {
         const std::wstring drawing = GetSelectedDrawingFile(tree_.selectedKind() == L"A");
-        for (const host::Document& document : autoCAD_.documentsNamed(drawing))
+        const FoundDocuments found = autoCAD_.find(drawing);
+        if (found.outcome == Lookup::noAnswer) return events_.showHint(L"AutoCAD antwortet nicht.");
+        for (const host::Document& document : found.documents)
             ignoringErrors([&] { document.putActiveSpace(host::Space::model); });
-        hooks.RefreshTree();
+        events_.RefreshTree();
     });
 }
 

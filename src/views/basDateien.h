@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "controls/ListView.h"
@@ -17,13 +16,8 @@ class basDateien {
           list_(list),
           autoCAD_(context.autoCAD),
           records_(context.records),
-          platform_(context.platform) {}
-
-    /// Wired at start-up: what follows an operation.
-    struct Hooks {
-        std::function<void()> RefreshTree;
-        std::function<void()> ShowNodeStatus;
-    } hooks;
+          platform_(context.platform),
+          events_(context.events) {}
 
     /// Full name of the drawing behind the list's selected item or the tree's selected node. Throws when
     /// there is none.
@@ -55,11 +49,11 @@ class basDateien {
     };
     /// The list's selected item or the tree's selected node. Throws element not found.
     Selection selection(bool fromList) const;
-    bool ask(const std::wstring& question);
-    void tell(const std::wstring& text, MessageIcon icon);
     /// Makes the document the active one, in AutoCAD and in the status line.
     void makeActive(const host::Document& document);
-    bool switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout, bool askFirst);
+    /// Found: the drawing is the active one now. Not open: another one stays active, for want of this one or
+    /// since the user wants it so.
+    Lookup switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout, bool askFirst);
     void switchLayout(const std::wstring& layout);
     void markActivated();
     void open(const std::wstring& file);
@@ -69,6 +63,7 @@ class basDateien {
     basAutoCAD& autoCAD_;
     NavigatorRecords& records_;
     Platform& platform_;
+    NavigatorEvents& events_;
 };
 
 }  // namespace blattwart

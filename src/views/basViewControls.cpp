@@ -1,5 +1,7 @@
 #include "views/basViewControls.h"
 
+#include <algorithm>
+
 namespace blattwart {
 
 basViewControls::basViewControls(TreeView& treeView, ListView& list, Label& listTitle,
@@ -12,34 +14,82 @@ basViewControls::basViewControls(TreeView& treeView, ListView& list, Label& list
       drawings_(tree, context),
       templates_(tree, context),
       contents_(treeView, list, context),
-      records_(context.records) {}
+      records_(context.records),
+      platform_(context.platform),
+      events_(context.events) {}
 
 void basViewControls::RefreshTree() {
+    const basAutoCAD::OneLook look(autoCAD_);
+    // Start-up itself fills the list when the tree stands; reading the host twice would show nothing else.
+    const bool startUp = !tree.TreeInitialised;
+    readTree(Reading::update);
+    showAround(!startUp);
+}
+
+void basViewControls::RebuildTree() {
+    const basAutoCAD::OneLook look(autoCAD_);
+    const TreeNode* selected = tree.view().selected();
+    const std::wstring before = selected ? nameOf(*selected) : L"";
+    readTree(Reading::anew);
+    TreeNode* same = nullptr;
+    tree.view().forEach([&](TreeNode& node) {
+        if (!same && nameOf(node) == before) same = &node;
+    });
+    if (same) tree.view().select(*same);
+    showAround(true);
+}
+
+void basViewControls::readTree(Reading reading) {
+    const bool databaseAnswers = readDatabase();
+    std::vector<std::wstring> failures;
+    {
+        const Update update(tree.view());
+        tree.resetDrawingsRoot();
+        tree.showAttached(static_cast<bool>(autoCAD_.gAcadApp));
+        if (!autoCAD_.gAcadApp || reading == Reading::anew) drawings_.RemoveDrawingNodes();
+        if (autoCAD_.gAcadApp) failures.push_back(drawings_.ReadLoadedDrawings());
+        tree.resetLibraryRoot();
+        failures.push_back(templates_.ReadTemplateFolder(reading));
+        // The running number decides, not the number of templates: once anything was numbered, the library
+        // keeps its look. Intended.
+        if (records_.LastNumber == 0) tree.showLibraryEmpty();
+        tree.TreeInitialised = -1;
+    }
+    const bool libraryAnswers = databaseAnswers && templates_.answered();
+    events_.showNote(libraryAnswers ? drawings_.missingNodes()
+                                    : L"Bibliothek antwortet nicht: letzter Stand");
+    // Not before: a tree that is being changed is not painted.
+    for (const std::wstring& failure : failures)
+        if (!failure.empty()) platform_.messages.reportError(failure);
+}
+
+bool basViewControls::readDatabase() {
+    const std::wstring file = database_.file();
+    // The library is asked for at the same time, so that one second is waited for both.
+    const auto silent = platform_.files.silent({file, records_.TemplateFolder});
+    if (std::ranges::find(silent, file) != silent.end()) return false;
     database_.LoadTypes();
     database_.LoadBlocks();
+    return true;
+}
 
-    const basAutoCAD::OneLook look(autoCAD_);
-    const Update update(tree.view());
-    tree.resetDrawingsRoot();
-    tree.showAttached(static_cast<bool>(autoCAD_.gAcadApp));
-    if (autoCAD_.gAcadApp) {
-        drawings_.ReadLoadedDrawings();
-    } else {
-        drawings_.RemoveDrawingNodes();
-    }
-    tree.resetLibraryRoot();
-    templates_.ReadTemplateFolder();
-    // The running number decides, not the number of templates: once anything was numbered, the library keeps
-    // its look. Intended.
-    if (records_.LastNumber == 0) tree.showLibraryEmpty();
-    const bool startUp = !tree.TreeInitialised;
-    tree.TreeInitialised = -1;
+void basViewControls::showAround(bool fillList) {
+    events_.setDragMode();
+    events_.ShowNodeStatus();
+    if (fillList) showSelectedNode();
+    events_.VisbibleMnuMenu();
+}
 
-    hooks.setDragMode();
-    hooks.ShowNodeStatus();
-    // Start-up itself fills the list when the tree stands; reading the host twice would show nothing else.
-    if (!startUp) showSelectedNode();
-    hooks.VisbibleMnuMenu();
+std::wstring basViewControls::nameOf(const TreeNode& node) const {
+    const wchar_t kind = node.key().front();
+    const std::wstring number = recordKey(node.key());
+    std::wstring name;
+    ignoringErrors([&] {
+        if (kind == L'Z') name = records_.DrawingRecords.Item(number)->Gesamt;
+        if (kind == L'L') name = records_.LayoutRecords.Item(number)->Gesamt;
+        if (kind == L'D') name = records_.TemplateRecords.Item(number)->Gesamt;
+    });
+    return kind + platform_.locale.upperCase(name);
 }
 
 void basViewControls::SelectListColumns() {

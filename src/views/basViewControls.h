@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <string>
 
 #include "views/ListColumns.h"
@@ -20,15 +19,11 @@ class basViewControls {
     NavigatorTree tree;
     ListColumns columns;
 
-    /// What a refresh ends with besides the list; wired at start-up.
-    struct Hooks {
-        std::function<void()> setDragMode;
-        std::function<void()> ShowNodeStatus;
-        std::function<void()> VisbibleMnuMenu;
-    } hooks;
-
     /// Brings tree, status line, list and command states in line with the host and the library folder.
     void RefreshTree();
+    /// Forgets all drawings, layouts and templates, so that also what has lost its node gets one, and reads
+    /// everything anew. Numbers are not used again; the selection stays where there is a node for it.
+    void RebuildTree();
     /// Gives the list the columns for the selected node, if it has others.
     void SelectListColumns();
     /// Fills the list for the selected node.
@@ -37,6 +32,13 @@ class basViewControls {
     void showSelectedNode();
 
   private:
+    /// Reads host and library into the tree. What failed is told.
+    void readTree(Reading reading);
+    /// Returns false, and all stays as it was, when the database's drive does not answer.
+    bool readDatabase();
+    void showAround(bool fillList);
+    /// Kind and full name, in upper case, of what stands behind the node; the same over a rebuilding.
+    std::wstring nameOf(const TreeNode& node) const;
     void SetListColumns(ListKind kind);
     void fill(ListKind kind);
 
@@ -47,6 +49,8 @@ class basViewControls {
     TemplateLibrary templates_;
     ListContents contents_;
     NavigatorRecords& records_;
+    Platform& platform_;
+    NavigatorEvents& events_;
     // Key of the node that the columns' set-up has just filled the list for; FillListForNode need not repeat
     // it.
     std::wstring freshlyFilled_;

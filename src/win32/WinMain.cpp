@@ -1,12 +1,13 @@
 #include <windows.h>
 
 #include <commctrl.h>
-#include <ole2.h>
 
 #include "platform/RuntimeError.h"
 #include "shell/basMain.h"
-#include "win32/com/BusyHost.h"
+#include "win32/base/LibrarySearch.h"
+#include "win32/com/Apartment.h"
 #include "win32/com/ComAutomation.h"
+#include "win32/com/HostCaller.h"
 #include "win32/platform/Win32Desktop.h"
 #include "win32/platform/Win32FileDialogs.h"
 #include "win32/platform/Win32Files.h"
@@ -18,54 +19,50 @@
 #include "win32/platform/Win32Registry.h"
 #include "win32/platform/Win32Settings.h"
 #include "win32/ui/Guard.h"
+#include "win32/ui/WaitingNotice.h"
 #include "win32/ui/Win32FormPresenter.h"
 
 namespace blattwart {
 
 namespace {
 
-/// Libraries come from the system's folder only, never from the working folder or beside the program.
-void hardenLibrarySearch() {
-    using SetDirectories = BOOL WINAPI(DWORD);
-    constexpr DWORD searchSystem32 = 0x00000800;
-    SetDllDirectoryW(L"");
-    const auto setDirectories = reinterpret_cast<SetDirectories*>(
-        GetProcAddress(GetModuleHandleW(L"kernel32.dll"), "SetDefaultDllDirectories"));
-    if (setDirectories) setDirectories(searchSystem32);
-}
-
-/// The single-threaded apartment that the automation objects live in.
-class Apartment {
-  public:
-    Apartment() : result_(OleInitialize(nullptr)) {}
-    ~Apartment() {
-        if (SUCCEEDED(result_)) OleUninitialize();
-    }
-    Apartment(const Apartment&) = delete;
-    Apartment& operator=(const Apartment&) = delete;
-
-  private:
-    HRESULT result_;
-};
-
 /// The program on Windows.
 class Application {
   public:
     Application() {
-        busyHost_.setHandlers({.busyFor = [this](std::int32_t milliseconds) { showBusy(milliseconds); },
-                               .askGiveUp = [this] { return askGiveUp(); }});
+        hostCaller_.setHandlers({.waitingFor =
+                                     [this](HostState state, std::int32_t milliseconds) {
+                                         showWaiting(statusText(state, milliseconds));
+                                     },
+                                 .askGiveUp = [this](HostState state) { return askGiveUp(state); },
+                                 .takeInput =
+                                     [this](MSG& message) {
+                                         return notice_.takeInput(message) || readings_.takeInput(message);
+                                     }});
     }
 
     int run() {
         basMain program(platform_, presenter_);
         int result = 0;
-        if (guard_.guarded([&] { return program.Main(); }, false)) result = loop();
+        if (start(program)) result = loop();
         help_.closeAll();
         presenter_.destroyWindows();
         return result;
     }
 
   private:
+    bool start(basMain& program) {
+        return guard_.guarded(
+            [&] {
+                try {
+                    return program.Main();
+                } catch (const ProgramEnded&) {
+                    return false;
+                }
+            },
+            false);
+    }
+
     int loop() {
         MSG message{};
         while (!process_.ended() && GetMessageW(&message, nullptr, 0, 0) > 0) {
@@ -77,30 +74,30 @@ class Application {
         return 0;
     }
 
-    void showBusy(std::int32_t milliseconds) {
-        if (MainWindow* window = presenter_.mainWindow()) window->showBusy(milliseconds);
+    void showWaiting(const std::wstring& text) {
+        MainWindow* window = presenter_.mainWindow();
+        const bool shown = window && IsWindowVisible(window->window());
+        if (shown) window->showWork(text);
+        if (shown || text.empty()) {
+            notice_.hide();
+        } else {
+            notice_.show(text);
+        }
     }
 
     void showWork(const std::wstring& text) {
         if (MainWindow* window = presenter_.mainWindow()) window->showWork(text);
     }
 
-    bool askGiveUp() {
-        const MessageAnswer answer =
-            messages_.show(L"AutoCAD ist beschäftigt und nimmt keine Befehle an. Weiter warten?",
-                           applicationTitle, MessageButtons::yesNo, MessageIcon::question);
-        return answer == MessageAnswer::no;
-    }
-
-    void report(const std::wstring& text) {
-        messages_.show(text, applicationTitle, MessageButtons::ok, MessageIcon::critical);
-    }
+    bool askGiveUp(HostState state) { return !messages_.ask(giveUpQuestion(state)); }
 
     Apartment apartment_;
     Win32MessageBoxes messages_;
-    BusyHost busyHost_;
-    Guard guard_{busyHost_, [this](const std::wstring& text) { report(text); }};
-    ComAutomation automation_{busyHost_};
+    Gate gate_;
+    HostCaller hostCaller_{gate_};
+    Guard guard_{[this](const std::wstring& text) { messages_.reportError(text); }};
+    WaitingNotice notice_{guard_, [this] { hostCaller_.endProgram(); }};
+    ComAutomation automation_{hostCaller_};
     Win32Registry registry_;
     Win32Settings settings_;
     Win32Files files_;
@@ -111,8 +108,8 @@ class Application {
     Win32HelpViewer help_;
     Win32ReadingWatch readings_{[this](const std::wstring& text) { showWork(text); }};
     Platform platform_{automation_, registry_, settings_, files_, messages_, fileDialogs_,
-                       desktop_,    process_,  locale_,   help_,  readings_};
-    Win32FormPresenter presenter_{guard_, automation_};
+                       desktop_,    process_,  locale_,   help_,  readings_, gate_};
+    Win32FormPresenter presenter_{guard_, gate_};
 };
 
 }  // namespace

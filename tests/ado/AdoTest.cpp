@@ -5,8 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "demo/mdb/Database.h"
-#include "demo/mdb/DefinitionTables.h"
+#include "demo/samples/SampleDatabase.h"
 #include "platform/RuntimeError.h"
 
 namespace demo {
@@ -66,11 +65,10 @@ class Ado : public testing::Test {
         call(recordset, L"Open", {L"select * from " + table, connection, 3, 3, -1});
         return recordset;
     }
-    ObjectPtr write(const std::vector<mdb::Table>& tables) const {
-        mdb::writeDatabase(file_, tables);
+    ObjectPtr make(std::wstring_view statements = sampleRows()) const {
+        makeDatabase(wideFile_, statements);
         return connect();
     }
-    ObjectPtr selectTypes() const { return select(write(mdb::sampleTables()), L"Typen"); }
 
     // A blank and umlauts in the folder, as users have them.
     const std::string folder_ =
@@ -82,23 +80,20 @@ class Ado : public testing::Test {
 };
 
 TEST_F(Ado, EachColumnTypeKeepsItsType) {
-    using mdb::ColumnType;
-    mdb::Table table;
-    table.name = L"Alle";
-    table.columns = {{L"ja", ColumnType::boolean},          {L"byte", ColumnType::byte},
-                     {L"kurz", ColumnType::integer},        {L"lang", ColumnType::longInteger},
-                     {L"geld", ColumnType::currency},       {L"einfach", ColumnType::single},
-                     {L"doppelt", ColumnType::doubleFloat}, {L"wann", ColumnType::date},
-                     {L"text", ColumnType::text, 255},      {L"memo", ColumnType::memo}};
-    const Value text = std::wstring(255, L'ß');
-    const Value memo = std::wstring(1000, L'ä') + std::wstring(700, L'€');
-    table.rows = {{true, std::uint8_t{200}, std::int16_t{-5}, -70000, blattwart::Currency{-1234567}, 0.1F,
-                   1.0 / 3, blattwart::Date{45292.75}, text, memo},
-                  {false, std::uint8_t{0}, std::int16_t{0}, 0, blattwart::Currency{0}, 0.0F, 1e-300,
-                   blattwart::Date{0.5}, L"x", L""},
-                  {false, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}}};
-    const auto recordset = select(write({table}), L"Alle");
-    for (const auto& row : table.rows) {
+    const std::wstring memo = std::wstring(1000, L'ä') + std::wstring(700, L'€');
+    const auto connection = make(
+        L"CREATE TABLE Alle (ja BIT, byte TINYINT, kurz SMALLINT, lang INTEGER, doppelt DOUBLE, "
+        L"wann TIMESTAMP, text VARCHAR(255), memo TEXT);"
+        L"INSERT INTO Alle VALUES (1, 200, -5, -70000, 0.1, '2024-01-01 18:00:00', 'größer als €', '" +
+        memo + L"');" + L"INSERT INTO Alle VALUES (0, 0, 0, 0, 1e-300, '1899-12-30 12:00:00', '', 'x');" +
+        L"INSERT INTO Alle (ja) VALUES (0);");
+    const std::vector<std::vector<Value>> rows{
+        {true, std::uint8_t{200}, std::int16_t{-5}, -70000, 0.1, blattwart::Date{45292.75}, L"größer als €",
+         memo},
+        {false, std::uint8_t{0}, std::int16_t{0}, 0, 1e-300, blattwart::Date{0.5}, L"", L"x"},
+        {false, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}, Null{}}};
+    const auto recordset = select(connection, L"Alle");
+    for (const auto& row : rows) {
         for (std::size_t i = 0; i < row.size(); ++i)
             EXPECT_EQ(cell(recordset, static_cast<std::int32_t>(i)), row[i]) << i;
         call(recordset, L"MoveNext");
@@ -106,7 +101,7 @@ TEST_F(Ado, EachColumnTypeKeepsItsType) {
 }
 
 TEST_F(Ado, ChangesAreStoredByUpdateOrByMovingAway) {
-    const auto recordset = selectTypes();
+    const auto recordset = select(make(), L"Typen");
     const auto clone = objectIn(call(recordset, L"Clone", {1}));
     const auto folder = objectIn(call(objectIn(get(recordset, L"Fields")), L"Item", {L"Verzeichnis"}));
     folder->put({L"", L"Value"}, L"D:\\Übung");
@@ -125,7 +120,7 @@ TEST_F(Ado, ChangesAreStoredByUpdateOrByMovingAway) {
 }
 
 TEST_F(Ado, OpeningFailsAsTheRealOneDoes) {
-    mdb::writeDatabase(file_, mdb::sampleTables());
+    make();
     const auto open = [](const std::wstring& text, const AdoFaults& faults = {}) {
         const auto connection = makeAdo(L"adodb.connection", faults);
         const auto error = errorOf([&] { call(connection, L"Open", {text}); });

@@ -9,28 +9,14 @@
 #include "demo/ado/Ado.h"
 #include "demo/host/CallRecorder.h"
 #include "demo/host/DemoAutomation.h"
-#include "demo/mdb/Database.h"
-#include "demo/mdb/DefinitionTables.h"
+#include "demo/samples/SampleDatabase.h"
 #include "support/TestPlatform.h"
 
 namespace blattwart::test {
 namespace {
 
-using demo::mdb::blocksTable;
-using demo::mdb::Row;
-using demo::mdb::typesTable;
-
 const RuntimeError error(static_cast<std::int32_t>(0x80004005), L"Unbekannter Fehler");
 const std::wstring openFailed = L"Fehler beim Öffnen der Def-Datenbank!";
-
-Row typeRow(Value id, Value name, Value folder, Value info = L"Beschreibung") {
-    return {std::move(id), std::move(name), std::move(folder), std::move(info)};
-}
-
-Row blockRow(Value id, Value layer = L"0", Value factorX = 2.0) {
-    return {std::move(id),      1,   7,   L"Stempel", L"Schriftfeld",  1.5, 2.5, 3.5,
-            std::move(factorX), 3.0, 4.0, 0.25,       std::move(layer)};
-}
 
 /// The definition database read from a real file through the stand-in for ADO.
 class DatabaseTest : public testing::Test {
@@ -47,13 +33,16 @@ class DatabaseTest : public testing::Test {
     }
     ~DatabaseTest() override { std::filesystem::remove(file); }
 
-    void write(std::vector<Row> types, std::vector<Row> blocks = {}) {
-        demo::mdb::writeDatabase(file, {typesTable(std::move(types)), blocksTable(std::move(blocks))});
+    /// A new database whose tables hold these rows: "(1, 'Pläne', NULL, 'Info'), (...)"; none where empty.
+    void write(const std::wstring& types, const std::wstring& blocks = {}) {
+        std::wstring rows = L"DELETE FROM Typen;";
+        if (!types.empty()) rows += L"INSERT INTO Typen VALUES " + types + L";";
+        if (!blocks.empty()) rows += L"INSERT INTO Bloecke VALUES " + blocks + L";";
+        writeBySql(rows);
     }
-    void writeWithoutKeys(std::vector<Row> types) {
-        auto table = typesTable(std::move(types));
-        table.key.reset();
-        demo::mdb::writeDatabase(file, {table});
+    void writeBySql(std::wstring_view statements) {
+        std::filesystem::remove(file);
+        demo::makeDatabase(file.wstring(), statements);
     }
     std::vector<std::wstring> typeNames() const {
         std::vector<std::wstring> names;
@@ -95,7 +84,7 @@ class DatabaseTest : public testing::Test {
 };
 
 TEST_F(DatabaseTest, OpensAndClosesAsAgreedWithAdo) {
-    write({typeRow(3, L"Pläne", L"E:\\Pläne")});
+    write(L"(3, 'Pläne', 'E:\\Pläne', NULL)");
     database.LoadTypes();
     const Names expected{L"create ADODB.Connection", L"put Connection.CursorLocation",
                          L"call Connection.Open",    L"create ADODB.Recordset",
@@ -120,43 +109,50 @@ TEST_F(DatabaseTest, OpensAndClosesAsAgreedWithAdo) {
 }
 
 TEST_F(DatabaseTest, ReadsTypesUnderTheirIds) {
-    write({typeRow(12, L"Schnitte", L"E:\\Schnitte"), typeRow(5, L"Schilder", Null{}),
-           typeRow(-4, Null{}, L"F:")});
+    // Read in the order of the keys.
+    write(
+        L"(-4, NULL, 'F:', ''), (5, 'Schilder', NULL, NULL), (12, 'Schnitte', 'E:\\Schnitte', 'für "
+        L"Bauteile')");
     database.LoadTypes();
-    EXPECT_EQ((Names{L"Schnitte", L"Schilder", L""}), typeNames());
+    EXPECT_EQ((Names{L"", L"Schilder", L"Schnitte"}), typeNames());
     const auto twelve = database.types().Item(L"12");
     EXPECT_EQ(L"E:\\Schnitte", twelve->Verzeichnis);
-    EXPECT_EQ(L"Beschreibung", twelve->Info);
-    EXPECT_EQ(twelve, database.types().Item(1));
+    EXPECT_EQ(L"für Bauteile", twelve->Info);
+    EXPECT_EQ(twelve, database.types().Item(3));
     EXPECT_EQ(L"C:\\Programme\\Blattwart\\Bibliothek\\Schilder", database.types().Item(L"5")->Verzeichnis);
     EXPECT_EQ(-4, database.types().Item(L"-4")->TypenId);
     EXPECT_EQ(0, templateFolderAsked);
 }
 
 TEST_F(DatabaseTest, TypeOneLivesInTheHostsTemplateFolder) {
-    write({typeRow(1, L"Standard", Null{})});
+    write(L"(1, 'Standard', NULL, NULL)");
     database.LoadTypes();
     EXPECT_EQ(L"D:\\Vorlagen", database.types().Item(L"1")->Verzeichnis);
     templateFolder.clear();
     database.LoadTypes();
     EXPECT_EQ(L"C:\\Programme\\Blattwart\\Bibliothek\\Standard", database.types().Item(L"1")->Verzeichnis);
-    write({typeRow(1, L"Standard", L"E:\\Eigene")});
+    write(L"(1, 'Standard', 'E:\\Eigene', NULL)");
     database.LoadTypes();
     EXPECT_EQ(L"E:\\Eigene", database.types().Item(L"1")->Verzeichnis);
     EXPECT_EQ(2, templateFolderAsked);
 }
 
 TEST_F(DatabaseTest, BadRowsDoNotCostTheOthers) {
-    writeWithoutKeys({typeRow(1, L"eins", L"E:"), typeRow(Null{}, L"ohne", L"E:"),
-                      typeRow(1, L"doppelt", L"E:"), typeRow(2, Null{}, Null{}, Null{}),
-                      typeRow(3, L"drei", L"E:")});
+    writeBySql(
+        L"DROP TABLE Typen;"
+        L"CREATE TABLE Typen (TypenId INTEGER, typ VARCHAR(50), Verzeichnis VARCHAR(255), Info VARCHAR(255));"
+        L"INSERT INTO Typen VALUES (1, 'eins', 'E:', ''), (NULL, 'ohne', 'E:', ''), (1, 'doppelt', 'E:', ''),"
+        L"    (2, NULL, NULL, NULL), (3, 'drei', 'E:', '');");
     database.LoadTypes();
     EXPECT_EQ((Names{L"eins", L"", L"drei"}), typeNames());
     EXPECT_EQ(L"", database.types().Item(L"2")->Info);
 }
 
 TEST_F(DatabaseTest, ReadsBlocksAndPassesOverCellsWithoutValue) {
-    write({}, {blockRow(4), blockRow(11, Null{}, Null{}), blockRow(2, L"Rahmen")});
+    write(L"",
+          L"(4, 1, 7, 'Stempel', 'Schriftfeld', 1.5, 2.5, 3.5, 2, 3, 4, 0.25, '0'),"
+          L"(11, 1, 7, 'Stempel', 'Schriftfeld', 1.5, 2.5, 3.5, NULL, 3, 4, 0.25, NULL),"
+          L"(12, 1, 7, 'Stempel', 'Schriftfeld', 1.5, 2.5, 3.5, 2, 3, 4, 0.25, 'Rahmen')");
     database.LoadBlocks();
     ASSERT_EQ(3, database.blocks().Count());
     const auto block = database.blocks().Item(L"4");
@@ -176,7 +172,7 @@ TEST_F(DatabaseTest, ReadsBlocksAndPassesOverCellsWithoutValue) {
 }
 
 TEST_F(DatabaseTest, AFailedOpenIsToldOnceAndKeepsThePreviousLists) {
-    write({typeRow(1, L"eins", L"E:")}, {blockRow(1)});
+    write(L"(1, 'eins', 'E:', NULL)", L"(1, 1, 7, 'Stempel', '', 0, 0, 0, 1, 1, 1, 0, '')");
     database.LoadTypes();
     database.LoadBlocks();
     faults.providerMissing = true;
@@ -193,13 +189,13 @@ TEST_F(DatabaseTest, AFailedOpenIsToldOnceAndKeepsThePreviousLists) {
     EXPECT_EQ(0, heldObjects());
 
     // A database without the table opens, so there is nothing to tell.
-    demo::mdb::writeDatabase(file, {blocksTable()});
+    writeBySql(L"DROP TABLE Typen;");
     database.LoadTypes();
     EXPECT_EQ(Names{L"eins"}, typeNames());
 }
 
 TEST_F(DatabaseTest, NoFailingCallLeavesAConnectionOrCostsALaterLoad) {
-    write({typeRow(1, L"eins", L"E:"), typeRow(2, L"zwei", L"E:")});
+    write(L"(1, 'eins', 'E:', NULL), (2, 'zwei', 'E:', NULL)");
     world.messages.strict = false;
     bool failed = true;
     for (std::size_t failing = 1; failed; ++failing) {
@@ -218,7 +214,7 @@ TEST_F(DatabaseTest, NoFailingCallLeavesAConnectionOrCostsALaterLoad) {
 }
 
 TEST_F(DatabaseTest, WritesFoldersBackFromTheCurrentRowOn) {
-    write({typeRow(1, L"eins", L"E:"), typeRow(2, L"zwei", L"E:"), typeRow(3, L"drei", L"E:")});
+    write(L"(1, 'eins', 'E:', NULL), (2, 'zwei', 'E:', NULL), (3, 'drei', 'E:', NULL)");
     CTypen types;
     types.AddTyp(1, L"eins", L"G:\\1", L"", L"1");
     types.AddTyp(3, L"drei", L"G:\\3", L"", L"3");

@@ -34,7 +34,7 @@ class StoredEntity : public AutomationObject {
         }
         return {};
     }
-    std::vector<ObjectPtr> enumerate() override { return {}; }
+    std::vector<ObjectPtr> enumerate(std::wstring_view, const GoOn&) override { return {}; }
 };
 
 /// A drawing of one object, number 42, that knows which applications may store data.
@@ -55,7 +55,7 @@ class StoredDocument : public AutomationObject, public std::enable_shared_from_t
         if (arguments[0].value() != Value(42)) throw RuntimeError(hresult::disconnected, L"");
         return ObjectPtr(entity);
     }
-    std::vector<ObjectPtr> enumerate() override { return {}; }
+    std::vector<ObjectPtr> enumerate(std::wstring_view, const GoOn&) override { return {}; }
 };
 
 class XDataTest : public testing::Test {
@@ -65,7 +65,7 @@ class XDataTest : public testing::Test {
         document->entity = entity;
     }
 
-    XDataSource source() { return {host::Document(document, session), {}, report, locale}; }
+    XDataSource source() { return {host::Document(document, manners), {}, report, locale}; }
     CXData data() {
         CXData result(source());
         result.objId = 42;
@@ -95,7 +95,7 @@ class XDataTest : public testing::Test {
     XDataReport report{messages};
     std::shared_ptr<StoredEntity> entity = std::make_shared<StoredEntity>();
     std::shared_ptr<StoredDocument> document = std::make_shared<StoredDocument>();
-    std::shared_ptr<host::Session> session = std::make_shared<host::Session>();
+    std::shared_ptr<host::HostManners> manners = std::make_shared<host::HostManners>();
 };
 
 TEST_F(XDataTest, WhatIsWrittenReadsBackInOrder) {
@@ -152,7 +152,7 @@ TEST_F(XDataTest, KeepsWhatCameBeforeAnUnusableType) {
         store({std::int32_t{5}, L"eins", second, L"zwei", 6, L"drei"});
         messages.expect(readFailed);
         XDataReport own(messages);
-        CXData list({host::Document(document, session), {}, own, locale});
+        CXData list({host::Document(document, manners), {}, own, locale});
         list.objId = 42;
         list.GetXDataWerte();
         EXPECT_EQ((Contents{{5, L"eins"}}), contents(list));
@@ -206,7 +206,7 @@ TEST_F(XDataTest, AViewportFillsItselfFromItsData) {
     EXPECT_EQ(2, viewport.Uebersicht);
 
     CAFenster handed;
-    handed.GetBezeichnung({{}, host::Entity(entity, session), report, locale});
+    handed.GetBezeichnung({{}, host::Entity(entity, manners), report, locale});
     EXPECT_EQ(L"A1", handed.Bezeichnung);
 }
 

@@ -25,6 +25,9 @@ TEST_F(HostTest, IdsAndWindowHandlesAreAsWideAsTheHost) {
     EXPECT_EQ(errorOf([&] { call(wide, L"ObjectIdToObject", {shortId}); }), code(0x80020005));
     const ObjectPtr other = open({L"A"}, L"Anders.dwg");
     EXPECT_EQ(errorOf([&] { call(other, L"ObjectIdToObject32", {shortId}); }), code(0x80200014));
+    restart({.wideIds = true, .shortIds = false});
+    const ObjectPtr widest = open({L"A"});
+    EXPECT_EQ(errorOf([&] { get(layout(widest, L"A"), L"ObjectID32"); }), code(0x80020006));
 }
 
 TEST_F(HostTest, TheUserClosesAndSwitchesDocuments) {

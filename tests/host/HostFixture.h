@@ -68,7 +68,7 @@ class HostTest : public testing::Test {
     }
     static std::vector<std::wstring> names(const ObjectPtr& collection) {
         std::vector<std::wstring> names;
-        for (const ObjectPtr& element : collection->enumerate()) {
+        for (const ObjectPtr& element : collection->enumerate(L"")) {
             names.push_back(*get(element, L"Name").as<std::wstring>());
         }
         return names;

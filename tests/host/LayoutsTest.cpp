@@ -46,7 +46,7 @@ TEST_F(HostTest, TheSheetViewportAppearsWhenALayoutWasCurrent) {
     const ObjectPtr block = object(layout(document, L"B"), L"Block");
     EXPECT_EQ(get(block, L"Count"), Value(std::int32_t{0}));
     put(document, L"ActiveLayout", layout(document, L"B"));
-    const auto entities = block->enumerate();
+    const auto entities = block->enumerate(L"");
     ASSERT_EQ(entities.size(), 1u);
     EXPECT_EQ(get(entities[0], L"ObjectName"), Value(L"AcDbViewport"));
     Value types;

@@ -309,12 +309,16 @@ TEST_F(Information, TellsVersionAndStartsTheSystemsTool) {
         EXPECT_EQ(world.process.started,
                   (std::vector<std::wstring>{L"\"C:\\Gemeinsame Dateien\\MSINFO32.EXE\"",
                                              L"\"C:\\Größe\\msinfo32.exe\""}));
+        world.registry.store(root, tool, "PATH",
+                             {Registry::expandableTextType, "%SystemRoot%\\System32\\msinfo32.exe"});
+        form.cmdSysInfo.userClicks();
+        EXPECT_EQ(world.process.started.back(), L"\"C:\\Windows\\System32\\msinfo32.exe\"");
         world.process.canStart = false;
-        expectMessage(2);
+        expectMessage(3);
         // Plain users may not open the key as it is asked for.
         world.process.canStart = true;
         world.registry.writable = false;
-        expectMessage(2);
+        expectMessage(3);
         form.cmdOK.userClicks();
     };
     choose(L"mnuHelpAbout");

@@ -39,9 +39,8 @@ class FaultSweep : public Operations {
         const auto fails = [this](std::wstring_view call) { return calls.strikes(call); };
         world.registry.fails = world.files.fails = world.settings.fails = fails;
         // As few rows as show everything.
-        auto tables = demo::mdb::sampleTables();
-        for (demo::mdb::Table& table : tables) table.rows.resize(1);
-        useDatabase(tables);
+        useDatabase(std::wstring(demo::sampleRows()) +
+                    L"DELETE FROM Typen WHERE TypenId > 1; DELETE FROM Bloecke WHERE blockId > 1;");
         presenter.inKopieren = [](frmKopieren& dialog) {
             dialog.txtLayout.setText(L"Neu");
             dialog.txtAnzahl.setText(L"2");

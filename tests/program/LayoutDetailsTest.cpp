@@ -91,11 +91,12 @@ class Details : public Program {
 };
 
 TEST_F(Details, ShowsEverythingOnEveryKindOfHost) {
-    for (const bool wideIds : {false, true}) {
+    for (const auto& [wideIds, shortIds] : {std::pair(false, false), {true, true}, {true, false}}) {
         demo.end();
         main = std::make_unique<basMain>(world.platform, presenter);
         demo::HostOptions options;
         options.wideIds = wideIds;
+        options.shortIds = shortIds;
         demo.start().options() = options;
         open();
         fillSheet();
@@ -283,6 +284,14 @@ TEST_F(Details, EscEndsTheReadingWithTheRowsItHas) {
     show();
     EXPECT_EQ(value(L"IAnsichtsfenster2"), L"A2 (1:50)");
     EXPECT_EQ(value(L"ILegende"), L"Nicht vorhanden");
+
+    // Already while it is asked what there is.
+    for (int i = 0; i < 1100; ++i) add("LINE", {}, {});
+    world.readings.escAfter = 1;
+    calls.clear();
+    show();
+    EXPECT_EQ(calls.count(L"ObjectName"), 0U);
+    EXPECT_EQ(value(L"ILegende"), L"");
 }
 
 TEST_F(Details, ADrawingThatIsGoneLeavesTheName) {

@@ -69,6 +69,10 @@ TEST_F(Navigator, FollowsTheHost) {
 TEST_F(Navigator, RecordsOutliveTheirNodes) {
     start();
     host().close(host().findDocument(L"C:\\Haus 2\\Größe.dwg"));
+    world.readings.escAfter = 0;
+    leaveAndReturn();
+    EXPECT_NE(tree().find(L"Z4"), nullptr) << "nobody has seen that it is stale";
+    world.readings.escAfter = 1000;
     leaveAndReturn();
     EXPECT_EQ(tree().find(L"Z4"), nullptr);
     EXPECT_EQ(tree().find(L"L5"), nullptr);
@@ -105,11 +109,12 @@ TEST_F(Navigator, DrawingsOfOneNameAreBothActive) {
 }
 
 TEST_F(Navigator, UnchangedRefreshAsksNoMoreThanNeeded) {
-    for (const bool wideIds : {false, true}) {
+    for (const auto& [wideIds, shortIds] : {std::pair(false, false), {true, true}, {true, false}}) {
         demo.end();
         main = std::make_unique<basMain>(world.platform, presenter);
         demo::HostOptions options;
         options.wideIds = wideIds;
+        options.shortIds = shortIds;
         demo.start().options() = options;
         std::size_t layouts = 0;
         constexpr std::size_t drawings = 7;
@@ -206,8 +211,7 @@ TEST_F(Library, DefinitionDatabaseInAllItsStates) {
     EXPECT_EQ(tree().node(L"B").children().size(), 2U);
 
     // The user's own folder, written with a backslash at its end, is the same folder.
-    useDatabase(
-        {demo::mdb::typesTable({{1, L"Vorlagen", L"C:\\Vorlagen\\", Null{}}}), demo::mdb::blocksTable()});
+    useDatabase(L"DELETE FROM Typen; INSERT INTO Typen VALUES (1, 'Vorlagen', 'C:\\Vorlagen\\', NULL);");
     refresh();
     EXPECT_EQ(main->records.TemplateFolder, L"C:\\Vorlagen");
     EXPECT_EQ(tree().node(L"B").children().size(), 2U);
@@ -219,7 +223,7 @@ TEST_F(Library, DefinitionDatabaseInAllItsStates) {
     EXPECT_EQ(tree().node(L"B").children().size(), 2U);
 
     world.messages.clear();
-    useDatabase({demo::mdb::typesTable(), demo::mdb::blocksTable()});
+    useDatabase(L"DELETE FROM Typen;");
     refresh();
     EXPECT_EQ(world.messages.texts(), std::vector<std::wstring>{folderFailed});
 }

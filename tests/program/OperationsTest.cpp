@@ -77,6 +77,10 @@ TEST_F(DocumentOperations, AskAndGoWhereTheAnswerLeads) {
             click(c.node);
             if (*c.listItem) selectInList({c.listItem});
             if (*c.question) world.messages.answer(answer);
+            world.desktop.log.clear();
+            world.messages.whileOpen = [this](const ShownBox&) {
+                EXPECT_TRUE(world.desktop.log.empty()) << "a question would lie behind AutoCAD";
+            };
             if (*c.item) {
                 choose(c.item);
             } else {
@@ -407,13 +411,16 @@ TEST_F(LayoutOperations, RenameByLabel) {
     }
 }
 
-TEST_F(LayoutOperations, RenamingSeveralRefusesControlCharacters) {
+TEST_F(LayoutOperations, RenamingSeveralRefusesControlCharactersAndEndsWithEsc) {
     click(L"Z3");
     selectInList({L"L4", L"L5"});
     std::int16_t counter = 1;
     main->layouts->RenameSelectedLayouts(L"Plan\r", counter);
     EXPECT_EQ(world.messages.shown, std::vector{told(controlCharacters)});
     EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Blatt 1,Blatt 2,Schnitt");
+    world.readings.escAfter = 1;
+    main->layouts->RenameSelectedLayouts(L"Plan", counter);
+    EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Plan1,Blatt 2,Schnitt") << "Esc";
 }
 
 }  // namespace

@@ -5,8 +5,6 @@
 
 #include <unistd.h>
 
-#include "demo/mdb/Database.h"
-
 namespace blattwart::test {
 
 namespace {
@@ -36,15 +34,16 @@ Program::Program(demo::HostOptions options)
       main(std::make_unique<basMain>(world.platform, presenter)) {
     demo.setOtherPrograms([this](std::wstring_view name) { return demo::makeAdo(name, adoFaults); });
     demo.start();
-    useDatabase(demo::mdb::sampleTables());
+    useDatabase(demo::sampleRows());
     world.files.add(L"C:\\Vorlagen\\Plan A3.dwt");
     world.files.add(L"C:\\Vorlagen\\Rahmen.dwg");
     world.files.add(L"C:\\Vorlagen\\Skizze.dwf");
 }
 
-void Program::useDatabase(const std::vector<demo::mdb::Table>& tables) {
+void Program::useDatabase(std::wstring_view statements) {
     const std::filesystem::path file = folder.path() / "Tarvix.mdb";
-    demo::mdb::writeDatabase(file, tables);
+    std::filesystem::remove(file);
+    demo::makeDatabase(file.wstring(), statements);
     world.registry.storeText(RegistryRoot::localMachine, registryKey, "DefDB", file.string());
 }
 

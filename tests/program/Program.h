@@ -8,7 +8,7 @@
 #include "demo/ado/Ado.h"
 #include "demo/host/CallRecorder.h"
 #include "demo/host/DemoAutomation.h"
-#include "demo/mdb/DefinitionTables.h"
+#include "demo/samples/SampleDatabase.h"
 #include "FakeWindow.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
@@ -29,7 +29,7 @@ class TemporaryFolder {
     std::filesystem::path path_;
 };
 
-/// The whole program between the demonstration host, a genuine database file and a world of fakes. The test
+/// The whole program between the demonstration host, a database file and a world of fakes. The test
 /// plays the user. The host runs unless the test ends it; the database holds the demonstration's tables; the
 /// library is C:\Vorlagen with Plan A3.dwt and Rahmen.dwg.
 class Program : public testing::Test {
@@ -52,7 +52,8 @@ class Program : public testing::Test {
     void leaveAndReturn();
     /// The user chooses a menu item, if it is enabled.
     void choose(std::wstring_view item);
-    void useDatabase(const std::vector<demo::mdb::Table>& tables);
+    /// From now on the database is a new one, changed by these SQL statements.
+    void useDatabase(std::wstring_view statements);
 
     static constexpr const char* registryKey = "SOFTWARE\\Ormeda\\Tarvix 2.1";
 

@@ -184,13 +184,14 @@ TEST_F(Watchdog, StepsAsideWhileACallOrAMessageBoxIsPending) {
     world.desktop.foregroundWindow = 1;
     form().ctlTimer_Timer();
     world.desktop.foregroundWindow = FakeWindow::ownHandle;
-    calls.setCallPending(true);
-    form().ctlTimer_Timer();
-    form().Form_Activate();
+    {
+        const Gate::Call call(world.gate);
+        form().ctlTimer_Timer();
+        form().Form_Activate();
+    }
     EXPECT_EQ(calls.count(), 0U);
     EXPECT_EQ(main->gWasForeground, 0);
 
-    calls.setCallPending(false);
     demo.end();
     world.messages.answer(MessageAnswer::yes);
     world.messages.whileOpen = [this](const ShownBox&) { form().ctlTimer_Timer(); };

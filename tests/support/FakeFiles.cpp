@@ -32,6 +32,14 @@ bool matches(std::wstring_view name, std::wstring_view pattern) {
 
 }  // namespace
 
+std::vector<std::uint8_t> FakeFileReader::read(std::uint64_t offset, std::size_t count) {
+    if (offset >= bytes_.size()) return {};
+    const auto first = bytes_.begin() + static_cast<std::ptrdiff_t>(offset);
+    const std::size_t there = std::min(count, bytes_.size() - static_cast<std::size_t>(offset));
+    bytesRead += there;
+    return {first, first + static_cast<std::ptrdiff_t>(there)};
+}
+
 void FakeFiles::add(const std::wstring& path) {
     if (find(path) == files_.end()) files_.push_back(path);
     addFolder(folderOf(path));
@@ -39,6 +47,13 @@ void FakeFiles::add(const std::wstring& path) {
 
 void FakeFiles::addFolder(const std::wstring& path) {
     folders_.insert(locale_.upperCase(path));
+}
+
+void FakeFiles::fill(const std::wstring& path, std::vector<std::uint8_t> bytes) {
+    add(path);
+    Content& content = contents_[locale_.upperCase(path)];
+    content.bytes = std::move(bytes);
+    ++content.written;
 }
 
 void FakeFiles::forget(const std::wstring& path) {
@@ -62,6 +77,25 @@ std::vector<std::wstring> FakeFiles::list(const std::wstring& pattern) {
 
 bool FakeFiles::exists(const std::wstring& path) {
     return !fails(L"Files.exists") && find(path) != files_.end();
+}
+
+std::vector<std::wstring> FakeFiles::silent(const std::vector<std::wstring>& paths) {
+    std::vector<std::wstring> found;
+    std::ranges::copy_if(paths, std::back_inserter(found),
+                         [this](const std::wstring& path) { return silentPaths.contains(path); });
+    return found;
+}
+
+std::wstring FakeFiles::shortPath(const std::wstring& path) {
+    const auto form = shortPaths.find(path);
+    return fails(L"Files.shortPath") || form == shortPaths.end() ? L"" : form->second;
+}
+
+std::unique_ptr<FileReader> FakeFiles::open(const std::wstring& path) {
+    if (fails(L"Files.open")) throwDenied();
+    if (find(path) == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
+    const Content& content = contents_[locale_.upperCase(path)];
+    return std::make_unique<FakeFileReader>(content.bytes, content.written);
 }
 
 void FakeFiles::remove(const std::wstring& path) {

@@ -88,4 +88,12 @@ std::int32_t FakeRegistry::check(RegistryKey key, std::uint32_t right) const {
     return handle->second.access & right ? success : accessDenied;
 }
 
+std::wstring FakeRegistry::expanded(const std::wstring& text) {
+    constexpr std::wstring_view variable = L"%SystemRoot%";
+    std::wstring result = text;
+    if (const auto place = result.find(variable); place != std::wstring::npos)
+        result.replace(place, variable.size(), L"C:\\Windows");
+    return result;
+}
+
 }  // namespace blattwart::test

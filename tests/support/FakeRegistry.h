@@ -43,6 +43,8 @@ class FakeRegistry : public Registry {
     std::int32_t setValue(RegistryKey key, const std::string& name, std::uint32_t type,
                           std::span<const char> data) override;
     std::int32_t closeKey(RegistryKey key) override;
+    /// Knows "%SystemRoot%" only.
+    std::wstring expanded(const std::wstring& text) override;
 
   private:
     using Path = std::pair<RegistryRoot, std::string>;

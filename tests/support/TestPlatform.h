@@ -18,7 +18,7 @@ namespace blattwart::test {
 struct TestPlatform {
     explicit TestPlatform(Automation& automation)
         : platform{automation, registry, settings, files, messages, fileDialogs,
-                   desktop,    process,  locale,   help,  readings} {}
+                   desktop,    process,  locale,   help,  readings, gate} {}
     TestPlatform(const TestPlatform&) = delete;
     TestPlatform& operator=(const TestPlatform&) = delete;
 
@@ -32,6 +32,7 @@ struct TestPlatform {
     GermanLocale locale;
     FakeHelp help;
     FakeReadingWatch readings;
+    Gate gate;
     Platform platform;
 };
 

@@ -25,26 +25,18 @@ struct LocalDeleter {
 struct GdiDeleter {
     void operator()(HGDIOBJ object) const { DeleteObject(object); }
 };
-struct IconDestroyer {
-    void operator()(HICON icon) const { DestroyIcon(icon); }
-};
 struct MenuDestroyer {
     void operator()(HMENU menu) const { DestroyMenu(menu); }
 };
 struct ImageListDestroyer {
     void operator()(HIMAGELIST list) const { ImageList_Destroy(list); }
 };
-struct WindowDestroyer {
-    void operator()(HWND window) const { DestroyWindow(window); }
-};
 
 using Handle = std::unique_ptr<void, HandleCloser>;
 using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
 using Search = std::unique_ptr<void, SearchCloser>;
 using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, GdiDeleter>;
-using Icon = std::unique_ptr<std::remove_pointer_t<HICON>, IconDestroyer>;
 using Menu = std::unique_ptr<std::remove_pointer_t<HMENU>, MenuDestroyer>;
 using ImageList = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, ImageListDestroyer>;
-using Window = std::unique_ptr<std::remove_pointer_t<HWND>, WindowDestroyer>;
 
 }  // namespace blattwart

@@ -39,13 +39,13 @@ bool isSameObject(IDispatch* a, IDispatch* b) {
 
 }  // namespace
 
-ComAutomation::ComAutomation(BusyHost& busyHost)
-    : busyHost_(busyHost), filter_(busyHost), components_(std::make_shared<ComSession>(nullptr)) {}
+ComAutomation::ComAutomation(HostCaller& hostCaller)
+    : hostCaller_(hostCaller), filter_(hostCaller), components_(std::make_shared<ServerLink>(nullptr)) {}
 
 ObjectPtr ComAutomation::running(std::wstring_view name) {
     const CLSID id = classNamed(name);
     ComPtr<IDispatch> dispatch;
-    throwIfFailed(busyHost_.call([&] { return activeInstance(id, dispatch); }));
+    throwIfFailed(hostCaller_.call([&] { return activeInstance(id, dispatch); }));
     return application(dispatch);
 }
 
@@ -55,7 +55,7 @@ ObjectPtr ComAutomation::create(std::wstring_view name) {
     const HRESULT result = makeInstance(id, CLSCTX_INPROC_SERVER, dispatch);
     if (SUCCEEDED(result)) return components_->fromDispatch(dispatch.Get());
     if (result != REGDB_E_CLASSNOTREG) throwIfFailed(result);
-    throwIfFailed(busyHost_.call([&] { return makeInstance(id, CLSCTX_LOCAL_SERVER, dispatch); }));
+    throwIfFailed(hostCaller_.call([&] { return makeInstance(id, CLSCTX_LOCAL_SERVER, dispatch); }));
     return application(dispatch);
 }
 
@@ -65,7 +65,7 @@ ObjectPtr ComAutomation::application(const ComPtr<IDispatch>& dispatch) {
     if (auto known = application_.lock(); known && isSameObject(known->dispatch().Get(), dispatch.Get())) {
         return known;
     }
-    const auto made = std::make_shared<ComObject>(std::make_shared<ComSession>(&busyHost_), dispatch);
+    const auto made = std::make_shared<ComObject>(std::make_shared<ServerLink>(&hostCaller_), dispatch);
     application_ = made;
     return made;
 }

@@ -13,19 +13,18 @@ namespace blattwart {
 class ComAutomation : public Automation {
   public:
     /// Registers the message filter of the thread. Throws RuntimeError.
-    explicit ComAutomation(BusyHost& busyHost);
+    explicit ComAutomation(HostCaller& hostCaller);
 
     ObjectPtr running(std::wstring_view name) override;
     /// Components that load into this process are never busy; programs are started and may take a while.
     ObjectPtr create(std::wstring_view name) override;
-    bool callPending() const override { return busyHost_.callPending(); }
 
   private:
     ObjectPtr application(const ComPtr<IDispatch>& dispatch);
 
-    BusyHost& busyHost_;
+    HostCaller& hostCaller_;
     MessageFilterRegistration filter_;
-    std::shared_ptr<ComSession> components_;
+    std::shared_ptr<ServerLink> components_;
     std::weak_ptr<ComObject> application_;
 };
 

@@ -2,13 +2,27 @@
 
 #include <oleauto.h>
 
+#include "platform/Automation.h"
 #include "win32/base/SystemError.h"
 #include "win32/com/ComValue.h"
 
 namespace blattwart {
 
+namespace {
+
+RuntimeError failureOf(HRESULT result) {
+    const RuntimeError error(result, systemText(result));
+    if (isAnswerLost(error))
+        return {result,
+                L"AutoCAD hat nicht mehr geantwortet. Es ist nicht bekannt, ob der Befehl ausgeführt wurde."};
+    if (isRefused(error)) return {result, L"AutoCAD hat den Befehl nicht angenommen."};
+    return error;
+}
+
+}  // namespace
+
 void throwFailure(HRESULT result) {
-    throw RuntimeError(result, systemText(result));
+    throw failureOf(result);
 }
 
 void throwIfFailed(HRESULT result) {
@@ -16,7 +30,7 @@ void throwIfFailed(HRESULT result) {
 }
 
 RuntimeError ExceptionInfo::toError(HRESULT result) {
-    if (result != DISP_E_EXCEPTION) return RuntimeError(result, systemText(result));
+    if (result != DISP_E_EXCEPTION) return failureOf(result);
     if (info_.pfnDeferredFillIn) info_.pfnDeferredFillIn(&info_);
     HRESULT code = result;
     if (info_.scode) {
@@ -24,7 +38,7 @@ RuntimeError ExceptionInfo::toError(HRESULT result) {
     } else if (info_.wCode) {
         code = info_.wCode;
     }
-    const std::wstring description = textOf(info_.bstrDescription);
+    const std::wstring description = bstrText(info_.bstrDescription);
     return RuntimeError(code, description.empty() ? systemText(code) : description);
 }
 

@@ -8,7 +8,7 @@
 
 namespace blattwart {
 
-/// Throws the failure with the system's text.
+/// Throws the failure with the system's text; calls refused and answers lost have words of their own.
 [[noreturn]] void throwFailure(HRESULT result);
 /// Throws the failure of a COM function with the system's text; passes over success.
 void throwIfFailed(HRESULT result);

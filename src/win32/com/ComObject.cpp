@@ -7,8 +7,12 @@ namespace blattwart {
 
 namespace {
 
+using Enumerating = ServerLink::Enumerating;
+
 /// Elements asked for in one message: more than a drawing has layouts, so that one message brings all.
 constexpr ULONG elementsAtOnce = 512;
+/// So many are believed without comparing them with the collection's count.
+constexpr std::size_t plausibleElements = 10000;
 
 /// Room for elements that frees what they hold.
 class VariantBuffer {
@@ -37,33 +41,36 @@ bool hasNoEnumerator(HRESULT result) {
 
 Value ComObject::get(const Member& member) {
     DISPPARAMS none{};
-    const Variant result = invoke(session_->memberId(*dispatch_.Get(), member), DISPATCH_PROPERTYGET, none);
-    return fromVariant(result.get(), *session_);
+    const Variant result = invoke(member, DISPATCH_PROPERTYGET, none);
+    return fromVariant(result.get(), *link_);
 }
 
 void ComObject::put(const Member& member, const Value& value) {
-    const DISPID id = session_->memberId(*dispatch_.Get(), member);
-    Variant content = toVariant(value, *session_);
+    Variant content = toVariant(value, *link_);
     DISPID target = DISPID_PROPERTYPUT;
     DISPPARAMS parameters{&content.get(), &target, 1, 1};
-    invoke(id, DISPATCH_PROPERTYPUT, parameters);
+    invoke(member, DISPATCH_PROPERTYPUT, parameters);
 }
 
 Value ComObject::call(const Member& member, std::span<const Argument> arguments) {
-    return invokeWith(session_->memberId(*dispatch_.Get(), member), arguments);
+    ComArguments passed(arguments, *link_);
+    // Properties with arguments are read like methods are called; the object knows what it has.
+    const Variant result = invoke(member, DISPATCH_METHOD | DISPATCH_PROPERTYGET, passed.parameters());
+    passed.assignChanged(*link_);
+    return fromVariant(result.get(), *link_);
 }
 
-std::vector<ObjectPtr> ComObject::enumerate() {
-    std::vector<ObjectPtr> elements;
+Variant ComObject::invoke(const Member& member, WORD flags, DISPPARAMS& parameters) {
+    const DISPID id = link_->memberId(*dispatch_.Get(), member);
     try {
-        const ComPtr<IEnumVARIANT> enumerator = newEnumerator();
-        while (nextElements(*enumerator.Get(), elements)) {
-        }
+        return invoke(id, flags, parameters);
     } catch (const RuntimeError& error) {
-        if (!hasNoEnumerator(error.number())) throw;
-        return itemByItem();
+        if (error.number() != hresult::memberNotFound) throw;
+        // An object may know the member by another id than its class.
+        const DISPID own = link_->lookUp(*dispatch_.Get(), member.name);
+        if (own == id) throw;
+        return invoke(own, flags, parameters);
     }
-    return elements;
 }
 
 Variant ComObject::invoke(DISPID id, WORD flags, DISPPARAMS& parameters) {
@@ -71,7 +78,7 @@ Variant ComObject::invoke(DISPID id, WORD flags, DISPPARAMS& parameters) {
     ExceptionInfo exception;
     // A property that is put has no answer; some objects refuse to be asked for one.
     const bool answers = flags != DISPATCH_PROPERTYPUT;
-    const HRESULT result = session_->call([&] {
+    const HRESULT result = link_->call([&] {
         return dispatch_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters,
                                  answers ? answer.put() : nullptr, exception.put(), nullptr);
     });
@@ -79,12 +86,40 @@ Variant ComObject::invoke(DISPID id, WORD flags, DISPPARAMS& parameters) {
     return answer;
 }
 
-Value ComObject::invokeWith(DISPID id, std::span<const Argument> arguments) {
-    ComArguments passed(arguments, *session_);
-    // Properties with arguments are read like methods are called; the object knows what it has.
-    const Variant result = invoke(id, DISPATCH_METHOD | DISPATCH_PROPERTYGET, passed.parameters());
-    passed.assignChanged(*session_);
-    return fromVariant(result.get(), *session_);
+std::vector<ObjectPtr> ComObject::enumerate(std::wstring_view className, const GoOn& goOn) {
+    bool offered = link_->enumerating(className) != Enumerating::byItem;
+    if (offered) {
+        try {
+            return elementByElement(className, goOn);
+        } catch (const RuntimeError& error) {
+            if (isGone(error) || isNotAnswering(error)) throw;
+            offered = !hasNoEnumerator(error.number());
+        }
+    }
+    std::vector<ObjectPtr> elements = itemByItem(className, goOn);
+    if (!offered) link_->learn(className, Enumerating::byItem);
+    return elements;
+}
+
+std::vector<ObjectPtr> ComObject::elementByElement(std::wstring_view className, const GoOn& goOn) {
+    const ComPtr<IEnumVARIANT> enumerator = newEnumerator();
+    std::vector<ObjectPtr> elements;
+    std::size_t most = plausibleElements;
+    bool more = true;
+    // Fewer than asked for is not the end as long as the enumerator does not say so. One that gives a single
+    // element does not mean by saying so what it should, unless it is known to give several.
+    for (bool alone = false; more;) {
+        const bool single = alone || link_->enumerating(className) == Enumerating::single;
+        const Handed handed = next(*enumerator.Get(), single ? 1 : elementsAtOnce, elements);
+        if (handed.count > 1) link_->learn(className, Enumerating::several);
+        if (alone && handed.count > 0) link_->learn(className, Enumerating::single);
+        const bool ends = handed.saidEnd && link_->enumerating(className) == Enumerating::several;
+        alone = handed.saidEnd;
+        if (elements.size() > most) most = plausibleCount(className);
+        if (elements.size() > most) throwFailure(E_UNEXPECTED);
+        more = handed.count > 0 && !ends && goOn();
+    }
+    return elements;
 }
 
 ComPtr<IEnumVARIANT> ComObject::newEnumerator() {
@@ -94,49 +129,52 @@ ComPtr<IEnumVARIANT> ComObject::newEnumerator() {
     IUnknown* unknown = type == VT_UNKNOWN || type == VT_DISPATCH ? V_UNKNOWN(&result.get()) : nullptr;
     if (!unknown) throwFailure(E_NOINTERFACE);
     ComPtr<IEnumVARIANT> enumerator;
-    throwIfFailed(session_->call([&] {
+    throwIfFailed(link_->call([&] {
         return unknown->QueryInterface(IID_IEnumVARIANT,
                                        reinterpret_cast<void**>(enumerator.ReleaseAndGetAddressOf()));
     }));
     return enumerator;
 }
 
-/// Appends the next elements; false when these were the last.
-bool ComObject::nextElements(IEnumVARIANT& enumerator, std::vector<ObjectPtr>& elements) {
-    VariantBuffer buffer(elementsAtOnce);
+/// Appends the next elements.
+ComObject::Handed ComObject::next(IEnumVARIANT& enumerator, ULONG wanted, std::vector<ObjectPtr>& elements) {
+    VariantBuffer buffer(wanted);
     ULONG fetched = 0;
-    const HRESULT result = session_->call([&] {
+    const HRESULT result = link_->call([&] {
         buffer.clear();
-        return enumerator.Next(elementsAtOnce, buffer.data(), &fetched);
+        fetched = 0;
+        return enumerator.Next(wanted, buffer.data(), &fetched);
     });
     throwIfFailed(result);
-    for (const VARIANT& variant : buffer.first(fetched)) elements.push_back(element(variant));
-    // Fewer than asked for is not the end as long as the enumerator does not say so.
-    return result == S_OK && fetched > 0;
+    const ULONG count = std::min(fetched, wanted);
+    for (const VARIANT& variant : buffer.first(count)) elements.push_back(element(variant));
+    return {count, result != S_OK};
 }
 
-std::vector<ObjectPtr> ComObject::itemByItem() {
+/// An enumerator that hands out more begins anew without end.
+std::size_t ComObject::plausibleCount(std::wstring_view className) {
+    return 2 * static_cast<std::size_t>(count(className)) + 16;
+}
+
+std::int32_t ComObject::count(std::wstring_view className) {
     DISPPARAMS none{};
-    Variant count =
-        invoke(session_->lookUp(*dispatch_.Get(), L"Count"), DISPATCH_METHOD | DISPATCH_PROPERTYGET, none);
+    Variant count = invoke(Member{className, L"Count"}, DISPATCH_METHOD | DISPATCH_PROPERTYGET, none);
     throwIfFailed(VariantChangeType(&count.get(), &count.get(), 0, VT_I4));
-    const DISPID item = session_->lookUp(*dispatch_.Get(), L"Item");
+    return V_I4(&count.get());
+}
+
+std::vector<ObjectPtr> ComObject::itemByItem(std::wstring_view className, const GoOn& goOn) {
+    const std::int32_t all = count(className);
     std::vector<ObjectPtr> elements;
-    for (std::int32_t i = 0; i < V_I4(&count.get()); ++i) {
+    for (std::int32_t i = 0; i < all && goOn(); ++i) {
         const Argument index{Value(i)};
-        const Value value = invokeWith(item, std::span(&index, 1));
-        const auto* object = value.as<ObjectPtr>();
-        if (!object) throwFailure(DISP_E_TYPEMISMATCH);
-        elements.push_back(*object);
+        elements.push_back(toObject(call({className, L"Item"}, std::span(&index, 1))));
     }
     return elements;
 }
 
 ObjectPtr ComObject::element(const VARIANT& variant) {
-    const Value value = fromVariant(variant, *session_);
-    const auto* object = value.as<ObjectPtr>();
-    if (!object || !*object) throwFailure(DISP_E_TYPEMISMATCH);
-    return *object;
+    return toObject(fromVariant(variant, *link_));
 }
 
 }  // namespace blattwart

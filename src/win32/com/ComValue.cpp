@@ -178,7 +178,7 @@ Value fromPlain(const VARIANT& variant, ObjectBorder& objects) {
         case VT_DATE:
             return Date{V_DATE(&variant)};
         case VT_BSTR:
-            return textOf(V_BSTR(&variant));
+            return bstrText(V_BSTR(&variant));
         case VT_DISPATCH:
             return V_DISPATCH(&variant) ? objects.fromDispatch(V_DISPATCH(&variant)) : ObjectPtr();
         case VT_UNKNOWN:
@@ -213,7 +213,7 @@ Bstr::Bstr(std::wstring_view text) : text_(SysAllocStringLen(text.data(), static
     if (!text_) throw std::bad_alloc();
 }
 
-std::wstring textOf(BSTR text) {
+std::wstring bstrText(BSTR text) {
     return text ? std::wstring(text, SysStringLen(text)) : std::wstring();
 }
 

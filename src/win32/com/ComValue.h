@@ -62,7 +62,7 @@ class Bstr {
 };
 
 /// The text in a BSTR; none is "".
-std::wstring textOf(BSTR text);
+std::wstring bstrText(BSTR text);
 
 /// How objects in values cross the border. Both directions may throw RuntimeError.
 class ObjectBorder {

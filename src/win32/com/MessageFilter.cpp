@@ -11,32 +11,43 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
+/// Whether a window of the thread that carries out the call does not react; false where the system does not
+/// tell the thread.
+bool isHung(HTASK callee) {
+    const auto thread = static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(callee));
+    const auto reacts = [](HWND window, LPARAM) -> BOOL {
+        return !IsWindowVisible(window) || !IsHungAppWindow(window);
+    };
+    return thread != 0 && !EnumThreadWindows(thread, reacts, 0);
+}
+
 class MessageFilter : public ComBase<IMessageFilter> {
   public:
-    explicit MessageFilter(BusyHost& busyHost) : busyHost_(busyHost) {}
+    explicit MessageFilter(HostCaller& hostCaller) : hostCaller_(hostCaller) {}
 
     DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) override {
         return SERVERCALL_ISHANDLED;
     }
     DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK, DWORD, DWORD) override { return static_cast<DWORD>(-1); }
-    DWORD STDMETHODCALLTYPE MessagePending(HTASK, DWORD milliseconds, DWORD) override {
-        const bool waits = busyHost_.goOnWaiting(std::chrono::milliseconds(milliseconds));
+    DWORD STDMETHODCALLTYPE MessagePending(HTASK callee, DWORD milliseconds, DWORD) override {
+        const HostState state = isHung(callee) ? HostState::hangs : HostState::works;
+        const bool waits = hostCaller_.goOnWaiting(std::chrono::milliseconds(milliseconds), state);
         return static_cast<DWORD>(waits ? PENDINGMSG_WAITDEFPROCESS : PENDINGMSG_CANCELCALL);
     }
 
   private:
-    BusyHost& busyHost_;
+    HostCaller& hostCaller_;
 };
 
 }  // namespace
 
-ComPtr<IMessageFilter> makeMessageFilter(BusyHost& busyHost) {
-    return makeCom<MessageFilter>(busyHost);
+ComPtr<IMessageFilter> makeMessageFilter(HostCaller& hostCaller) {
+    return makeCom<MessageFilter>(hostCaller);
 }
 
-MessageFilterRegistration::MessageFilterRegistration(BusyHost& busyHost) {
+MessageFilterRegistration::MessageFilterRegistration(HostCaller& hostCaller) {
     const HRESULT result =
-        CoRegisterMessageFilter(makeMessageFilter(busyHost).Get(), previous_.GetAddressOf());
+        CoRegisterMessageFilter(makeMessageFilter(hostCaller).Get(), previous_.GetAddressOf());
     if (FAILED(result)) throw RuntimeError(result, L"Der Nachrichtenfilter lässt sich nicht anmelden.");
 }
 

@@ -7,15 +7,17 @@ namespace blattwart {
 
 namespace {
 
+constexpr const wchar_t* messageBoxClass = L"#32770";
+
 struct Wanted {
     const std::wstring& caption;
     HWND window = nullptr;
 };
 
-bool isMessageBox(HWND window) {
+bool isOfClass(HWND window, std::wstring_view wanted) {
     std::array<wchar_t, 16> className{};
     GetClassNameW(window, className.data(), static_cast<int>(className.size()));
-    return std::wstring_view(className.data()) == L"#32770";
+    return className.data() == wanted;
 }
 
 bool hasCaption(HWND window, const std::wstring& caption) {
@@ -27,9 +29,11 @@ bool hasCaption(HWND window, const std::wstring& caption) {
 BOOL CALLBACK compare(HWND window, LPARAM parameter) {
     auto& wanted = *reinterpret_cast<Wanted*>(parameter);
     // An invisible one belongs to a program that is still starting: it must not be shown half made.
-    if (!IsWindowVisible(window) || !hasCaption(window, wanted.caption) || isMessageBox(window)) return TRUE;
-    wanted.window = window;
-    return FALSE;
+    if (!IsWindowVisible(window) || !hasCaption(window, wanted.caption)) return TRUE;
+    if (isOfClass(window, messageBoxClass)) return TRUE;
+    const bool ours = isOfClass(window, mainWindowClass);
+    if (ours || !wanted.window) wanted.window = window;
+    return ours ? FALSE : TRUE;
 }
 
 }  // namespace

@@ -14,6 +14,9 @@ inline WindowHandle windowHandle(HWND window) {
     return HandleToLong(window);
 }
 
+/// The main window's class. Other windows can have its caption, a folder's in Explorer for one.
+inline constexpr const wchar_t* mainWindowClass = L"BlattwartMain";
+
 class Win32Desktop : public Desktop {
   public:
     WindowHandle findWindow(const std::wstring& caption) override;

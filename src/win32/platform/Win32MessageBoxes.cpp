@@ -19,7 +19,8 @@ static_assert(static_cast<int>(MessageAnswer::no) == IDNO && static_cast<int>(Me
 
 MessageAnswer Win32MessageBoxes::show(const std::wstring& text, const std::wstring& caption,
                                       MessageButtons buttons, MessageIcon icon) {
-    const UINT style = static_cast<UINT>(buttons) | static_cast<UINT>(icon);
+    // AutoCAD may have come to the front in between: a question behind it would never be answered.
+    const UINT style = static_cast<UINT>(buttons) | static_cast<UINT>(icon) | MB_SETFOREGROUND;
     return static_cast<MessageAnswer>(MessageBoxW(ownWindow(), text.c_str(), caption.c_str(), style));
 }
 

@@ -4,6 +4,7 @@
 
 #include <sddl.h>
 #include <shellapi.h>
+#include <shlwapi.h>
 
 #include <vector>
 
@@ -47,13 +48,22 @@ CommandLine split(const std::wstring& text) {
     return {text.substr(0, blank), text.substr(blank + 1)};
 }
 
-/// A program without a folder is taken from the Windows folder if it is there, never from the working folder.
+/// A program without a full path is one of the Windows folder, never of the working folder.
 std::wstring withWindowsFolder(const std::wstring& program) {
-    if (program.find(L'\\') != std::wstring::npos) return program;
+    if (!PathIsRelativeW(program.c_str())) return program;
     std::wstring folder(MAX_PATH, L'\0');
     folder.resize(GetWindowsDirectoryW(folder.data(), MAX_PATH));
-    const std::wstring path = folder + L"\\" + program;
-    return Win32Files().exists(path) ? path : program;
+    return folder + L"\\" + program;
+}
+
+/// Arguments that name a folder or file as a whole are one argument: without quotation marks a program would
+/// take them apart at a blank, Explorer at a comma too.
+std::wstring quoted(std::wstring arguments) {
+    const bool apart = arguments.find_first_of(L" ,;=") != std::wstring::npos;
+    if (!apart || GetFileAttributesW(arguments.c_str()) == INVALID_FILE_ATTRIBUTES) return arguments;
+    // A backslash before the closing mark would make it part of the name.
+    while (arguments.ends_with(L'\\')) arguments.pop_back();
+    return L'"' + arguments + L'"';
 }
 
 }  // namespace
@@ -70,11 +80,12 @@ bool Win32Process::previousInstance() {
 void Win32Process::start(const std::wstring& commandLine) {
     const CommandLine parts = split(commandLine);
     const std::wstring program = withWindowsFolder(parts.program);
+    const std::wstring arguments = quoted(parts.arguments);
     SHELLEXECUTEINFOW execution{};
     execution.cbSize = sizeof execution;
     execution.fMask = SEE_MASK_FLAG_NO_UI | SEE_MASK_NOASYNC;
     execution.lpFile = program.c_str();
-    execution.lpParameters = parts.arguments.c_str();
+    execution.lpParameters = arguments.c_str();
     execution.nShow = SW_SHOWNORMAL;
     if (!ShellExecuteExW(&execution)) throwSystemError();
 }

@@ -22,9 +22,12 @@ bool takeEscape(bool throwOthersAway) {
 
 }  // namespace
 
-void Win32ReadingWatch::begin() {
+void Win32ReadingWatch::begin(std::wstring_view what) {
+    text_ = std::wstring(what) + L" … (Esc bricht ab)";
     begunAt_ = GetTickCount64();
     shown_ = false;
+    reading_ = true;
+    escaped_ = false;
 }
 
 bool Win32ReadingWatch::goOn() {
@@ -33,15 +36,22 @@ bool Win32ReadingWatch::goOn() {
         if (!shown_) cursorBefore_ = before;
         shown_ = true;
         // Each time anew: a call that had to wait takes its own text away when it is done.
-        showWork_(L"AutoCAD wird gelesen … (Esc bricht ab)");
+        showWork_(text_);
     }
-    return !takeEscape(shown_);
+    return !escaped_ && !takeEscape(shown_);
 }
 
 void Win32ReadingWatch::end() {
+    reading_ = false;
     if (!shown_) return;
     SetCursor(cursorBefore_);
     showWork_({});
+}
+
+bool Win32ReadingWatch::takeInput(const MSG& message) {
+    const bool escape = reading_ && message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE;
+    if (escape) escaped_ = true;
+    return escape;
 }
 
 }  // namespace blattwart

@@ -17,15 +17,21 @@ class Win32ReadingWatch : public ReadingWatch {
     explicit Win32ReadingWatch(std::function<void(const std::wstring&)> showWork)
         : showWork_(std::move(showWork)) {}
 
-    void begin() override;
+    void begin(std::wstring_view what) override;
     bool goOn() override;
     void end() override;
 
+    /// Esc during a reading, which a waiting call would throw away; true when it was that.
+    bool takeInput(const MSG& message);
+
   private:
     std::function<void(const std::wstring&)> showWork_;
+    std::wstring text_;
     std::uint64_t begunAt_ = 0;
     HCURSOR cursorBefore_ = nullptr;
     bool shown_ = false;
+    bool reading_ = false;
+    bool escaped_ = false;
 };
 
 }  // namespace blattwart

@@ -44,4 +44,12 @@ std::int32_t Win32Registry::closeKey(RegistryKey key) {
     return RegCloseKey(nativeKey(key));
 }
 
+std::wstring Win32Registry::expanded(const std::wstring& text) {
+    std::wstring result(ExpandEnvironmentStringsW(text.c_str(), nullptr, 0), L'\0');
+    const auto size = static_cast<DWORD>(result.size());
+    const DWORD length = ExpandEnvironmentStringsW(text.c_str(), result.data(), size);
+    result.resize(length > 0 && length <= size ? length - 1 : 0);
+    return result;
+}
+
 }  // namespace blattwart

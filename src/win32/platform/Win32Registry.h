@@ -13,6 +13,7 @@ class Win32Registry : public Registry {
     std::int32_t setValue(RegistryKey key, const std::string& name, std::uint32_t type,
                           std::span<const char> data) override;
     std::int32_t closeKey(RegistryKey key) override;
+    std::wstring expanded(const std::wstring& text) override;
 };
 
 }  // namespace blattwart

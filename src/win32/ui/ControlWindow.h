@@ -34,6 +34,12 @@ class ControlWindow {
     Control& control_;
 };
 
+/// A model's text for a control that asks for it: handed over as it is, since the control's own buffer would
+/// cut it.
+inline wchar_t* uncopied(const std::wstring& text) {
+    return const_cast<wchar_t*>(text.c_str());
+}
+
 /// Sets the window's text if it is another.
 void setWindowText(HWND window, const std::wstring& text);
 

@@ -15,6 +15,8 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
+/// Our own, and with DoDragDrop only: SHCreateDataObject, whose object SHDoDragDrop needs for its picture
+/// under the mouse, does not exist on every system that the program runs on.
 class DragData : public ComBase<IDataObject> {
   public:
     DragData(CLIPFORMAT format, std::string bytes)

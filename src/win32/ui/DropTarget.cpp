@@ -1,11 +1,9 @@
 #include "win32/ui/DropTarget.h"
 
 #include <ole2.h>
+#include <shellapi.h>
 #include <wrl/client.h>
 
-#include <span>
-
-#include "platform/DroppedFiles.h"
 #include "win32/com/ComBase.h"
 #include "win32/platform/Win32Locale.h"
 
@@ -39,26 +37,32 @@ bool offers(IDataObject& data, CLIPFORMAT format) {
     return data.QueryGetData(&wanted) == S_OK;
 }
 
-std::span<const char> lockedBytes(HGLOBAL memory) {
-    const auto* bytes = static_cast<const char*>(memory ? GlobalLock(memory) : nullptr);
-    return bytes ? std::span(bytes, GlobalSize(memory)) : std::span<const char>();
-}
-
 std::vector<std::wstring> filesIn(HGLOBAL memory) {
-    std::vector<std::wstring> files = droppedFiles(lockedBytes(memory), Win32Locale());
-    GlobalUnlock(memory);
+    const auto list = static_cast<HDROP>(memory);
+    const UINT count = list ? DragQueryFileW(list, 0xFFFFFFFF, nullptr, 0) : 0;
+    std::vector<std::wstring> files(count);
+    for (UINT index = 0; index < count; ++index) {
+        std::wstring& file = files[index];
+        file.resize(DragQueryFileW(list, index, nullptr, 0) + std::size_t{1});
+        file.resize(DragQueryFileW(list, index, file.data(), static_cast<UINT>(file.size())));
+    }
     return files;
 }
 
+/// Up to the text's NUL, or to the end of the memory where it has none.
 std::wstring textIn(HGLOBAL memory) {
-    std::wstring text = droppedText(lockedBytes(memory), Win32Locale());
+    const auto* bytes = static_cast<const char*>(memory ? GlobalLock(memory) : nullptr);
+    if (!bytes) return {};
+    const std::string_view all(bytes, GlobalSize(memory));
+    std::wstring text = Win32Locale().fromAnsi(all.substr(0, all.find('\0')));
     GlobalUnlock(memory);
     return text;
 }
 
 class DropTarget : public ComBase<IDropTarget> {
   public:
-    DropTarget(Guard& guard, DropHandlers handlers) : guard_(guard), handlers_(std::move(handlers)) {}
+    DropTarget(HWND window, Guard& guard, DropHandlers handlers)
+        : window_(window), guard_(guard), handlers_(std::move(handlers)) {}
 
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD keys, POINTL place, DWORD* effect) override {
         usable_ = offers(*data, CF_HDROP) || offers(*data, CF_TEXT);
@@ -85,6 +89,9 @@ class DropTarget : public ComBase<IDropTarget> {
 
   private:
     void take(IDataObject& data) {
+        // Whoever drops goes on working here: without this, what the program asks would lie behind the
+        // source.
+        SetForegroundWindow(GetAncestor(window_, GA_ROOT));
         if (offers(data, CF_HDROP)) {
             handlers_.files(filesIn(Medium(data, CF_HDROP).memory()));
         } else {
@@ -92,6 +99,7 @@ class DropTarget : public ComBase<IDropTarget> {
         }
     }
 
+    HWND window_;
     Guard& guard_;
     DropHandlers handlers_;
     bool usable_ = false;
@@ -100,7 +108,7 @@ class DropTarget : public ComBase<IDropTarget> {
 }  // namespace
 
 DropRegistration::DropRegistration(HWND window, Guard& guard, DropHandlers handlers) : window_(window) {
-    const ComPtr<IDropTarget> target = makeCom<DropTarget>(guard, std::move(handlers));
+    const ComPtr<IDropTarget> target = makeCom<DropTarget>(window, guard, std::move(handlers));
     RegisterDragDrop(window_, target.Get());
 }
 

@@ -3,20 +3,23 @@
 namespace blattwart {
 
 void EventGate::run(const std::function<void()>& work) {
-    ++depth_;
     guard_.guarded(work);
-    --depth_;
     if (afterEvent) afterEvent();
-    if (depth_ == 0 && !posted_.empty()) wake();
+    if (!posted_.empty()) wake();
 }
 
 void EventGate::runCommand(const std::function<void()>& work) {
     if (!busy()) run(work);
 }
 
+void EventGate::hold(const std::function<void()>& work) {
+    const Gate::Event event(gate_);
+    work();
+}
+
 void EventGate::post(std::function<void()> work) {
     posted_.push_back(std::move(work));
-    if (!busy()) wake();
+    wake();
 }
 
 void EventGate::runPosted() {

@@ -5,19 +5,20 @@
 #include <deque>
 #include <functional>
 
-#include "platform/Automation.h"
+#include "platform/Gate.h"
 #include "win32/ui/Guard.h"
 
 namespace blattwart {
 
-/// The way from Windows' messages into the program. Notifications of controls are answered between messages,
-/// one after the other, and never while a call to another program is waiting for its answer.
+/// The way from a window's messages into the program. Notifications of controls are answered between
+/// messages, one after the other, when the program's gate lets them in.
 class EventGate {
   public:
     /// Posted to the window whenever `runPosted` is to be called.
     static constexpr UINT message = WM_APP;
 
-    EventGate(Guard& guard, const Automation& automation) : guard_(guard), automation_(automation) {}
+    /// `outer` is the depth of events at which the window was opened: 0 but for dialogs.
+    EventGate(Guard& guard, Gate& gate, int outer = 0) : guard_(guard), gate_(gate), outer_(outer) {}
     EventGate(const EventGate&) = delete;
     EventGate& operator=(const EventGate&) = delete;
 
@@ -29,13 +30,16 @@ class EventGate {
     void run(const std::function<void()>& work);
     /// Runs the work now, or not at all while an event is being worked on or a call is pending.
     void runCommand(const std::function<void()>& work);
+    /// Runs the work as an event of its own, which keeps others waiting; for what lets messages through and
+    /// is no event of the main form.
+    void hold(const std::function<void()>& work);
     /// Runs the work after the current event, in the order of posting.
     void post(std::function<void()> work);
     void runPosted();
     void clear() { posted_.clear(); }
 
-    bool callPending() const { return automation_.callPending(); }
-    bool busy() const { return depth_ > 0 || callPending(); }
+    bool callPending() const { return gate_.callPending(); }
+    bool busy() const { return gate_.busy(outer_); }
 
     /// Told after each event, when all that it changed is known.
     std::function<void()> afterEvent;
@@ -44,10 +48,10 @@ class EventGate {
     void wake() const;
 
     Guard& guard_;
-    const Automation& automation_;
+    Gate& gate_;
+    int outer_;
     HWND window_ = nullptr;
     std::deque<std::function<void()>> posted_;
-    int depth_ = 0;
 };
 
 }  // namespace blattwart

@@ -5,6 +5,7 @@
 #include "win32/base/SystemError.h"
 #include "win32/ui/ControlWindow.h"
 #include "win32/ui/DialogTemplate.h"
+#include "win32/ui/Pictures.h"
 
 namespace blattwart {
 
@@ -14,7 +15,7 @@ Control& controlOf(const BoundControl& bound) {
     return *std::visit([](auto* model) -> Control* { return model; }, bound.model);
 }
 
-std::wstring textOf(HWND window) {
+std::wstring windowText(HWND window) {
     std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
     const int length = GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
     text.resize(static_cast<std::size_t>(length));
@@ -43,9 +44,8 @@ void centreOverOwner(HWND window) {
 
 }  // namespace
 
-FormDialog::FormDialog(Dialog& form, std::vector<BoundControl> controls, Guard& guard,
-                       const Automation& automation)
-    : form_(form), controls_(std::move(controls)), gate_(guard, automation) {
+FormDialog::FormDialog(Dialog& form, std::vector<BoundControl> controls, Guard& guard, Gate& gate)
+    : form_(form), controls_(std::move(controls)), gate_(guard, gate, gate.depth()) {
     form_.setWindow(this);
 }
 
@@ -90,7 +90,7 @@ INT_PTR FormDialog::handleMessage(UINT message, WPARAM wParam, LPARAM) {
             command(LOWORD(wParam), HIWORD(wParam));
             return TRUE;
         case WM_HELP:
-            gate_.runCommand([this] { form_.showHelp(); });
+            answer([this] { form_.showHelp(); });
             return TRUE;
         case EventGate::message:
             gate_.runPosted();
@@ -102,6 +102,9 @@ INT_PTR FormDialog::handleMessage(UINT message, WPARAM wParam, LPARAM) {
 
 INT_PTR FormDialog::begin() {
     gate_.setWindow(window_);
+    for (const auto& [kind, size] : {std::pair{ICON_SMALL, SM_CXSMICON}, std::pair{ICON_BIG, SM_CXICON}})
+        SendMessageW(window_, WM_SETICON, static_cast<WPARAM>(kind),
+                     reinterpret_cast<LPARAM>(programIcon(size)));
     centreOverOwner(window_);
     showModels();
     for (const BoundControl& bound : controls_) controlOf(bound).changed = [this] { showModels(); };
@@ -129,17 +132,21 @@ void FormDialog::command(int id, int notification) {
     if (!button || notification != BN_CLICKED) return;
     // What starts something looks at the fields itself, and what cancels does not need them.
     leftField_ = nullptr;
-    gate_.runCommand([button] { (*button)->userClicks(); });
+    answer([button] { (*button)->userClicks(); });
 }
 
 void FormDialog::fieldCommand(TextBox& field, int id, int notification) {
     if (notification == EN_CHANGE) {
-        gate_.run([&] { field.setText(textOf(item(id))); });
+        gate_.run([&] { field.setText(windowText(item(id))); });
     } else if (notification == EN_KILLFOCUS && field.events.validate && !gate_.busy()) {
         // Only when the focus has arrived is it known where the user went.
         leftField_ = &field;
-        gate_.post([this] { validateLeftField(); });
+        gate_.post([this] { gate_.hold([this] { validateLeftField(); }); });
     }
+}
+
+void FormDialog::answer(const std::function<void()>& work) {
+    gate_.runCommand([&] { gate_.hold(work); });
 }
 
 void FormDialog::validateLeftField() {

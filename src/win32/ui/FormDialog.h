@@ -21,7 +21,7 @@ struct BoundControl {
 /// to the cancel button or to another window.
 class FormDialog : public DialogWindow {
   public:
-    FormDialog(Dialog& form, std::vector<BoundControl> controls, Guard& guard, const Automation& automation);
+    FormDialog(Dialog& form, std::vector<BoundControl> controls, Guard& guard, Gate& gate);
     FormDialog(const FormDialog&) = delete;
     FormDialog& operator=(const FormDialog&) = delete;
     ~FormDialog() override;
@@ -38,6 +38,7 @@ class FormDialog : public DialogWindow {
     INT_PTR begin();
     void command(int id, int notification);
     void fieldCommand(TextBox& field, int id, int notification);
+    void answer(const std::function<void()>& work);
     void validateLeftField();
     void showModels();
     HWND item(int id) const { return GetDlgItem(window_, id); }

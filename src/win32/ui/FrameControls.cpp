@@ -1,5 +1,8 @@
 #include "win32/ui/FrameControls.h"
 
+#include <cstddef>
+#include <cstring>
+
 #include "win32/ui/Dpi.h"
 
 namespace blattwart {
@@ -11,6 +14,7 @@ constexpr int titlePadding = 8;       // pixels at 96 dpi, above and below the t
 constexpr float splitterWidth = 150;  // twips
 constexpr float titleInset = 60;      // twips
 constexpr UINT_PTR borderSubclass = 2;
+constexpr UINT_PTR titleSubclass = 3;
 
 /// The borders of tree and list belong to the splitter: the gap between them alone is hard to hit.
 LRESULT CALLBACK borderProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
@@ -18,6 +22,21 @@ LRESULT CALLBACK borderProcedure(HWND window, UINT message, WPARAM wParam, LPARA
     const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) RemoveWindowSubclass(window, borderProcedure, borderSubclass);
     return message == WM_NCHITTEST && result == HTBORDER ? HTTRANSPARENT : result;
+}
+
+/// A title that ends in dots is drawn anew in another width; the system would keep what it shows and add the
+/// rest.
+LRESULT CALLBACK titleProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                DWORD_PTR) {
+    if (message == WM_SIZE) InvalidateRect(window, nullptr, TRUE);
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, titleProcedure, titleSubclass);
+    return DefSubclassProc(window, message, wParam, lParam);
+}
+
+LOGFONTW descriptionOf(HFONT font) {
+    LOGFONTW description{};
+    GetObjectW(font, sizeof description, &description);
+    return description;
 }
 
 }  // namespace
@@ -36,6 +55,8 @@ FrameControls::FrameControls(HWND frame, frmMain& form, EventGate& gate)
     for (Control* model : models()) model->changed = [this] { changed_ = true; };
     for (const HWND pane : {tree_.handle(), list_.handle()})
         SetWindowSubclass(pane, borderProcedure, borderSubclass, 0);
+    for (const HWND title : {treeTitle_.handle(), listTitle_.handle()})
+        SetWindowSubclass(title, titleProcedure, titleSubclass, 0);
 }
 
 FrameControls::~FrameControls() {
@@ -69,6 +90,25 @@ void FrameControls::setDpi(int dpi) {
     pictures_ = std::move(pictures);
 }
 
+bool FrameControls::hasUsersFont() const {
+    const LOGFONTW shown = descriptionOf(font_.get());
+    const LOGFONTW wanted = descriptionOf(messageFont(dpi_).get());
+    return std::memcmp(&shown, &wanted, offsetof(LOGFONTW, lfFaceName)) == 0 &&
+           lstrcmpW(shown.lfFaceName, wanted.lfFaceName) == 0;
+}
+
+RECT FrameControls::splitterGap() const {
+    const auto placeOf = [this](HWND pane) {
+        RECT place{};
+        GetWindowRect(pane, &place);
+        MapWindowPoints(nullptr, frame_, reinterpret_cast<POINT*>(&place), 2);
+        return place;
+    };
+    const RECT tree = placeOf(tree_.handle());
+    const int border = GetSystemMetrics(SM_CXEDGE);
+    return {tree.right - border, tree.top, placeOf(list_.handle()).left + border, tree.bottom};
+}
+
 void FrameControls::layOut() {
     if (!changed_) return;
     alignToFrame();
@@ -89,7 +129,7 @@ void FrameControls::alignToFrame() {
     form_.sbStatusBar.setTop(toTwips(client.bottom, dpi_) - form_.sbStatusBar.height());
 }
 
-void FrameControls::place() const {
+void FrameControls::place() {
     const Inset strip{titleInset, form_.picTitles.top()};
     HDWP moves = BeginDeferWindowPos(7);
     splitterBar_.place(moves, dpi_);
@@ -100,6 +140,7 @@ void FrameControls::place() const {
     toolBar_.place(moves, dpi_);
     statusBar_.place(moves, dpi_);
     EndDeferWindowPos(moves);
+    toolBar_.fit();
 }
 
 std::optional<LRESULT> FrameControls::notify(NMHDR& header) {

@@ -29,12 +29,16 @@ class FrameControls {
 
     /// Fonts and pictures for the DPI; sets the heights that follow from them in the models.
     void setDpi(int dpi);
+    /// Whether the font of setDpi is still the one that the user has chosen.
+    bool hasUsersFont() const;
     /// Brings all windows in line with the models if one has changed, in one move.
     void layOut();
     /// The frame has another size.
     void frameChanged() { changed_ = true; }
     /// The answer to a control's notification; nothing when it is none of ours.
     std::optional<LRESULT> notify(NMHDR& header);
+    /// Where the splitter is taken hold of, in the frame: between the contents of tree and list.
+    RECT splitterGap() const;
     bool isTree(HWND window) const { return window == tree_.handle(); }
     bool isList(HWND window) const { return window == list_.handle(); }
     TreeWindow& tree() { return tree_; }
@@ -46,7 +50,7 @@ class FrameControls {
   private:
     std::array<Control*, 9> models();
     void alignToFrame();
-    void place() const;
+    void place();
 
     HWND frame_;
     frmMain& form_;

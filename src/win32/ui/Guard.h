@@ -6,26 +6,23 @@
 #include <type_traits>
 #include <utility>
 
-#include "win32/com/BusyHost.h"
-
 namespace blattwart {
 
 /// The border between the system and the program: every callback from the system (window and dialog
-/// procedures, timers, drop target, message filter) is entered through it, and no exception leaves through
-/// it.
+/// procedures, timers, drop target) is entered through it, and no exception leaves through it. The message
+/// filter alone is not: what it calls must not throw.
 class Guard {
   public:
     /// Shows the user a German text about an error that nobody else handled. Must not throw.
     using Report = std::function<void(const std::wstring& text)>;
 
-    Guard(BusyHost& busyHost, Report report) : busyHost_(busyHost), report_(std::move(report)) {}
+    explicit Guard(Report report) : report_(std::move(report)) {}
     Guard(const Guard&) = delete;
     Guard& operator=(const Guard&) = delete;
 
     /// The result of the body, or the fallback when the body fails; then the user is told once.
     template <class Body, class Result>
     Result guarded(Body&& body, Result fallback) noexcept {
-        const BusyHost::EventScope event(busyHost_);
         try {
             return static_cast<Result>(std::forward<Body>(body)());
         } catch (...) {
@@ -49,7 +46,6 @@ class Guard {
     void reportFailure(const std::exception_ptr& failure) noexcept;
     bool isRepeated(const std::wstring& text) const;
 
-    BusyHost& busyHost_;
     Report report_;
     bool reporting_ = false;
     std::wstring lastText_;

@@ -105,15 +105,18 @@ void ListHeader::showSorting() {
     }
 }
 
-void ListHeader::notify(const NMHEADERW& change) {
-    if (change.hdr.hwndFrom != ListView_GetHeader(list_) || showing_ || !change.pitem) return;
+void ListHeader::notify(const NMHDR& header) {
+    const bool told = header.code == HDN_ITEMCHANGEDW || header.code == HDN_ENDDRAG;
+    if (!told || header.hwndFrom != ListView_GetHeader(list_) || showing_) return;
+    // Only now it is known that more than the header was handed over.
+    const auto& change = reinterpret_cast<const NMHEADERW&>(header);
+    if (!change.pitem) return;
     const int column = change.iItem + 1;
-    if (change.hdr.code == HDN_ITEMCHANGEDW && (change.pitem->mask & HDI_WIDTH) != 0) {
+    if (header.code == HDN_ITEMCHANGEDW && (change.pitem->mask & HDI_WIDTH) != 0) {
         model_.userResizesColumn(column, toTwips(change.pitem->cxy, dpi_));
     }
     // The header takes the new order over after this notification.
-    if (change.hdr.code == HDN_ENDDRAG && (change.pitem->mask & HDI_ORDER) != 0 &&
-        change.pitem->iOrder >= 0) {
+    if (header.code == HDN_ENDDRAG && (change.pitem->mask & HDI_ORDER) != 0 && change.pitem->iOrder >= 0) {
         gate_.post(
             [this, column, position = change.pitem->iOrder] { model_.userMovesColumn(column, position); });
     }
@@ -125,7 +128,7 @@ LRESULT ListHeader::listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM
     auto& self = *reinterpret_cast<ListHeader*>(header);
     const LRESULT result = DefSubclassProc(list, message, wParam, lParam);
     if (message == WM_NOTIFY) {
-        self.gate_.guard().guarded([&] { self.notify(*reinterpret_cast<const NMHEADERW*>(lParam)); });
+        self.gate_.guard().guarded([&] { self.notify(*reinterpret_cast<const NMHDR*>(lParam)); });
     }
     return result;
 }

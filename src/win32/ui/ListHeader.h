@@ -31,7 +31,7 @@ class ListHeader {
     void showWidths();
     void showOrder();
     int columnCount() const;
-    void notify(const NMHEADERW& change);
+    void notify(const NMHDR& header);
 
     HWND list_;
     ListView& model_;

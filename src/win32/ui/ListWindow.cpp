@@ -200,9 +200,7 @@ void ListWindow::fill(LVITEMW& wanted) const {
     if (wanted.iItem < 0 || wanted.iItem >= list_.count()) return;
     const ListItem& item = list_.row(wanted.iItem);
     if ((wanted.mask & LVIF_IMAGE) != 0) wanted.iImage = item.icon();
-    if ((wanted.mask & LVIF_TEXT) != 0 && wanted.cchTextMax > 0) {
-        lstrcpynW(wanted.pszText, item.column(wanted.iSubItem + 1).c_str(), wanted.cchTextMax);
-    }
+    if ((wanted.mask & LVIF_TEXT) != 0) wanted.pszText = uncopied(item.column(wanted.iSubItem + 1));
 }
 
 LRESULT ListWindow::draw(NMLVCUSTOMDRAW& draw) const {

@@ -3,35 +3,28 @@
 #include <windowsx.h>
 
 #include "platform/Platform.h"
-#include "res/IconIds.h"
 #include "win32/base/SystemError.h"
 #include "win32/platform/Win32Desktop.h"
 #include "win32/ui/Dpi.h"
+#include "win32/ui/Pictures.h"
 
 namespace blattwart {
 
 namespace {
 
-constexpr const wchar_t* className = L"BlattwartMain";
 constexpr int firstMenuCommand = 0x2000;
 constexpr UINT_PTR timerId = 1;
-constexpr std::int32_t busyShownAfter = 1000;  // milliseconds
 
 void registerWindowClass(WNDPROC procedure) {
-    const HINSTANCE instance = GetModuleHandleW(nullptr);
-    const auto icon = [&](int size) {
-        return static_cast<HICON>(
-            LoadImageW(instance, MAKEINTRESOURCEW(IDI_BLATTWART), IMAGE_ICON, size, size, LR_SHARED));
-    };
     WNDCLASSEXW description{};
     description.cbSize = sizeof description;
     description.lpfnWndProc = procedure;
-    description.hInstance = instance;
-    description.hIcon = icon(GetSystemMetrics(SM_CXICON));
-    description.hIconSm = icon(GetSystemMetrics(SM_CXSMICON));
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.hIcon = programIcon(SM_CXICON);
+    description.hIconSm = programIcon(SM_CXSMICON);
     description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     description.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
-    description.lpszClassName = className;
+    description.lpszClassName = mainWindowClass;
     if (!RegisterClassExW(&description) && GetLastError() != ERROR_CLASS_ALREADY_EXISTS) throwSystemError();
 }
 
@@ -56,8 +49,8 @@ bool isInMenuOrMove() {
 
 }  // namespace
 
-MainWindow::MainWindow(frmMain& form, Guard& guard, const Automation& automation)
-    : form_(form), gate_(guard, automation), menu_(form.menuBar, firstMenuCommand, Menu(CreateMenu())) {
+MainWindow::MainWindow(frmMain& form, Guard& guard, Gate& gate)
+    : form_(form), gate_(guard, gate), menu_(form.menuBar, firstMenuCommand, Menu(CreateMenu())) {
     registerWindowClass(procedure);
     if (!create()) throwSystemError();
     gate_.setWindow(window_);
@@ -71,7 +64,7 @@ MainWindow::MainWindow(frmMain& form, Guard& guard, const Automation& automation
 
 /// The window's procedure learns its handle from its first message.
 bool MainWindow::create() {
-    return CreateWindowExW(0, className, applicationTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+    return CreateWindowExW(0, mainWindowClass, applicationTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                            CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr,
                            menu_.handle(), GetModuleHandleW(nullptr), this) != nullptr;
 }
@@ -134,10 +127,6 @@ void MainWindow::popUpMenu(MenuItem& menu) {
     if (chosen && chosen->click) gate_.post(chosen->click);
 }
 
-void MainWindow::showBusy(std::int32_t milliseconds) {
-    showWork(milliseconds < busyShownAfter ? L"" : L"AutoCAD ist beschäftigt");
-}
-
 void MainWindow::showWork(const std::wstring& text) {
     if (controls_) controls_->statusBar().showBusy(text);
 }
@@ -173,10 +162,14 @@ std::optional<LRESULT> MainWindow::handleFrame(UINT message, WPARAM wParam, LPAR
             painted();
             return 0;
         case WM_ACTIVATE:
-            activated(LOWORD(wParam) != WA_INACTIVE, reinterpret_cast<HWND>(lParam));
+            if (LOWORD(wParam) == WA_INACTIVE) {
+                deactivated();
+            } else {
+                activated(reinterpret_cast<HWND>(lParam));
+            }
             return 0;
         case WM_SETFOCUS:
-            SetFocus(focus_);
+            focusPane();
             return 0;
         case WM_TIMER:
             ticked();
@@ -240,6 +233,9 @@ std::optional<LRESULT> MainWindow::handleSettings(UINT message, WPARAM wParam, L
         case dpiChanged: {
             const RECT& suggested = *reinterpret_cast<const RECT*>(lParam);
             setDpi(HIWORD(wParam));
+            // Still hidden, the window is on its way to the place that was saved, whose size is right
+            // already.
+            if (!IsWindowVisible(window_)) return 0;
             SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                          suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
             return 0;
@@ -250,7 +246,8 @@ std::optional<LRESULT> MainWindow::handleSettings(UINT message, WPARAM wParam, L
             for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
                 SendMessageW(child, message, wParam, lParam);
             }
-            if (message == WM_SETTINGCHANGE) setDpi(dpi_);
+            // Programs send this for all sorts of settings; what is shown depends on the font only.
+            if (!controls_->hasUsersFont()) setDpi(dpi_);
             return 0;
         default:
             return std::nullopt;
@@ -265,6 +262,7 @@ void MainWindow::setDpi(int dpi) {
 
 void MainWindow::resized(WPARAM kind) {
     if (!shown_ || kind == SIZE_MINIMIZED) return;
+    if (GetFocus() == window_) focusPane();
     controls_->frameChanged();
     gate_.run([this] { form_.Form_Resize(); });
 }
@@ -276,14 +274,20 @@ void MainWindow::painted() {
     gate_.run([this] { form_.Form_Paint(); });
 }
 
-void MainWindow::activated(bool active, HWND other) {
-    if (!active) {
-        const HWND focus = GetFocus();
-        if (controls_->isTree(focus) || controls_->isList(focus)) focus_ = focus;
-        return;
-    }
-    SetFocus(focus_);
-    if (shown_ && !isOurs(other)) gate_.post([this] { form_.Form_Activate(); });
+void MainWindow::deactivated() {
+    const HWND focus = GetFocus();
+    if (controls_->isTree(focus) || controls_->isList(focus)) focus_ = focus;
+}
+
+void MainWindow::activated(HWND before) {
+    focusPane();
+    if (shown_ && !isOurs(before)) gate_.post([this] { form_.Form_Activate(); });
+}
+
+/// Gives the keyboard to the pane that had it last. A minimised window keeps it for itself: nobody sees what
+/// keys would do in its panes.
+void MainWindow::focusPane() const {
+    if (!minimised()) SetFocus(focus_);
 }
 
 /// The watchdog's tick, unless something is under way that a refresh would tear away from the user.
@@ -338,8 +342,8 @@ void MainWindow::contextMenu(HWND control, LPARAM position) {
 }
 
 bool MainWindow::isOverSplitter(POINT client) const {
-    const int top = toPixels(form_.imgSplitter.top(), dpi_);
-    return client.y >= top && client.y < top + toPixels(form_.imgSplitter.height(), dpi_);
+    const RECT gap = controls_->splitterGap();
+    return PtInRect(&gap, client) != FALSE;
 }
 
 bool MainWindow::showSplitterCursor() const {

@@ -17,7 +17,7 @@ namespace blattwart {
 class MainWindow : public FormWindow {
   public:
     /// Makes the window, still hidden.
-    MainWindow(frmMain& form, Guard& guard, const Automation& automation);
+    MainWindow(frmMain& form, Guard& guard, Gate& gate);
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
     ~MainWindow() override;
@@ -36,9 +36,7 @@ class MainWindow : public FormWindow {
     HWND window() const { return window_; }
     /// Carries out shortcuts and the keys that move the focus; true when the message is done with.
     bool translate(const MSG& message);
-    /// Shows for how long the host has been busy, in milliseconds; 0 when it no longer is.
-    void showBusy(std::int32_t milliseconds);
-    /// Shows what the program is doing where it otherwise shows that the host is busy; "" when it is done.
+    /// Shows what the program waits for or what it is doing; "" when that is done.
     void showWork(const std::wstring& text);
 
   private:
@@ -51,7 +49,9 @@ class MainWindow : public FormWindow {
 
     void resized(WPARAM kind);
     void painted();
-    void activated(bool active, HWND other);
+    void activated(HWND before);
+    void deactivated();
+    void focusPane() const;
     void ticked();
     void closing();
     void unload();

@@ -41,6 +41,8 @@ bool MainWindow::runShortcut(WPARAM key) {
     const bool ofSelection = key == Shortcut::enter || key == Shortcut::del || key == Shortcut::f2;
     const HWND focus = GetFocus();
     if (ofSelection && !controls_->isTree(focus) && !controls_->isList(focus)) return false;
+    // What is shown there cannot be deleted, and the layout that it belongs to is not meant.
+    if (key == Shortcut::del && controls_->isList(focus) && form_.listShowsDetails()) return true;
     // The menu's command is what Enter does in the tree.
     const bool opensListItem = key == Shortcut::enter && controls_->isList(focus);
     const auto& action = opensListItem ? form_.lvListView.events.doubleClick : item->click;

@@ -69,7 +69,9 @@ void NativeMenu::append(HMENU popup, MenuItem& item) {
     const std::wstring caption = captionOf(item);
     if (item.items().empty()) {
         const auto place = std::find(items_.begin(), items_.end(), &item) - items_.begin();
-        AppendMenuW(popup, MF_STRING | state, static_cast<UINT_PTR>(firstCommand_ + place), caption.c_str());
+        const auto command = static_cast<UINT>(firstCommand_ + place);
+        AppendMenuW(popup, MF_STRING | state, command, caption.c_str());
+        if (item.isDefault()) SetMenuDefaultItem(popup, command, FALSE);
         return;
     }
     const HMENU inner = CreatePopupMenu();

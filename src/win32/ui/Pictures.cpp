@@ -44,4 +44,10 @@ Pictures loadPictures(int dpi) {
             loadStrip(IDB_LIST_LARGE + scale)};
 }
 
+HICON programIcon(int sizeMetric) {
+    const int size = GetSystemMetrics(sizeMetric);
+    return static_cast<HICON>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_BLATTWART),
+                                         IMAGE_ICON, size, size, LR_SHARED));
+}
+
 }  // namespace blattwart

@@ -16,4 +16,8 @@ struct Pictures {
 /// From the program's resources; a list is empty where they are missing.
 Pictures loadPictures(int dpi);
 
+/// The program's icon in the size of one of the system's metrics (SM_CXICON, SM_CXSMICON). It is shared, so
+/// nobody destroys it; null where it is missing.
+HICON programIcon(int sizeMetric);
+
 }  // namespace blattwart

@@ -32,11 +32,14 @@ COLORREF colorOf(SystemColor color) {
     return GetSysColor(color == SystemColor::appWorkspace ? COLOR_GRAYTEXT : COLOR_WINDOWTEXT);
 }
 
-/// Place of a row, or of its label only; nothing while it cannot be seen.
-std::optional<RECT> placeOf(HWND tree, HTREEITEM item, bool labelOnly) {
+enum class RowPart { all = FALSE, label = TRUE };
+
+/// Place of a row or its label; nothing while it cannot be seen.
+std::optional<RECT> placeOf(HWND tree, HTREEITEM item, RowPart part) {
     RECT place{};
     std::memcpy(&place, &item, sizeof(void*));  // the message takes the item where it puts the answer
-    if (!item || !SendMessageW(tree, TVM_GETITEMRECT, labelOnly, reinterpret_cast<LPARAM>(&place)))
+    if (!item ||
+        !SendMessageW(tree, TVM_GETITEMRECT, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(&place)))
         return std::nullopt;
     return place;
 }
@@ -132,7 +135,7 @@ void TreeWindow::nodeChanged(const TreeNode& node) {
     look.stateMask = TVIS_BOLD;
     look.state = node.bold() ? TVIS_BOLD : 0;
     TreeView_SetItem(handle(), &look);
-    if (const auto row = placeOf(handle(), changed, false)) InvalidateRect(handle(), &*row, TRUE);
+    if (const auto row = placeOf(handle(), changed, RowPart::all)) InvalidateRect(handle(), &*row, TRUE);
     showExpansion(node);
 }
 
@@ -213,7 +216,7 @@ POINT TreeWindow::contextMenuAt(POINT screen) {
 
 POINT TreeWindow::contextMenuByKey() const {
     POINT place{0, 0};
-    if (const auto label = placeOf(handle(), TreeView_GetSelection(handle()), true))
+    if (const auto label = placeOf(handle(), TreeView_GetSelection(handle()), RowPart::label))
         place = {label->left, label->bottom};
     ClientToScreen(handle(), &place);
     return place;
@@ -236,8 +239,7 @@ LRESULT TreeWindow::notify(NMHDR& header) {
             if (const TreeNode* hit = nodeUnderPointer()) postClick(*hit);
             return 0;
         case NM_DBLCLK:
-            doubleClicked();
-            return 0;
+            return doubleClicked();
         case TVN_BEGINDRAGW:
             beginDrag(node(reinterpret_cast<NMTREEVIEWW&>(header).itemNew.hItem));
             return 0;
@@ -257,7 +259,7 @@ void TreeWindow::fill(TVITEMW& wanted) const {
     if ((wanted.mask & TVIF_SELECTEDIMAGE) != 0) {
         wanted.iSelectedImage = asked.selectedImage() != 0 ? asked.selectedImage() : asked.image();
     }
-    if ((wanted.mask & TVIF_TEXT) != 0) lstrcpynW(wanted.pszText, asked.text().c_str(), wanted.cchTextMax);
+    if ((wanted.mask & TVIF_TEXT) != 0) wanted.pszText = uncopied(asked.text());
 }
 
 LRESULT TreeWindow::draw(NMTVCUSTOMDRAW& draw) const {
@@ -284,11 +286,15 @@ void TreeWindow::expanded(const NMTREEVIEWW& change) {
     });
 }
 
-void TreeWindow::doubleClicked() {
-    if (!nodeUnderPointer()) return;
+/// Returns whether the control is to leave the node alone: what the user works on stays open. Roots have no
+/// command of their own and can be closed so.
+LRESULT TreeWindow::doubleClicked() {
+    const TreeNode* hit = nodeUnderPointer();
+    if (!hit) return FALSE;
     gate_.post([this] {
         if (tree_.events.doubleClick) tree_.events.doubleClick();
     });
+    return hit->parent() && hit->expanded();
 }
 
 /// What is dragged is selected first; whether it can be dragged is known then.
@@ -297,7 +303,7 @@ void TreeWindow::beginDrag(const TreeNode& dragged) {
         TreeNode* node = tree_.find(key);
         if (!node) return;
         if (node != tree_.selected()) tree_.userClicks(*node);
-        if (tree_.dragAutomatic() && GetKeyState(VK_LBUTTON) < 0) dragText(key);
+        if (tree_.dragAutomatic() && GetKeyState(VK_LBUTTON) < 0) gate_.hold([&] { dragText(key); });
     });
 }
 

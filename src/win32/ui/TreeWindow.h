@@ -56,7 +56,7 @@ class TreeWindow final : public ControlWindow, private TreeViewListener {
     LRESULT draw(NMTVCUSTOMDRAW& draw) const;
     void selected(const NMTREEVIEWW& change);
     void expanded(const NMTREEVIEWW& change);
-    void doubleClicked();
+    LRESULT doubleClicked();
     void beginDrag(const TreeNode& dragged);
 
     DropHandlers dropHandlers();

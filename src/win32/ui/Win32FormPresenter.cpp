@@ -26,12 +26,12 @@ void Win32FormPresenter::showModal(frmKopieren& form) {
     controls.push_back({IDC_QUELLE, &form.txtQuelle});
     controls.push_back({IDC_NEU_L, &form.lblNeuL});
     controls.push_back({IDC_LABEL_ANZAHL, &form.lblAnzahl});
-    FormDialog dialog(form, std::move(controls), guard_, automation_);
+    FormDialog dialog(form, std::move(controls), guard_, gate_);
     show(dialog, IDD_KOPIEREN);
 }
 
 void Win32FormPresenter::showModal(frmUmbenennen& form) {
-    FormDialog dialog(form, layoutControls(form), guard_, automation_);
+    FormDialog dialog(form, layoutControls(form), guard_, gate_);
     show(dialog, IDD_UMBENENNEN);
 }
 
@@ -41,7 +41,7 @@ void Win32FormPresenter::showModal(frmInfo& form) {
                        {IDC_BUILD, &form.lblBuild},
                        {IDC_SYSINFO, &form.cmdSysInfo},
                        {IDCANCEL, &form.cmdOK}},
-                      guard_, automation_);
+                      guard_, gate_);
     show(dialog, IDD_INFO);
 }
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/Automation.h"
+#include "platform/Gate.h"
 #include "shell/FormPresenter.h"
 #include "win32/ui/Guard.h"
 #include "win32/ui/MainWindow.h"
@@ -15,10 +15,10 @@ class FormDialog;
 
 class Win32FormPresenter : public FormPresenter {
   public:
-    Win32FormPresenter(Guard& guard, const Automation& automation) : guard_(guard), automation_(automation) {}
+    Win32FormPresenter(Guard& guard, Gate& gate) : guard_(guard), gate_(gate) {}
 
     FormWindow& createMainWindow(frmMain& form) override {
-        mainWindow_ = std::make_unique<MainWindow>(form, guard_, automation_);
+        mainWindow_ = std::make_unique<MainWindow>(form, guard_, gate_);
         return *mainWindow_;
     }
     void showModal(frmKopieren& form) override;
@@ -35,7 +35,7 @@ class Win32FormPresenter : public FormPresenter {
     void show(FormDialog& dialog, int templateId);
 
     Guard& guard_;
-    const Automation& automation_;
+    Gate& gate_;
     std::unique_ptr<MainWindow> mainWindow_;
     std::vector<DialogWindow*> dialogs_;  // open, the last one on top
 };

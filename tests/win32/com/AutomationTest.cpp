@@ -70,7 +70,7 @@ TEST_F(Automation, ValuesOfEveryTypeArriveAndComeBack) {
 }
 
 TEST_F(Automation, ObjectsGoBackToTheirServer) {
-    const ObjectPtr child = collection(L"Children", 1)->enumerate().at(0);
+    const ObjectPtr child = collection(L"Children", 1)->enumerate(L"Children").at(0);
     application_->put({L"App", L"Kept"}, child);
     const Value kept = application_->get({L"App", L"Kept"});
     EXPECT_EQ((*kept.as<ObjectPtr>())->get({L"Child", L"Name"}), Value(L"Kind 0"));
@@ -78,14 +78,14 @@ TEST_F(Automation, ObjectsGoBackToTheirServer) {
         Value get(const Member&) override { return {}; }
         void put(const Member&, const Value&) override {}
         Value call(const Member&, std::span<const Argument>) override { return {}; }
-        std::vector<ObjectPtr> enumerate() override { return {}; }
+        std::vector<ObjectPtr> enumerate(std::wstring_view, const GoOn&) override { return {}; }
     };
     EXPECT_EQ(errorOf([&] { echo(ObjectPtr(std::make_shared<Foreign>())); }), DISP_E_TYPEMISMATCH);
 }
 
 TEST_F(Automation, TheSameNameMayHaveAnotherIdInAnotherClass) {
     EXPECT_EQ(application_->get({L"App", L"Name"}), Value(L"Prüfling"));
-    const ObjectPtr child = collection(L"Children", 1)->enumerate().at(0);
+    const ObjectPtr child = collection(L"Children", 1)->enumerate(L"Children").at(0);
     EXPECT_EQ(child->get({L"Child", L"Name"}), Value(L"Kind 0"));
 }
 
@@ -124,14 +124,33 @@ TEST_F(Automation, ErrorsBringTheServersCodeAndText) {
     const RuntimeError plain = failure(DISP_E_BADPARAMCOUNT, L"");
     EXPECT_EQ(plain.number(), DISP_E_BADPARAMCOUNT);
     EXPECT_FALSE(plain.description().empty());
-    EXPECT_TRUE(isGone(failure(hresult::disconnected, L"")));
+    struct Kind {
+        std::int32_t number;
+        bool gone, refused, lost, notAnswering;
+    };
+    for (const Kind& k : {Kind{hresult::disconnected, true, false, false, false},
+                          Kind{hresult::callFailedNotExecuted, true, false, false, false},
+                          Kind{hresult::callFailed, true, false, true, false},
+                          Kind{hresult::serverDied, true, false, true, false},
+                          Kind{hresult::callCanceled, false, false, true, true},
+                          Kind{hresult::cannotCallOut, false, true, false, true},
+                          Kind{DISP_E_BADPARAMCOUNT, false, false, false, false}}) {
+        const RuntimeError error = failure(k.number, L"");
+        EXPECT_EQ(error.number(), k.number);
+        EXPECT_EQ(isGone(error), k.gone) << k.number;
+        EXPECT_EQ(isRefused(error), k.refused) << k.number;
+        EXPECT_EQ(isAnswerLost(error), k.lost) << k.number;
+        EXPECT_EQ(isNotAnswering(error), k.notAnswering) << k.number;
+        EXPECT_EQ(error.description().find(L"nicht bekannt, ob") != std::wstring::npos, k.lost) << k.number;
+        EXPECT_EQ(error.description().find(L"nicht angenommen") != std::wstring::npos, k.refused) << k.number;
+    }
 }
 
 TEST_F(Automation, EnumeratesWithFewMessages) {
     for (const std::int32_t count : {0, 3, 600}) {
         const ObjectPtr many = collection(L"Children", count);
         std::vector<ObjectPtr> elements;
-        EXPECT_EQ(sent("nexts", [&] { elements = many->enumerate(); }), count / 512 + 1);
+        EXPECT_EQ(sent("nexts", [&] { elements = many->enumerate(L"Children"); }), count / 512 + 1);
         ASSERT_EQ(elements.size(), static_cast<std::size_t>(count));
         if (count > 0) {
             EXPECT_EQ(elements.back()->get({L"Child", L"Name"}),
@@ -142,8 +161,8 @@ TEST_F(Automation, EnumeratesWithFewMessages) {
 
 TEST_F(Automation, ObjectsAreGivenBackWhenTheApplicationIs) {
     ObjectPtr many = collection(L"Children", 3);
-    EXPECT_EQ(sent("objects", [&] { many->enumerate(); }), 3);
-    EXPECT_EQ(sent("objects", [&] { many->enumerate(); }), 0);
+    EXPECT_EQ(sent("objects", [&] { many->enumerate(L"Children"); }), 3);
+    EXPECT_EQ(sent("objects", [&] { many->enumerate(L"Children"); }), 0);
     const auto leave = [&] {
         many.reset();
         application_.reset();
@@ -151,10 +170,51 @@ TEST_F(Automation, ObjectsAreGivenBackWhenTheApplicationIs) {
     EXPECT_EQ(sent("released", leave), 4);
 }
 
-TEST_F(Automation, EnumeratesByItemWithoutAnEnumerator) {
-    const std::vector<ObjectPtr> elements = collection(L"Plain", 3)->enumerate();
-    ASSERT_EQ(elements.size(), 3U);
-    EXPECT_EQ(elements[2]->get({L"Child", L"Name"}), Value(L"Kind 2"));
+TEST_F(Automation, EnumeratesWhateverTheEnumeratorDoes) {
+    struct Case {
+        const wchar_t *command, *collection, *className;
+        std::int32_t count;
+        int nexts;       ///< messages for elements
+        int nextsLater;  ///< when the class is known
+    };
+    // Before an enumerator has shown that it gives several, one that gives a single element is asked once
+    // more.
+    for (const Case& c : {Case{L"enumerate asked", L"Plain", L"A", 3, 0, 0},
+                          Case{L"enumerate single", L"Children", L"B", 1, 2, 2},
+                          Case{L"enumerate single", L"Children", L"C", 3, 4, 4},
+                          Case{L"enumerate unending", L"Children", L"D", 3, 2, 2},
+                          Case{L"enumerate none", L"Children", L"E", 3, 1, 0},
+                          Case{L"enumerate endless", L"Children", L"F", 600, 33, 33},
+                          Case{L"enumerate asked", L"Children", L"G", 1, 1, 1},
+                          Case{L"enumerate single", L"Children", L"C", 3, 4, 4}}) {
+        ASSERT_TRUE(server_->obey(c.command));
+        const ObjectPtr many = collection(c.collection, c.count);
+        for (const int nexts : {c.nexts, c.nextsLater}) {
+            std::vector<ObjectPtr> elements;
+            EXPECT_EQ(sent("nexts", [&] { elements = many->enumerate(c.className); }), nexts) << c.command;
+            ASSERT_EQ(elements.size(), static_cast<std::size_t>(c.count)) << c.command;
+            for (std::int32_t i = 0; i < c.count; i += 100)
+                EXPECT_EQ(elements[static_cast<std::size_t>(i)]->get({L"Child", L"Name"}),
+                          Value(L"Kind " + std::to_wstring(i)));
+        }
+    }
+}
+
+TEST_F(Automation, AnEnumerationCanBeLeft) {
+    int asked = 0;
+    const auto goOn = [&] { return ++asked < 2; };
+    for (const wchar_t* name : {L"Children", L"Plain"}) {
+        asked = 0;
+        const ObjectPtr many = collection(name, 1500);
+        EXPECT_EQ(many->enumerate(name, goOn).size(), name == std::wstring_view(L"Plain") ? 1U : 1024U);
+    }
+}
+
+TEST_F(Automation, AnObjectThatKnowsAMemberByAnotherIdIsAskedByName) {
+    EXPECT_EQ(collection(L"Children", 1)->enumerate(L"Children").at(0)->get({L"Child", L"Name"}),
+              Value(L"Kind 0"));
+    const Value odd = application_->get({L"App", L"Odd"});
+    EXPECT_EQ((*odd.as<ObjectPtr>())->get({L"Child", L"Name"}), Value(L"Sonderling"));
 }
 
 TEST_F(Automation, ARefusedCallIsCarriedOutOnce) {
@@ -169,35 +229,51 @@ TEST_F(Automation, ARefusedCallIsCarriedOutOnce) {
 TEST_F(Automation, NothingIsCalledInsideAWaitingCall) {
     bool pending = false;
     std::int32_t nested = 0;
-    client_.busyHost.setHandlers({.busyFor = [&](std::int32_t milliseconds) {
+    client_.hostCaller.setHandlers({.waitingFor = [&](HostState, std::int32_t milliseconds) {
         if (milliseconds == 0) return;
-        pending = client_.automation.callPending();
+        pending = client_.gate.callPending();
         nested = errorOf([&] { tick(); });
     }});
     ASSERT_TRUE(server_->obey(L"refuse for 250"));
-    EXPECT_FALSE(client_.automation.callPending());
+    EXPECT_FALSE(client_.gate.callPending());
     tick();
-    EXPECT_FALSE(client_.automation.callPending());
+    EXPECT_FALSE(client_.gate.callPending());
     EXPECT_TRUE(pending);
     EXPECT_EQ(nested, RPC_E_CANTCALLOUT_INEXTERNALCALL);
 }
 
+TEST_F(Automation, AHostAtWorkIsToldApartFromOneThatRefuses) {
+    std::vector<std::int32_t> times;
+    client_.hostCaller.setHandlers({.waitingFor = [&](HostState state, std::int32_t milliseconds) {
+        if (milliseconds == 0) return;
+        EXPECT_EQ(state, HostState::works);
+        times.push_back(milliseconds);
+    }});
+    ASSERT_TRUE(server_->obey(L"hold 1200"));
+    tick();
+    ASSERT_GT(times.size(), 6U) << "several times a second";
+    EXPECT_GT(times.back(), 900);
+}
+
 TEST_F(Automation, GivingUpHoldsForTheEvent) {
     int asked = 0;
-    client_.busyHost.setHandlers({.askGiveUp = [&] { return ++asked == 2; }});
+    client_.hostCaller.setHandlers(
+        {.waitingFor = [](HostState,
+                          std::int32_t) { PostThreadMessageW(GetCurrentThreadId(), WM_KEYDOWN, 0, 0); },
+         .askGiveUp = [&](HostState state) { return state == HostState::refuses && ++asked == 2; }});
     ASSERT_TRUE(server_->obey(L"refuse for -1"));
-    client_.guard.guarded([&] {
+    {
+        const Gate::Event event(client_.gate);
         EXPECT_EQ(errorOf([&] { tick(); }), hresult::callRejected);
         EXPECT_EQ(asked, 2);
-        // An event inside, such as painting, ends nothing.
-        client_.guard.guarded([] {});
+        // An event inside, such as in a dialog, ends nothing.
+        { const Gate::Event inner(client_.gate); }
         EXPECT_EQ(sent("refused", [&] { EXPECT_EQ(errorOf([&] { tick(); }), hresult::callRejected); }), 0);
         EXPECT_EQ(errorOf([&] { client_.automation.running(testServerName); }), hresult::callRejected);
-    });
+    }
     EXPECT_EQ(asked, 2);
     server_->obey(L"normal");
-    client_.guard.guarded([&] { EXPECT_GT(tick(), 0); });
-    EXPECT_TRUE(client_.reports.empty());
+    EXPECT_GT(tick(), 0);
 }
 
 TEST_F(Automation, AVanishedServerIsToldApart) {

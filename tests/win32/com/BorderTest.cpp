@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <set>
 #include <stdexcept>
 
 #include "Client.h"
@@ -58,10 +59,9 @@ TEST(VariantBorder, ArraysOfOtherTypesComeElementByElement) {
 }
 
 TEST(GuardBorder, ErrorsStayInsideAndAreToldOnce) {
-    BusyHost busyHost;
     std::vector<std::wstring> reports;
     Guard* inner = nullptr;
-    Guard guard(busyHost, [&](const std::wstring& text) {
+    Guard guard([&](const std::wstring& text) {
         reports.push_back(text);
         // The message box lets events through, and these fail as well.
         inner->guarded([] { throw RuntimeError(5, L"innen"); });
@@ -75,26 +75,82 @@ TEST(GuardBorder, ErrorsStayInsideAndAreToldOnce) {
     EXPECT_EQ(reports, (std::vector<std::wstring>{L"Fehlschlag", L"Unerwarteter Fehler: größer"}));
 }
 
-TEST(MessageFilter, CancelsACallWithoutAnswerWhenTheUserGivesUp) {
-    BusyHost busyHost;
-    int asked = 0;
-    busyHost.setHandlers({.askGiveUp = [&] { return ++asked == 2; }});
-    Guard guard(busyHost, {});
-    const ComPtr<IMessageFilter> filter = makeMessageFilter(busyHost);
-    const auto pending = [&](DWORD milliseconds) {
-        return filter->MessagePending(nullptr, milliseconds, PENDINGTYPE_TOPLEVEL);
+void post(UINT message) {
+    PostThreadMessageW(GetCurrentThreadId(), message, 0, 0);
+}
+bool inputIsLeft() {
+    MSG message;
+    return PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_NOREMOVE) != FALSE;
+}
+
+TEST(HostCaller, AsksAnImpatientUserWhetherToWaitOn) {
+    Gate gate;
+    HostCaller caller(gate);
+    std::vector<HostState> asked;
+    caller.setHandlers({.askGiveUp = [&](HostState state) {
+        asked.push_back(state);
+        return asked.size() == 2;
+    }});
+    const ComPtr<IMessageFilter> filter = makeMessageFilter(caller);
+    const auto waitsAt = [&](DWORD milliseconds) {
+        return filter->MessagePending(nullptr, milliseconds, PENDINGTYPE_TOPLEVEL) ==
+               PENDINGMSG_WAITDEFPROCESS;
     };
-    guard.guarded([&] {
-        busyHost.call([&] {
-            for (const DWORD time : {9000, 10000, 19000})
-                EXPECT_EQ(pending(time), DWORD{PENDINGMSG_WAITDEFPROCESS}) << time;
-            EXPECT_EQ(asked, 1);
-            EXPECT_EQ(pending(20100), DWORD{PENDINGMSG_CANCELCALL});
+    {
+        const Gate::Event event(gate);
+        caller.call([&] {
+            post(WM_MOUSEMOVE);
+            EXPECT_TRUE(waitsAt(30000));
+            EXPECT_EQ(asked.size(), 0U) << "who does something else meanwhile is not disturbed";
+            post(WM_KEYDOWN);
+            EXPECT_TRUE(waitsAt(400));
+            EXPECT_TRUE(inputIsLeft()) << "typed ahead";
+            EXPECT_TRUE(waitsAt(9000));
+            EXPECT_FALSE(inputIsLeft());
+            EXPECT_TRUE(waitsAt(10000));
+            EXPECT_EQ(asked, std::vector{HostState::works});
+            EXPECT_TRUE(waitsAt(30000));
+            post(WM_LBUTTONDOWN);
+            EXPECT_TRUE(waitsAt(19000));
+            EXPECT_EQ(asked.size(), 1U);
+            EXPECT_FALSE(caller.goOnWaiting(std::chrono::milliseconds(20100), HostState::hangs));
             return RPC_E_CALL_CANCELED;
         });
-        EXPECT_EQ(busyHost.call([] { return S_OK; }), RPC_E_CALL_REJECTED) << "the rest of the event";
-    });
-    EXPECT_EQ(busyHost.call([] { return S_OK; }), S_OK);
+        EXPECT_EQ(asked.back(), HostState::hangs);
+        EXPECT_EQ(caller.call([] { return S_OK; }), RPC_E_CALL_REJECTED) << "the rest of the event";
+    }
+    EXPECT_EQ(caller.call([] { return S_OK; }), S_OK);
+}
+
+TEST(HostCaller, HasItsOwnWordsForEachState) {
+    std::set<std::wstring> texts;
+    for (const HostState state : {HostState::refuses, HostState::works, HostState::hangs}) {
+        EXPECT_EQ(statusText(state, 999), L"");
+        texts.insert({statusText(state, 1000), giveUpQuestion(state)});
+    }
+    EXPECT_EQ(texts.size(), 6U);
+    EXPECT_TRUE(texts.contains(L"AutoCAD ist beschäftigt"));
+}
+
+TEST(HostCaller, InputIsForWindowsThatWorkMeanwhileAndMayEndTheProgram) {
+    Gate gate;
+    HostCaller caller(gate);
+    UINT taken = 0;
+    caller.setHandlers({.takeInput = [&](const MSG& message) {
+        taken = message.message;
+        caller.endProgram();
+        return true;
+    }});
+    EXPECT_THROW(caller.call([] {
+        post(WM_KEYDOWN);
+        return RPC_E_CALL_REJECTED;
+    }),
+                 ProgramEnded);
+    EXPECT_EQ(taken, UINT{WM_KEYDOWN});
+    int made = 0;
+    EXPECT_THROW(caller.call([&] { return ++made, S_OK; }), ProgramEnded);
+    EXPECT_EQ(made, 0);
+    EXPECT_FALSE(gate.callPending());
 }
 
 /// Counts what arrives at a window while a call is being refused.
@@ -112,7 +168,7 @@ LRESULT CALLBACK countArrivals(HWND window, UINT message, WPARAM wParam, LPARAM 
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-TEST(BusyHostBorder, WindowsPaintButTakeNoInputWhileTheHostIsBusy) {
+TEST(HostCaller, WindowsPaintButTakeNoInputWhileTheHostIsBusy) {
     WNDCLASSW description{};
     description.lpfnWndProc = countArrivals;
     description.lpszClassName = L"Arrivals";
@@ -122,9 +178,10 @@ TEST(BusyHostBorder, WindowsPaintButTakeNoInputWhileTheHostIsBusy) {
     Arrived arrived;
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(&arrived));
     SetTimer(window, 1, 10, nullptr);
-    BusyHost busyHost;
+    Gate gate;
+    HostCaller hostCaller(gate);
     int attempts = 0;
-    busyHost.call([&] {
+    hostCaller.call([&] {
         if (attempts == 0) {
             InvalidateRect(window, nullptr, TRUE);
             PostMessageW(window, WM_KEYDOWN, VK_DELETE, 0);

@@ -15,13 +15,15 @@ namespace blattwart {
 
 /// The program's way to other programs, put together as at start-up.
 struct Client {
-    explicit Client(std::chrono::milliseconds askAfter = std::chrono::seconds(10)) : busyHost(askAfter) {}
+    explicit Client(std::chrono::milliseconds askAfter = std::chrono::seconds(10))
+        : hostCaller(gate, askAfter) {}
 
     demo::Apartment apartment;
-    BusyHost busyHost;
+    Gate gate;
+    HostCaller hostCaller;
     std::vector<std::wstring> reports;
-    Guard guard{busyHost, [this](const std::wstring& text) { reports.push_back(text); }};
-    ComAutomation automation{busyHost};
+    Guard guard{[this](const std::wstring& text) { reports.push_back(text); }};
+    ComAutomation automation{hostCaller};
 };
 
 /// A program under test, killed at the end if it still runs.

@@ -3,8 +3,6 @@
 #include <filesystem>
 
 #include "com/Client.h"
-#include "demo/mdb/Database.h"
-#include "demo/mdb/DefinitionTables.h"
 
 namespace blattwart {
 namespace {
@@ -17,7 +15,8 @@ class AdoLibrary : public testing::Test {
         const auto enter =
             reinterpret_cast<HRESULT(STDAPICALLTYPE*)()>(GetProcAddress(library, "DllRegisterServer"));
         EXPECT_EQ(enter(), S_OK);
-        demo::mdb::writeDatabase(file_, demo::mdb::sampleTables());
+        std::filesystem::remove(file_);
+        EXPECT_EQ(runProgram(DATABASE_MAKER, L"/still \"" + file_ + L"\""), 0U);
     }
 
     ObjectPtr connect(const std::wstring& file) {
@@ -44,6 +43,16 @@ class AdoLibrary : public testing::Test {
     const std::wstring file_ = temporaryFile(L"Tarvix.mdb");
 };
 
+TEST_F(AdoLibrary, ReadsWhatTheProgramForItHasMade) {
+    const ObjectPtr connection = connect(file_);
+    connection->call({L"Connection", L"Execute"}, {Value(L"UPDATE Typen SET typ = 'Straße für 5 €'")});
+    const ObjectPtr rows = open(connection, L"select * from Typen");
+    EXPECT_EQ(cell(rows, L"TypenId"), Value(1));
+    EXPECT_EQ(cell(rows, L"typ"), Value(L"Straße für 5 €"));
+    EXPECT_TRUE(cell(rows, L"Verzeichnis").isNull());
+    EXPECT_EQ(cell(rows, L"Info"), Value(L"Zeichnungsvorlagen"));
+}
+
 TEST_F(AdoLibrary, FailsWithTextsOfItsOwn) {
     try {
         connect(L"C:\\fehlt.mdb");
@@ -54,12 +63,10 @@ TEST_F(AdoLibrary, FailsWithTextsOfItsOwn) {
 }
 
 TEST_F(AdoLibrary, IsOpenAlsoWhenTheUserGaveUpTheHost) {
-    client_.busyHost.setHandlers({.askGiveUp = [] { return true; }});
-    client_.guard.guarded([&] {
-        EXPECT_EQ(client_.busyHost.call([] { return RPC_E_CALL_REJECTED; }), RPC_E_CALL_REJECTED);
-        EXPECT_FALSE(cell(open(connect(file_), L"select * from Typen"), L"typ").isNull());
-    });
-    EXPECT_TRUE(client_.reports.empty());
+    const Gate::Event event(client_.gate);
+    client_.gate.giveUp();
+    EXPECT_EQ(client_.hostCaller.call([] { return S_OK; }), RPC_E_CALL_REJECTED);
+    EXPECT_FALSE(cell(open(connect(file_), L"select * from Typen"), L"typ").isNull());
 }
 
 }  // namespace

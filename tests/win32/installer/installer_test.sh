@@ -1,9 +1,9 @@
 #!/bin/bash
 # Installs, starts, upgrades and removes the program under Wine, in a prefix of its own:
 #
-#   installer_test.sh WINE-RUN FOLDER VERSION BLATTWART MKMDB CADHOST ADOSTANDIN
+#   installer_test.sh WINE-RUN FOLDER VERSION BLATTWART DATENBANK-ANLEGEN CADHOST ADOSTANDIN
 set -u
-wine_run=$1 folder=$2 version=$3 program=$4 mkmdb=$5 cadhost=$6 adostandin=$7
+wine_run=$1 folder=$2 version=$3 program=$4 maker=$5 cadhost=$6 adostandin=$7
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 make_msi=$here/../../../installer/make-msi.sh
 icon=$(dirname "$program")/icons/Blattwart.ico
@@ -40,19 +40,18 @@ prepare() {
     "$wine_run" --up "$session" || exit 1
     DISPLAY=$(cat "$session/display")
     export DISPLAY
-    wine "$mkmdb" --start "$(windows_path "$folder/Tarvix.mdb")" || exit 1
     next=${version%.*}.$((${version##*.} + 1))
-    "$make_msi" x64 "$version" "$program" "$help" "$folder/Tarvix.mdb" "$icon" "$folder/this.msi" || exit 1
-    "$make_msi" x64 "$next" "$program" "$help" "$folder/Tarvix.mdb" "$icon" "$folder/next.msi" || exit 1
+    "$make_msi" x64 "$version" "$program" "$maker" "$help" "$icon" "$folder/this.msi" || exit 1
+    "$make_msi" x64 "$next" "$program" "$maker" "$help" "$icon" "$folder/next.msi" || exit 1
     mkdir -p "$drive/Vorlagen" "$drive/windows/Installer"
     touch "$drive/Vorlagen/Grundriß.dwt"
     wine "$cadhost" /register /templates 'C:\Vorlagen'
-    wine regsvr32 /s "$(windows_path "$adostandin")"
 }
 
 check_installed() {
     local to=$1
     check "the program is not there" cmp "$to/Blattwart.exe" "$program"
+    check "the program beside it is not there" cmp "$to/Datenbank anlegen.exe" "$maker"
     check "the help is not there" cmp "$to/Help/Tarvix.chm" "$help"
     check "the library is not there" test -d "$to/Bibliothek/Vorlagen"
     check "the database is not there" test -s "$data/Tarvix.mdb"
@@ -77,9 +76,21 @@ start_installed() {
     wine taskkill /f /im cadhost.exe >/dev/null
 }
 
+# Without a provider the installation is the same, but for the database; it leaves nothing.
+life_without_provider() {
+    local before
+    before=$(files)
+    check "cannot be installed without a provider" msi /i this
+    check "the program is not there without a provider" test -f "$drive/Program Files/Blattwart/Blattwart.exe"
+    refuse "a database is there without a provider" test -e "$data/Tarvix.mdb"
+    check "cannot be removed without a provider" msi /x this
+    check "something stays without a provider" diff <(files) <(echo "$before")
+}
+
 # From the first installation to the last removal, in the folder for programs.
 usual_life() {
     local before
+    wine regsvr32 /s "$(windows_path "$adostandin")"
     before=$(files)
     check "cannot be installed" msi /i this
     check_installed "$drive/Program Files/Blattwart"
@@ -125,6 +136,7 @@ office_life() {
 }
 
 prepare
+life_without_provider
 usual_life
 office_life
 [ "$faults" = 0 ] && echo "Installed, started, upgraded and removed."

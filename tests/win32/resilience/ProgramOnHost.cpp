@@ -7,8 +7,6 @@
 #include <sstream>
 
 #include "demo/host/Disk.h"
-#include "demo/mdb/Database.h"
-#include "demo/mdb/DefinitionTables.h"
 #include "ui/ControlHost.h"
 #include "win32/com/ComError.h"
 
@@ -72,7 +70,9 @@ const std::wstring HostProgram::database = temporaryFile(L"Tarvix.mdb");
 
 HostProgram::HostProgram() {
     registerAdo();
-    demo::mdb::writeDatabase(database, demo::mdb::startTables());
+    fs::remove(database);
+    if (runProgram(DATABASE_MAKER, L"/still \"" + database + L"\"") != 0)
+        throw std::runtime_error("the database cannot be made");
     runProgram(CADHOST, L"/register /silent");
 }
 
@@ -104,12 +104,13 @@ std::wstring HostProgram::told(const std::wstring& command) {
 }
 
 ProgramOnHost::ProgramOnHost(std::chrono::milliseconds askAfter) : client(askAfter) {
-    client.busyHost.setHandlers({.busyFor = [this](std::int32_t milliseconds) { noteBusy(milliseconds); },
-                                 .askGiveUp =
-                                     [this] {
-                                         ++asked;
-                                         return givesUp;
-                                     }});
+    client.hostCaller.setHandlers(
+        {.waitingFor = [this](HostState state, std::int32_t milliseconds) { noteBusy(state, milliseconds); },
+         .askGiveUp =
+             [this](HostState) {
+                 ++asked;
+                 return givesUp;
+             }});
     const std::string file(HostProgram::database.begin(), HostProgram::database.end());
     world.registry.storeText(RegistryRoot::localMachine, "SOFTWARE\\Ormeda\\Tarvix 2.1", "DefDB", file);
 }
@@ -135,10 +136,11 @@ bool ProgramOnHost::start() {
     return true;
 }
 
-void ProgramOnHost::noteBusy(std::int32_t milliseconds) {
+void ProgramOnHost::noteBusy(HostState state, std::int32_t milliseconds) {
     MainWindow* window = presenter.mainWindow();
     if (!window) return;
-    window->showBusy(milliseconds);
+    window->showWork(statusText(state, milliseconds));
+    if (impatient && milliseconds > 0) PostMessageW(window->window(), WM_KEYDOWN, VK_RETURN, 0);
     busy.push_back({milliseconds, busyPanel(), std::exchange(painted_, false)});
     InvalidateRect(window->window(), nullptr, FALSE);
 }

@@ -92,21 +92,22 @@ class ProgramOnHost {
     Client client;
     demo::CallRecorder calls{client.automation};
     TestPlatform world{calls};
-    Win32FormPresenter presenter{client.guard, calls};
+    Win32FormPresenter presenter{client.guard, client.gate};
     std::unique_ptr<basMain> main;
 
     std::vector<BusyMoment> busy;
-    int asked = 0;         ///< how often the user was asked whether to give up
-    bool givesUp = false;  ///< his answer
+    bool impatient = true;  ///< he presses a key whenever the program waits
+    int asked = 0;          ///< how often the user was asked whether to give up
+    bool givesUp = false;   ///< his answer
 
   private:
-    void noteBusy(std::int32_t milliseconds);
+    void noteBusy(HostState state, std::int32_t milliseconds);
     std::wstring busyPanel();
 
     Win32Files files_;
     Platform platform_{calls,          world.registry,    world.settings, files_,
                        world.messages, world.fileDialogs, world.desktop,  world.process,
-                       world.locale,   world.help,        world.readings};
+                       world.locale,   world.help,        world.readings, client.gate};
     bool painted_ = false;
 };
 

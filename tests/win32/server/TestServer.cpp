@@ -43,7 +43,7 @@ class Scripted : public DispatchObject {
         }
         throw RuntimeError(DISP_E_MEMBERNOTFOUND, L"");
     }
-    std::vector<ObjectPtr> enumerate() override {
+    std::vector<ObjectPtr> allElements() override {
         if (!enumerable) throw RuntimeError(DISP_E_MEMBERNOTFOUND, L"");
         return elements;
     }
@@ -61,6 +61,13 @@ std::int32_t numberIn(const Argument& argument) {
 ObjectPtr makeChild(std::int32_t number) {
     auto child = std::make_shared<Scripted>();
     child->members[L"Name"] = {2, [number](Access, Arguments) { return L"Kind " + std::to_wstring(number); }};
+    return child;
+}
+
+/// A child whose Name has yet another id, that of nothing among the other children.
+ObjectPtr makeOddChild() {
+    auto child = std::make_shared<Scripted>();
+    child->members[L"Name"] = {9, [](Access, Arguments) { return L"Sonderling"; }};
     return child;
 }
 
@@ -101,6 +108,7 @@ ObjectPtr makeApplication() {
         7, [](Access, Arguments arguments) { return makeCollection(numberIn(arguments[0]), true); }};
     members[L"Plain"] = {
         8, [](Access, Arguments arguments) { return makeCollection(numberIn(arguments[0]), false); }};
+    members[L"Odd"] = {9, [](Access, Arguments) { return makeOddChild(); }};
     return application;
 }
 

@@ -8,14 +8,14 @@
 #include <optional>
 #include <string>
 
+#include "platform/Automation.h"
 #include "platform/RuntimeError.h"
-#include "win32/com/BusyHost.h"
 #include "win32/ui/EventGate.h"
 #include "win32/ui/Guard.h"
 
 namespace blattwart::test {
 
-/// No other program is there; a call can be made to look pending.
+/// No other program is there.
 class NoAutomation : public Automation {
   public:
     ObjectPtr running(std::wstring_view) override {
@@ -24,9 +24,6 @@ class NoAutomation : public Automation {
     ObjectPtr create(std::wstring_view) override {
         throw RuntimeError(hresult::serverUnavailable, L"nicht da");
     }
-    bool callPending() const override { return pending; }
-
-    bool pending = false;
 };
 
 /// Dispatches messages until none is waiting.
@@ -56,10 +53,9 @@ class ControlHost {
   private:
     static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-    BusyHost busyHost_;
-    Guard guard_{busyHost_, {}};
-    NoAutomation automation_;
-    EventGate gate_{guard_, automation_};
+    Guard guard_{{}};
+    Gate programGate_;
+    EventGate gate_{guard_, programGate_};
     HWND window_;
 };
 

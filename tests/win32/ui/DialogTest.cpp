@@ -83,9 +83,8 @@ class DialogTest : public testing::Test {
     NoAutomation automation;
     TestPlatform world{automation};
     Win32MessageBoxes realBoxes;
-    BusyHost busyHost;
-    Guard guard{busyHost, {}};
-    Win32FormPresenter presenter{guard, automation};
+    Guard guard{{}};
+    Win32FormPresenter presenter{guard, world.gate};
     basMain program{world.platform, presenter};
     HWND dialog = nullptr;
 
@@ -116,6 +115,7 @@ TEST_F(DialogTest, BeginsInTheNewNameAndIsWalkedThroughByTab) {
             press(VK_TAB);
             EXPECT_EQ(focused(), id);
         }
+        EXPECT_TRUE(SendMessageW(dialog, WM_GETICON, ICON_SMALL, 0));
         type(IDC_ANZAHL, L"");
         EXPECT_FALSE(IsWindowEnabled(GetDlgItem(dialog, IDOK)));
         LOGFONTW shown{};

@@ -54,7 +54,7 @@ class ListWindowTest : public testing::Test {
     HWND header() const { return reinterpret_cast<HWND>(SendMessageW(handle(), LVM_GETHEADER, 0, 0)); }
 
     std::wstring cell(int row, int column) const {
-        std::array<wchar_t, 100> text{};
+        std::array<wchar_t, 400> text{};
         LVITEMW item{};
         item.iSubItem = column;
         item.pszText = text.data();

@@ -80,11 +80,22 @@ class MainWindowTest : public testing::Test {
         return result;
     }
 
+    /// The user chooses by an access key in the pop-up menu that will open.
+    static std::thread pressInMenu(wchar_t key) {
+        return std::thread([key] {
+            HWND popup = nullptr;
+            for (int i = 0; i < 300 && !popup; ++i) {
+                Sleep(10);
+                popup = FindWindowW(L"#32768", nullptr);
+            }
+            PostMessageW(popup, WM_CHAR, key, 0);
+        });
+    }
+
     NoAutomation automation;
     TestPlatform world{automation};
-    BusyHost busyHost;
-    Guard guard{busyHost, {}};
-    Win32FormPresenter presenter{guard, automation};
+    Guard guard{{}};
+    Win32FormPresenter presenter{guard, world.gate};
     basMain program{world.platform, presenter};
 };
 
@@ -103,6 +114,79 @@ TEST_F(MainWindowTest, StandsWhereTheSettingsSayAndLaysItsPanesOut) {
     EXPECT_EQ(treePlace.bottom, place(statusBar()).top);
     EXPECT_EQ(place(statusBar()).bottom, client().bottom);
     EXPECT_EQ(textOf(window()), L"Blattwart");
+
+    struct Case {
+        int x;
+        bool taken;
+    };
+    const int right = static_cast<int>(client().right);
+    const int gap = static_cast<int>(treePlace.right);
+    for (const Case& c : {Case{0, false}, Case{gap - 4, false}, Case{gap - 1, true}, Case{gap + 1, true},
+                          Case{gap + 4, true}, Case{gap + 8, false}, Case{right - 1, false}}) {
+        SendMessageW(window(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(c.x, treePlace.top + 20));
+        EXPECT_EQ(GetCapture() == window(), c.taken) << c.x;
+        ReleaseCapture();
+    }
+    // The dots at a title's end must not stay when there is room again.
+    const HWND title = FindWindowExW(window(), nullptr, WC_STATICW, L"Zeichnungen und Vorlagen:");
+    PaintCount titlePaints(title);
+    const auto narrow = [title] { SetWindowPos(title, nullptr, 0, 0, 60, 20, SWP_NOMOVE | SWP_NOZORDER); };
+    EXPECT_EQ(titlePaints.during(narrow), 1);
+}
+
+TEST_F(MainWindowTest, FollowsItsMonitorAndTheUsersFont) {
+    const auto font = [this] { return SendMessageW(tree(), WM_GETFONT, 0, 0); };
+    const auto placeOfWindow = [this] {
+        RECT rectangle{};
+        GetWindowRect(window(), &rectangle);
+        return rectangle;
+    };
+    const LRESULT before = font();
+    SendMessageW(window(), WM_SETTINGCHANGE, 0, reinterpret_cast<LPARAM>(L"Environment"));
+    EXPECT_EQ(font(), before) << "only another font is a reason for making all anew";
+    const RECT saved = placeOfWindow();
+    const RECT suggested{saved.left, saved.top, saved.left + 800, saved.top + 640};
+    const auto changeDpi = [&](int dpi) {
+        SendMessageW(window(), 0x02E0, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&suggested));
+        pump();
+    };
+    ShowWindow(window(), SW_HIDE);
+    changeDpi(144);
+    const RECT hidden = placeOfWindow();
+    EXPECT_TRUE(EqualRect(&hidden, &saved)) << "or it would grow with each start";
+    EXPECT_NE(font(), before);
+    ShowWindow(window(), SW_SHOW);
+    changeDpi(96);
+    const RECT shown = placeOfWindow();
+    EXPECT_TRUE(EqualRect(&shown, &suggested));
+}
+
+TEST_F(MainWindowTest, ButtonsWithoutRoomGoIntoAMenu) {
+    constexpr WPARAM help = FrameControls::firstToolBarCommand + 22;
+    constexpr WPARAM chevron = FrameControls::firstToolBarCommand + 27;
+    const auto hidden = [this](WPARAM button) {
+        return SendMessageW(toolBar(), TB_ISBUTTONHIDDEN, button, 0) != 0;
+    };
+    EXPECT_FALSE(hidden(help));
+    EXPECT_TRUE(hidden(chevron));
+    SetWindowPos(window(), nullptr, 0, 0, 350, 400, SWP_NOMOVE | SWP_NOZORDER);
+    pump();
+    EXPECT_TRUE(hidden(help));
+    EXPECT_FALSE(hidden(chevron));
+    RECT button{};
+    SendMessageW(toolBar(), TB_GETRECT, chevron, reinterpret_cast<LPARAM>(&button));
+    EXPECT_LE(button.right, client().right);
+    form().tbToolBar.setButtonEnabled(22, true);
+    EXPECT_TRUE(hidden(help)) << "another state does not bring it back";
+    std::thread user = pressInMenu(L'h');
+    SendMessageW(window(), WM_COMMAND, chevron, reinterpret_cast<LPARAM>(toolBar()));
+    pump();
+    user.join();
+    EXPECT_EQ(world.help.shown.size(), 1u);
+    SetWindowPos(window(), nullptr, 0, 0, 600, 400, SWP_NOMOVE | SWP_NOZORDER);
+    pump();
+    EXPECT_FALSE(hidden(help));
+    EXPECT_TRUE(hidden(chevron));
 }
 
 TEST_F(MainWindowTest, MenusAndButtonsShowTheViewMode) {
@@ -141,12 +225,34 @@ TEST_F(MainWindowTest, KeysReachCommandsAndPanes) {
     form().item(L"mnuViewRefresh").click = [&] { ++refreshed; };
     EXPECT_TRUE(translated(VK_F5));
     EXPECT_EQ(refreshed, 1);
-    automation.pending = true;
-    EXPECT_TRUE(translated(VK_F5));
-    automation.pending = false;
+    {
+        const Gate::Call call(world.gate);
+        EXPECT_TRUE(translated(VK_F5));
+    }
     EXPECT_EQ(refreshed, 1) << "not while a call is pending";
     form().tvTreeView.startLabelEdit(L"Name");
     EXPECT_FALSE(translated(VK_F5)) << "not while a label is edited";
+    form().tvTreeView.cancelLabelEdit();
+
+    TreeView& nodes = form().tvTreeView;
+    TreeNode& drawing = nodes.add(&nodes.node(L"A"), L"Z1", L"Plan.dwg");
+    nodes.select(nodes.add(&drawing, L"L2", L"Blatt 1"));
+    int deleted = 0;
+    form().item(L"mnuFileDelete").setEnabled(true);
+    form().item(L"mnuFileDelete").click = [&] { ++deleted; };
+    SetFocus(list());
+    EXPECT_TRUE(translated(VK_DELETE));
+    EXPECT_EQ(deleted, 0) << "the list shows details of a layout that is not meant";
+    SetFocus(tree());
+    EXPECT_TRUE(translated(VK_DELETE));
+    EXPECT_EQ(deleted, 1);
+
+    ShowWindow(window(), SW_MINIMIZE);
+    SetFocus(window());
+    EXPECT_NE(GetFocus(), tree()) << "keys would act where nobody sees it";
+    ShowWindow(window(), SW_RESTORE);
+    pump();
+    EXPECT_EQ(GetFocus(), tree());
 }
 
 TEST_F(MainWindowTest, OnlyComingFromAnotherProgramIsActivation) {
@@ -188,14 +294,8 @@ TEST_F(MainWindowTest, AContextMenuRunsItsCommandWhenItIsClosed) {
         main().popUpMenu(menu);
         happened += L"closed;";
     };
-    std::thread user([] {
-        HWND popup = nullptr;
-        for (int i = 0; i < 300 && !popup; ++i) {
-            Sleep(10);
-            popup = FindWindowW(L"#32768", nullptr);
-        }
-        PostMessageW(popup, WM_CHAR, L'z', 0);
-    });
+    menu.items().back()->setDefault(true);
+    std::thread user = pressInMenu(L'z');
     SendMessageW(window(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(tree()), -1);
     pumpFor(300);
     user.join();
@@ -215,9 +315,10 @@ TEST_F(MainWindowTest, TheWatchdogStepsAside) {
     SetCapture(tree());
     EXPECT_FALSE(ticks()) << "in a drag";
     ReleaseCapture();
-    automation.pending = true;
-    EXPECT_FALSE(ticks()) << "in a call";
-    automation.pending = false;
+    {
+        const Gate::Call call(world.gate);
+        EXPECT_FALSE(ticks()) << "in a call";
+    }
     EXPECT_TRUE(ticks());
 }
 

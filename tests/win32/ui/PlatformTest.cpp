@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <fstream>
 #include <thread>
 
 #include "ControlHost.h"
@@ -11,6 +13,7 @@
 #include "win32/platform/Win32Locale.h"
 #include "win32/platform/Win32MessageBoxes.h"
 #include "win32/platform/Win32Process.h"
+#include "win32/platform/Win32ReadingWatch.h"
 #include "win32/platform/Win32Registry.h"
 #include "win32/platform/Win32Settings.h"
 #include "win32/ui/Dpi.h"
@@ -71,6 +74,7 @@ TEST_F(RegistryTest, ReadsAndWritesByteForByte) {
     store("Voll", std::string(255, 'x') + '\0');
     EXPECT_EQ(read("Voll"), Registry::success);
     EXPECT_EQ(size, 256u);
+    EXPECT_EQ(registry.expanded(L"%SystemRoot%\\Größe %%"), L"C:\\windows\\Größe %%");
 }
 
 TEST_F(RegistryTest, FailuresLeaveTheBufferAlone) {
@@ -163,6 +167,55 @@ TEST(Win32ProcessTest, KnowsWhetherItRunsAlready) {
     EXPECT_THROW(first.start(L"C:\\fehlt\\nichts.exe"), RuntimeError);
 }
 
+/// A folder with a script in it that writes down with what it was started; the working folder meanwhile.
+class StartedScript {
+  public:
+    StartedScript() {
+        std::array<wchar_t, MAX_PATH> path{};
+        GetCurrentDirectoryW(MAX_PATH, path.data());
+        before_ = path.data();
+        GetTempPathW(MAX_PATH, path.data());
+        folder_ = std::wstring(path.data()) + L"Start";
+        CreateDirectoryW(folder_.c_str(), nullptr);
+        std::ofstream(std::filesystem::path(script())) << "@echo %*> "
+                                                       << "%~dp0started.txt\r\n";
+        SetCurrentDirectoryW(folder_.c_str());
+    }
+    ~StartedScript() {
+        SetCurrentDirectoryW(before_.c_str());
+        std::filesystem::remove_all(folder_);
+    }
+
+    std::wstring script() const { return folder_ + L"\\probe.bat"; }
+    std::wstring folder(const wchar_t* name) const {
+        CreateDirectoryW((folder_ + L"\\" + name).c_str(), nullptr);
+        return folder_ + L"\\" + name;
+    }
+    /// Its arguments as it got them; "" when it does not start.
+    std::string arguments() const {
+        std::string line;
+        for (int i = 0; i < 100 && line.empty(); ++i) {
+            Sleep(20);
+            std::ifstream file(std::filesystem::path(folder_ + L"\\started.txt"));
+            std::getline(file, line);
+        }
+        return line;
+    }
+
+  private:
+    std::wstring before_;
+    std::wstring folder_;
+};
+
+TEST(Win32ProcessTest, StartsProgramsOfKnownPlacesWithWholePaths) {
+    const StartedScript script;
+    Win32Process process;
+    EXPECT_THROW(process.start(L"probe.bat"), RuntimeError) << "not from the working folder";
+    const std::wstring folder = script.folder(L"Plan, Haus");
+    process.start(script.script() + L" " + folder + L"\\");
+    EXPECT_EQ(script.arguments(), Win32Locale().toAnsi(L'"' + folder + L'"'));
+}
+
 /// Answers a message box from outside, as its user would.
 class MessageBoxUser {
   public:
@@ -212,6 +265,17 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     EXPECT_EQ(user.text(), L"Größe löschen?");
     EXPECT_EQ(user.owner(), host.window());
     EXPECT_EQ(desktop.findWindow(L"Blattwartprobe"), 0) << "exactly this caption";
+    WNDCLASSW own{};
+    own.lpfnWndProc = DefWindowProcW;
+    own.lpszClassName = mainWindowClass;
+    RegisterClassW(&own);
+    const HWND ours = CreateWindowW(mainWindowClass, L"BlattwartProbe", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0,
+                                    0, 200, 100, nullptr, nullptr, nullptr, nullptr);
+    SetForegroundWindow(host.window());
+    pump();
+    EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), windowHandle(ours)) << "before others, wherever it lies";
+    DestroyWindow(ours);
+    EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), windowHandle(host.window()));
     ShowWindow(host.window(), SW_MINIMIZE);
     pumpFor(50);
     desktop.showNormal(windowHandle(host.window()));
@@ -221,6 +285,23 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     EXPECT_EQ(desktop.foreground(), windowHandle(host.window()));
     ShowWindow(host.window(), SW_HIDE);
     EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), 0) << "still hidden";
+}
+
+TEST(ReadingWatch, EscEndsAReadingAlsoWhileACallWaits) {
+    Win32ReadingWatch watch({});
+    const MSG escape{nullptr, WM_KEYDOWN, VK_ESCAPE, 0, 0, {}};
+    const MSG other{nullptr, WM_KEYDOWN, VK_RETURN, 0, 0, {}};
+    EXPECT_FALSE(watch.takeInput(escape));
+    for (const bool taken : {true, false}) {
+        watch.begin(L"");
+        EXPECT_FALSE(watch.takeInput(other));
+        if (taken) {
+            EXPECT_TRUE(watch.takeInput(escape));
+        }
+        EXPECT_EQ(watch.goOn(), !taken);
+        watch.end();
+    }
+    EXPECT_FALSE(watch.takeInput(escape));
 }
 
 }  // namespace

@@ -71,7 +71,7 @@ class TreeWindowTest : public testing::Test {
     }
 
     Shown shown(const std::wstring& key) const {
-        std::array<wchar_t, 100> text{};
+        std::array<wchar_t, 400> text{};
         TVITEMW item{};
         item.mask = TVIF_HANDLE | TVIF_TEXT | TVIF_IMAGE | TVIF_SELECTEDIMAGE | TVIF_STATE;
         item.hItem = itemOf(key);
@@ -117,6 +117,9 @@ TEST_F(TreeWindowTest, ShowsWhatTheModelHolds) {
     tree.add(&drawing, L"L6", L"Neu");
     drawing.setExpanded(false);
     EXPECT_EQ(shown(L"L6").text, L"Neu");
+    const std::wstring longText = std::wstring(258, L'x') + L"\U0001F5FA.dwg";
+    drawing.setText(longText);
+    EXPECT_EQ(shown(L"Z2").text, longText);
     EXPECT_FALSE(shown(L"Z2").expanded);
     tree.select(tree.node(L"L4"));
     EXPECT_TRUE(shown(L"Z2").expanded);
@@ -139,8 +142,11 @@ TEST_F(TreeWindowTest, ClicksAndKeysAreReportedOnceEach) {
     EXPECT_TRUE(tree.node(L"Z2").expanded());
     click(handle(), {290, 390});
     EXPECT_EQ(taken(), L"") << "beside all nodes";
-    click(handle(), labelOf(L"Z3"), WM_LBUTTONDBLCLK, WM_LBUTTONUP);
-    EXPECT_NE(taken().find(L"double;"), std::wstring::npos);
+    for (const auto& [key, staysOpen] : {std::pair{L"Z2", true}, std::pair{L"B", false}}) {
+        click(handle(), labelOf(key), WM_LBUTTONDBLCLK, WM_LBUTTONUP);
+        EXPECT_NE(taken().find(L"double;"), std::wstring::npos);
+        EXPECT_EQ(shown(key).expanded, staysOpen);
+    }
 }
 
 TEST_F(TreeWindowTest, TheContextMenuFirstSelectsWhatIsUnderTheMouse) {
@@ -253,8 +259,12 @@ TEST_F(TreeWindowTest, TakesDroppedFilesAndKeys) {
     EnableWindow(host.window(), TRUE);
     pump();
     EXPECT_EQ(taken(), L"") << "not under a dialog";
+    const ControlHost source;
+    SetForegroundWindow(source.window());
+    pump();
     files.drop(labelOf(L"A"));
     pump();
+    EXPECT_EQ(GetForegroundWindow(), host.window()) << "what is asked about the files must not lie behind";
     EXPECT_EQ(taken(), L"C:\\Größe.dwg;C:\\b.dxf;");
 }
 

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace blattwart {
+
+/// What the program has the host do by typing into a drawing's command line.
+enum class TypedCommand : std::uint8_t {
+    copyLayout,            ///< answers: source, new name
+    setLayout,             ///< answer: the layout that becomes the current one
+    saveLayoutAsTemplate,  ///< answers: layout, full name of the file
+    insertLayouts,         ///< answer: full name of the template file
+    closeDrawing,
+    saveDrawingAs,
+    navigateDesignCenter,  ///< answer: folder or file
+};
+
+/// The text of a command with the answers to its questions, each ended by a carriage return.
+std::wstring commandText(TypedCommand command, std::initializer_list<std::wstring_view> answers);
+
+}  // namespace blattwart
