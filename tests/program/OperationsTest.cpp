@@ -180,6 +180,60 @@ TEST_F(DocumentOperations, TellWhatIsOpenAndWhatFails) {
               told(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal."));
 }
 
+TEST_F(DocumentOperations, AHostThatDoesNotAnswerIsToldOnceAndNothingElseHappens) {
+    struct Case {
+        const wchar_t* node;
+        const wchar_t* listItem;
+        const wchar_t* item;
+    };
+    for (const Case& c :
+         {Case{L"Z1", L"", L"mnuActive"}, Case{L"L2", L"", L"mnuEditOpen"}, Case{L"Z1", L"", L"mnuDrawing"},
+          Case{L"Z1", L"", L"mnuSave"}, Case{L"Z1", L"", L"mnuSaveAS"}, Case{L"Z1", L"", L"mnuFileClose"},
+          Case{L"L5", L"", L"mnuFileDelete"}, Case{L"L5", L"", L"mnuFileRename"},
+          Case{L"L5", L"", L"mnuEditCopy"}}) {
+        restart();
+        click(c.node);
+        const std::wstring before = treeText();
+        world.messages.answer(MessageAnswer::yes);
+        presenter.inKopieren = [this](frmKopieren& dialog) {
+            dialog.cmdStart.userClicks();
+            EXPECT_FALSE(presenter.dialog.closed) << "he may try again";
+        };
+        calls.clear();
+        calls.refuse(RuntimeError(hresult::callRejected, L"Abgelehnt"));
+        choose(c.item);
+        if (tree().editedNode()) endTreeEdit(L"Neu");
+        std::vector<ShownBox> boxes = world.messages.shown;
+        std::erase_if(boxes, [](const ShownBox& box) { return box.buttons == MessageButtons::yesNo; });
+        EXPECT_EQ(boxes, std::vector{told(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.")})
+            << testing::PrintToString(c.item);
+        EXPECT_EQ(calls.count(L"Recordset"), 0U);
+        EXPECT_EQ(treeText(), before);
+        EXPECT_EQ(main->records.DrawingRecords.Count(), 2);
+    }
+}
+
+TEST_F(DocumentOperations, ADocumentThatCannotBeNamedDoesNotHideTheOthers) {
+    click(L"Z3");
+    for (const std::size_t unreadable : {3U, 4U}) {
+        calls.clear();
+        calls.failAt(unreadable, RuntimeError(hresult::unknownName, L"Fehler"));
+        const FoundDocuments found = main->autoCAD.find(L"C:\\Projekte\\Plan.dwg");
+        // The first is another one, the second the one looked for.
+        EXPECT_EQ(found.outcome, unreadable == 3 ? Lookup::found : Lookup::noAnswer);
+    }
+    // Who has gone for good has nothing open.
+    host().close(document(L"Haus.dwg"));
+    EXPECT_EQ(main->autoCAD.find(L"C:\\Projekte\\Haus.dwg").outcome, Lookup::notOpen);
+    click(L"Z1");
+    choose(L"mnuSave");
+    EXPECT_EQ(hint(), L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet.");
+    click(L"Z3");
+    EXPECT_EQ(hint(), L"");
+    demo.end();
+    EXPECT_EQ(main->autoCAD.find(L"C:\\Projekte\\Plan.dwg").outcome, Lookup::notOpen);
+}
+
 TEST_F(DocumentOperations, CloseLeavesTheQuestionToTheHost) {
     click(L"Z1");
     document(L"Haus.dwg")->setModified();
@@ -258,6 +312,9 @@ TEST_F(TemplateOperations, SaveTheLayoutUnderTheTypedName) {
         // The node made from the placeholder is the template's, in this and in later refreshes.
         const std::wstring made = L"D" + std::to_wstring(main->records.LastNumber);
         EXPECT_EQ(tree().selected()->key(), made);
+        EXPECT_FALSE(tree().node(L"Z1").bold());
+        EXPECT_TRUE(tree().node(L"Z3").bold());
+        EXPECT_TRUE(tree().node(L"L4").bold());
         EXPECT_EQ(tree().selected()->text(), c.name + L".dwt");
         EXPECT_EQ(status(), L"C:\\Vorlagen");
         EXPECT_TRUE(form().item(L"mnuTemplateDelete").enabled());
