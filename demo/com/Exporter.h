@@ -66,7 +66,6 @@ class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_
 
   private:
     friend class ExportedObject;
-
     void forget(const blattwart::AutomationObject* object);
 
     std::wstring source_;

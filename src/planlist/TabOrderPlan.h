@@ -32,7 +32,8 @@ struct TabNumbers {
 };
 /// Gives `count` layouts ascending numbers in the wanted order: puts 1 to n, reads them all and, where the
 /// host has shifted or refused some, puts them once more by way of numbers that nobody has. A refused put is
-/// passed over; a host that is gone or does not answer is thrown. Returns whether the layouts then stand in the wanted order.
+/// passed over; a host that is gone or does not answer is thrown. Returns whether the layouts then stand in
+/// the wanted order.
 bool writeTabOrder(std::size_t count, const TabNumbers& numbers);
 
 }  // namespace blattwart

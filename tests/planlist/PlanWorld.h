@@ -11,6 +11,17 @@ namespace blattwart::test {
 
 using Names = std::vector<std::wstring>;
 
+/// There is no main window.
+struct NoMainWindow : NavigatorEvents {
+    void RefreshTree() override {}
+    void ShowNodeStatus() override {}
+    void showSelectedNode() override {}
+    void setDragMode() override {}
+    void VisbibleMnuMenu() override {}
+    void showHint(const std::wstring&) override {}
+    void showNote(const std::wstring&) override {}
+};
+
 /// The plan list on a demonstration host of its own, without its window.
 class PlanWorld {
   public:
@@ -64,7 +75,7 @@ class PlanWorld {
     demo::CallRecorder calls{demo};
     TestPlatform world{calls};
     NavigatorRecords records;
-    NavigatorEvents events;
+    NoMainWindow events;
     basAutoCAD autoCAD{world.platform, records, events};
     PlanList plan{world.locale};
     PlanReader reader{autoCAD, world.platform, plan};

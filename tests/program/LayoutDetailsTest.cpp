@@ -181,12 +181,11 @@ TEST_F(Details, FindsStampNorthArrowAndLegend) {
     // A dynamic block stands there under a name of the host's making.
     demo::Drawing& drawing = plan->drawing();
     demo::Block& made = blatt().block();
-    const demo::Block& definition = drawing.findLayout(L"Anders")->block();
-    definition.begin->set(demo::textGroup(2, L"TX_STEMPEL_A3"));
+    demo::Block& definition = drawing.findLayout(L"Anders")->block();
+    definition.name = L"TX_STEMPEL_A3";
     drawing.registerApplication(L"AcDbBlockRepBTag");
-    drawing.setXData(*made.record,
-                     {{1001, L"AcDbBlockRepBTag"}, {1005, demo::handleText(definition.handle())}});
-    addReference(made.name().c_str(), marked(L"8"));
+    drawing.setXData(made, {{1001, L"AcDbBlockRepBTag"}, {1005, demo::handleText(definition.handle())}});
+    addReference(made.name.c_str(), marked(L"8"));
     show();
     EXPECT_EQ(value(L"IStempel"), L"Stempelfeld A3");
 }
