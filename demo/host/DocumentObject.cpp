@@ -113,7 +113,7 @@ void DocumentObject::putActiveSpace(const Value& value) {
     Drawing& drawing = document().drawing();
     Layout* layout = space == 1 ? &drawing.modelLayout() : drawing.activePaperLayout();
     if (!layout || space < 0 || space > 1) throw failure(hostError::invalidInput);
-    drawing.setCurrentLayout(*layout);
+    document().show(*layout);
 }
 
 Value DocumentObject::activeLayout() {

@@ -9,6 +9,13 @@ namespace demo {
 
 enum class Language { german, english };
 
+/// What the host does with a tab number that is put.
+enum class TabNumbers {
+    shift,   ///< the layout moves to that place and the others make room
+    store,   ///< kept as it is, even where another has it
+    refuse,  ///< kept, unless another has it
+};
+
 /// What one installation of the host is like. The defaults are a German 32-bit host with VBA.
 struct HostOptions {
     /// A 64-bit host: object ids and window handles are 64 bits wide.
@@ -30,6 +37,9 @@ struct HostOptions {
     bool strictXData = false;
     /// At prompts for files a space ends the answer unless it stands in double quotes.
     bool pathsEndAtSpace = false;
+    TabNumbers tabNumbers = TabNumbers::shift;
+    /// A layout's own name in another case counts as taken.
+    bool caseIsTaken = false;
     /// The plot devices that are installed.
     std::vector<std::wstring> plotDevices = {L"DWG To PDF.pc3"};
     /// How long it takes to ask the plot devices.

@@ -102,7 +102,7 @@ void LayoutCommand::set() {
 }
 
 void LayoutCommand::setNamed(const std::wstring& name) {
-    document_.drawing().setCurrentLayout(named(name));
+    document_.show(named(name));
 }
 
 void LayoutCommand::list() {

@@ -57,7 +57,7 @@ Layout& LayoutObject::layout() const {
 void LayoutObject::makeCurrentIn(OpenDocument& target) const {
     checkReachable();
     if (&target != &document()) throw failure(hostError::invalidInput);
-    drawing().setCurrentLayout(layout());
+    document().show(layout());
 }
 
 void LayoutObject::erase() {
@@ -71,7 +71,8 @@ Value LayoutObject::name() {
 void LayoutObject::putName(const Value& value) {
     const std::wstring wanted = textOf(value);
     const Layout* holder = document().findLayout(wanted);
-    if (holder && holder != &layout()) throw failure(hostError::duplicateKey);
+    const bool ownName = holder == &layout() && (!options().caseIsTaken || name() == Value(wanted));
+    if (holder && !ownName) throw failure(hostError::duplicateKey);
     drawing().renameLayout(layout(), wanted);
     document().setModified();
 }
@@ -81,11 +82,11 @@ Value LayoutObject::modelType() {
 }
 
 Value LayoutObject::tabOrder() {
-    return layout().tabOrder();
+    return document().tabNumber(layout());
 }
 
 void LayoutObject::putTabOrder(const Value& value) {
-    drawing().setTabOrder(layout(), static_cast<std::int32_t>(numberOf(value)));
+    document().putTabNumber(layout(), static_cast<std::int32_t>(numberOf(value)));
     document().setModified();
 }
 

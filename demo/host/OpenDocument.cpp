@@ -26,6 +26,7 @@ void OpenDocument::save() {
     if (!host_.disk().exists(folder_)) host_.disk().makeFolder(folder_);
     host_.disk().save(*drawing_, fullName());
     modified_ = false;
+    shownAnew_ = false;
 }
 
 void OpenDocument::saveAs(const std::wstring& path) {
@@ -35,7 +36,36 @@ void OpenDocument::saveAs(const std::wstring& path) {
     folder_ = folderOf(file);
     name_ = fileNameOf(file);
     modified_ = false;
+    shownAnew_ = false;
     readOnly_ = false;
+}
+
+void OpenDocument::show(Layout& layout) {
+    drawing_->setCurrentLayout(layout);
+    shownAnew_ = true;
+}
+
+std::int16_t OpenDocument::changes() const {
+    return static_cast<std::int16_t>((modified_ ? 1 : 0) | (shownAnew_ ? 24 : 0));
+}
+
+std::int32_t OpenDocument::tabNumber(const Layout& layout) const {
+    const auto put = tabNumbers_.find(layout.handle());
+    return put == tabNumbers_.end() ? layout.tabOrder() : put->second;
+}
+
+void OpenDocument::putTabNumber(Layout& layout, std::int32_t number) {
+    const HostOptions& options = host_.options();
+    if (options.tabNumbers == TabNumbers::shift) {
+        drawing_->setTabOrder(layout, number);
+        return;
+    }
+    const auto layouts = drawing_->layouts();
+    const bool taken = std::ranges::any_of(
+        layouts, [&](const Layout* other) { return other != &layout && tabNumber(*other) == number; });
+    if (number < 1 || layout.isModel() || (taken && options.tabNumbers == TabNumbers::refuse))
+        throw hostError::make(hostError::invalidInput, options.language);
+    tabNumbers_[layout.handle()] = number;
 }
 
 std::wstring OpenDocument::layoutName(const Layout& layout) const {

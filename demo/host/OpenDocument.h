@@ -36,6 +36,10 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
 
     bool modified() const { return modified_; }
     void setModified() { modified_ = true; }
+    /// Shows a layout.
+    void show(Layout& layout);
+    /// Bits as the host gives them: 1 objects were changed, 8 and 16 another part of it is shown.
+    std::int16_t changes() const;
     bool readOnly() const { return readOnly_; }
     void setReadOnly() { readOnly_ = true; }
     /// Writes the file; its folder is made when the drawing came without one. A drawing that was never saved
@@ -48,6 +52,9 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     std::wstring layoutName(const Layout& layout) const;
     /// Null when there is none.
     Layout* findLayout(std::wstring_view name) const;
+    /// The layout's number among the tabs, and the putting of another, which the host may refuse.
+    std::int32_t tabNumber(const Layout& layout) const;
+    void putTabNumber(Layout& layout, std::int32_t number);
     /// All layouts in the order of their names, in which collections give them.
     std::vector<Layout*> layoutsByName() const;
 
@@ -65,6 +72,8 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     std::wstring folder_;
     std::wstring name_;
     bool modified_ = false;
+    bool shownAnew_ = false;
+    std::unordered_map<Handle, std::int32_t> tabNumbers_;  // put, where the host keeps them as they come
     bool readOnly_ = false;
     CommandLine commandLine_;
     std::unordered_map<Handle, std::int32_t> numbers_;

@@ -35,14 +35,14 @@ void setTilemode(Host& host, OpenDocument& document, const Value& value) {
     Drawing& drawing = document.drawing();
     Layout* layout = shortOf(host, value, 1) == 1 ? &drawing.modelLayout() : drawing.activePaperLayout();
     if (!layout) fail(host);
-    drawing.setCurrentLayout(*layout);
+    document.show(*layout);
 }
 
 void setCurrentTab(Host& host, OpenDocument& document, const Value& value) {
     const auto* name = value.as<std::wstring>();
     Layout* layout = name ? document.findLayout(*name) : nullptr;
     if (!layout) fail(host);
-    document.drawing().setCurrentLayout(*layout);
+    document.show(*layout);
 }
 
 struct Variable {
@@ -57,7 +57,7 @@ constexpr std::array variables{
              nullptr},
     Variable{L"CTAB", [](Host&, OpenDocument& d) { return Value(d.layoutName(d.drawing().currentLayout())); },
              setCurrentTab},
-    Variable{L"DBMOD", [](Host&, OpenDocument& d) { return Value(shortFlag(d.modified())); }, nullptr},
+    Variable{L"DBMOD", [](Host&, OpenDocument& d) { return Value(d.changes()); }, nullptr},
     Variable{L"DWGNAME", [](Host&, OpenDocument& d) { return Value(d.name()); }, nullptr},
     Variable{L"DWGPREFIX", [](Host&, OpenDocument& d) { return Value(d.folder() + L"\\"); }, nullptr},
     Variable{L"DWGTITLED", [](Host&, OpenDocument& d) { return Value(shortFlag(d.titled())); }, nullptr},

@@ -13,8 +13,16 @@ std::wstring Document::Name() const {
     return getText({document, L"Name"});
 }
 
+std::wstring Document::FullName() const {
+    return getText({document, L"FullName"});
+}
+
+bool Document::ReadOnly() const {
+    return getNumber({document, L"ReadOnly"}) != 0;
+}
+
 DrawingFile Document::file() const {
-    const std::wstring full = getText({document, L"FullName"});
+    const std::wstring full = FullName();
     if (full.empty()) return {getText({document, L"Path"}), Name()};
     const std::size_t end = full.find_last_of(L"\\/");
     if (end == std::wstring::npos) return {{}, full};
@@ -55,6 +63,10 @@ void Document::SetVariable(const std::wstring& name, std::int16_t value) const {
 
 std::int32_t Document::GetVariable(const std::wstring& name) const {
     return static_cast<std::int32_t>(hostNumber(object().call({document, L"GetVariable"}, {Value(name)})));
+}
+
+std::wstring Document::GetTextVariable(const std::wstring& name) const {
+    return hostText(object().call({document, L"GetVariable"}, {Value(name)}));
 }
 
 Entity Document::ObjectIdToObject(std::int32_t id) const {

@@ -18,6 +18,10 @@ class Document : public HostObject {
 
     /// File name with extension; an unsaved drawing has a default name.
     std::wstring Name() const;
+    /// "" for a drawing never saved.
+    std::wstring FullName() const;
+    /// Whether it cannot be saved under its name.
+    bool ReadOnly() const;
     /// From the full name; three round trips for a drawing never saved, which has none.
     DrawingFile file() const;
     host::Layouts Layouts() const;
@@ -30,6 +34,7 @@ class Document : public HostObject {
     void SendCommand(const std::wstring& text) const;
     void SetVariable(const std::wstring& name, std::int16_t value) const;
     std::int32_t GetVariable(const std::wstring& name) const;
+    std::wstring GetTextVariable(const std::wstring& name) const;
     /// The object with this 32-bit id (see Layout::ObjectID); a second round trip when asked first. Throws
     /// element not found for 0, which stands for ids that are wider.
     Entity ObjectIdToObject(std::int32_t id) const;

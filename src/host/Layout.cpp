@@ -31,6 +31,18 @@ host::Block Layout::Block() const {
     return getObject<host::Block>({layout, L"Block"});
 }
 
+std::int32_t Layout::TabOrder() const {
+    return getNumber({layout, L"TabOrder"});
+}
+
+void Layout::putTabOrder(std::int32_t place) const {
+    object().put({layout, L"TabOrder"}, place);
+}
+
+bool Layout::ModelType() const {
+    return getNumber({layout, L"ModelType"}) != 0;
+}
+
 std::wstring Layout::ConfigName() const {
     return getText({layout, L"ConfigName"});
 }

@@ -20,6 +20,11 @@ class Layout : public HostObject {
     /// round trip. Does not throw for what the host does.
     std::int32_t ObjectID() const;
     host::Block Block() const;
+    /// Place among the tabs: 0 for model space, the others from 1.
+    std::int32_t TabOrder() const;
+    void putTabOrder(std::int32_t place) const;
+    /// Whether it is the layout of model space.
+    bool ModelType() const;
 
     std::wstring ConfigName() const;
     std::wstring CanonicalMediaName() const;

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace blattwart {
+
+/// How a group of changes ended.
+struct PlanWriteResult {
+    enum class End {
+        done,
+        commandRunning,  ///< nothing more was done: a command is running in the host
+        changedInHost,   ///< nothing was done: the host is not as the list said; see `drawings`
+        noAnswer,        ///< nothing more was done: the host does not answer
+        cancelled,       ///< the user ended it between two drawings, or before the first
+        refused,         ///< a drawing could not be changed; see `refusal`
+        partly           ///< of taking back: some drawings do not fit; see `reasons`
+    };
+    struct Refusal {
+        std::wstring drawing;  ///< its shown name
+        std::wstring from;
+        std::wstring to;
+        std::wstring reason;                 ///< the host's text
+        bool takenBack = true;               ///< the drawing has its old names again
+        std::vector<std::wstring> namesNow;  ///< where it has not: of the layouts concerned
+
+        std::wstring text() const;
+    };
+
+    End end = End::done;
+    bool undoing = false;
+    std::wstring what;  ///< the operation, as PlanUndoEntry::text says it
+    int done = 0;       ///< layouts
+    int chosen = 0;     ///< layouts that were to be changed
+    std::vector<std::wstring> drawings;
+    Refusal refusal;
+    std::vector<std::wstring> reasons;  ///< lines for the user: why drawings were left as they are
+
+    /// What a message box says; "" when the status line is enough.
+    std::wstring message() const;
+    /// What the status line says; "" for nothing new.
+    std::wstring statusText() const;
+};
+
+}  // namespace blattwart

@@ -1,0 +1,86 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "demo/host/CallRecorder.h"
+#include "demo/host/DemoAutomation.h"
+#include "planlist/PlanWriter.h"
+#include "support/TestPlatform.h"
+
+namespace blattwart::test {
+
+using Names = std::vector<std::wstring>;
+
+/// There is no main window.
+struct NoMainWindow : NavigatorEvents {
+    void RefreshTree() override {}
+    void ShowNodeStatus() override {}
+    void showSelectedNode() override {}
+    void setDragMode() override {}
+    void VisbibleMnuMenu() override {}
+    void showHint(const std::wstring&) override {}
+    void showNote(const std::wstring&) override {}
+};
+
+/// The plan list on a demonstration host of its own, without its window.
+class PlanWorld {
+  public:
+    explicit PlanWorld(demo::HostOptions options = {}) : demo(std::move(options)) {
+        demo.start();
+        autoCAD.ConnectAutoCAD();
+    }
+
+    demo::Host& host() { return *demo.host(); }
+    demo::DocumentPtr open(const std::wstring& folder, const std::wstring& name, const Names& layouts) {
+        return host().addDocument(folder, name, layouts);
+    }
+    /// Attaches and reads everything.
+    void read() {
+        autoCAD.ConnectAutoCAD();
+        reader.begin();
+        while (reader.step()) {
+        }
+    }
+    /// The rows in the base order, each "drawing|number|layout|status", before the status with device, paper
+    /// and style where there is a device.
+    Names rows() {
+        Names texts;
+        for (const PlanDrawing& drawing : plan.drawings()) {
+            if (!drawing.complete) continue;
+            for (const PlanRow& row : drawing.rows) {
+                const Names cells = plan.cells(drawing, row);
+                std::wstring& text = texts.emplace_back(cells[1] + L"|" + cells[2] + L"|" + cells[0]);
+                if (cells[3] != L"None") text += L"|" + cells[3] + L"|" + cells[4] + L"|" + cells[5];
+                text += L"|" + cells[6];
+            }
+        }
+        return texts;
+    }
+    int number(std::wstring_view drawing, std::wstring_view layout) {
+        for (PlanDrawing& each : plan.drawings())
+            if (const PlanRow* row = plan.findRow(each, layout); row && each.shownName == drawing)
+                return row->number;
+        ADD_FAILURE() << "no such row";
+        return 0;
+    }
+    /// What the host calls the paper layouts of a drawing, in the order of its tabs.
+    static Names layouts(const demo::DocumentPtr& document) {
+        Names names;
+        for (const demo::Layout* layout : document->drawing().layouts())
+            if (!layout->isModel()) names.push_back(layout->name());
+        return names;
+    }
+
+    demo::DemoAutomation demo;
+    demo::CallRecorder calls{demo};
+    TestPlatform world{calls};
+    NavigatorRecords records;
+    NoMainWindow events;
+    basAutoCAD autoCAD{world.platform, records, events};
+    PlanList plan{world.locale};
+    PlanReader reader{autoCAD, world.platform, plan};
+    PlanUndo undo;
+    PlanWriter writer{reader, plan, undo, world.platform};
+};
+
+}  // namespace blattwart::test
