@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# Format, clang-tidy and cppcheck.
+# Format, the order of the layers, clang-tidy and cppcheck.
 
 sources() { find src demo tests bench fuzz \( -name '*.cpp' -o -name '*.h' \) -print0; }
 
@@ -17,31 +17,24 @@ check_cppcheck() {
         -I src -I . -I tests src demo tests bench fuzz
 }
 
-# tidy PRESET FOLDERS ARGS...: checks what lies in the folders (a regular expression). The sources of a library are
-# checked as one: the headers that they share, which take most of the time, are read once.
+# Reads what has changed since it was found clean.
 tidy() {
-    local preset=$1 folders=$2
-    shift 2
-    say "clang-tidy: $preset"
-    cmake --preset "$preset" >"build/$preset.log" || { cat "build/$preset.log"; return 1; }
-    run-clang-tidy -p "build/$preset" -quiet "$@" "build/$preset/($folders)/.*\.c(xx|pp)$" >"build/$preset.log" 2>&1 && return
-    grep -vE '^clang-tidy|warnings (generated|treated)|^Suppressed|^Use -header-filter' "build/$preset.log"
+    say "clang-tidy: $1"
+    cmake --preset "$1" >"build/$1.log" && cmake --build --preset "$1" -- -k 0 >"build/$1.log" 2>&1 && return
+    grep -vE '^\[|^FAILED|^ninja|tools/tidy\.sh ' "build/$1.log"
     return 1
 }
 
-# What clang must be told to find the headers of the compiler for Windows.
-mingw_arguments() {
-    local headers
-    headers=$(dirname "$(x86_64-w64-mingw32-g++-posix -print-libgcc-file-name)")/include/c++
-    printf -- '-extra-arg=%s\n' --target=x86_64-w64-mingw32 "-isystem$headers" "-isystem$headers/x86_64-w64-mingw32"
+check_clang_tidy() {
+    tidy lint
+    local native=$?
+    tidy lint64 && [ "$native" = 0 ]
 }
 
-check_clang_tidy() {
-    local mingw
-    mapfile -t mingw < <(mingw_arguments)
-    tidy lint 'src|demo|tests|fuzz'
-    local native=$?
-    tidy lint64 'src/win32|demo/(adodb|cadhost|com)|tests/win32|bench' "${mingw[@]}" && [ "$native" = 0 ]
+# An include against the order of the layers.
+check_layers() {
+    say "Checking the layers"
+    tools/check-layers.py
 }
 
 do_format() {
@@ -51,6 +44,7 @@ do_format() {
 
 do_lint() {
     ready "${build_packages[@]}" "${check_packages[@]}"
+    step check_layers
     step check_clang_tidy
     step check_cppcheck
     [ "$failed" = 0 ] && say "No findings."

@@ -108,6 +108,23 @@ Cost BenchProgram::refresh() {
     return measure([this] { world_->program.views->RefreshTree(); });
 }
 
+Cost BenchProgram::pressF5() {
+    world_->tree().userClicks(world_->tree().node(L"B"));
+    return measure([this] { world_->program.fMainForm->item(L"mnuViewRefresh").click(); });
+}
+
+Cost BenchProgram::comeBack() {
+    world_->tree().userClicks(world_->tree().node(L"B"));
+    frmMain& form = *world_->program.fMainForm;
+    return measure([&] {
+        world_->platform.desktop.foregroundWindow = 1;
+        form.ctlTimer_Timer();
+        world_->platform.desktop.foregroundWindow = test::FakeWindow::ownHandle;
+        form.Form_Activate();
+        form.ctlTimer_Timer();
+    });
+}
+
 Cost BenchProgram::clickDrawing() {
     TreeNode& drawing = *world_->tree().node(L"A").children().front();
     return measure([&] { world_->tree().userClicks(drawing); });

@@ -42,6 +42,9 @@ class BenchProgram {
     Cost start();
     /// A refresh that finds nothing changed, the library root selected.
     Cost refresh();
+    /// The same as the user asks for it, by F5, and as he gets it when he comes back from another program.
+    Cost pressF5();
+    Cost comeBack();
     /// A click on the tree's first drawing, or on the first layout of this name, until the list is filled.
     Cost clickDrawing();
     Cost clickLayout(std::wstring_view name);

@@ -26,6 +26,11 @@ Cost refresh(demo::DemoAutomation& automation, int drawings) {
     return startProgram(automation)->refresh();
 }
 
+Cost comeBack(demo::DemoAutomation& automation, int drawings) {
+    addDrawings(automation.start(), drawings, layoutsEach);
+    return startProgram(automation)->comeBack();
+}
+
 Cost clickDrawing(demo::DemoAutomation& automation, int layouts) {
     addDrawings(automation.start(), 1, layouts);
     return startProgram(automation)->clickDrawing();
@@ -37,6 +42,9 @@ void measureAll() {
     for (const int drawings : drawingCounts)
         printLine("refresh, " + std::to_string(drawings) + " drawings of 20 layouts",
                   refresh(automation, drawings));
+    for (const int drawings : {10, 50})
+        printLine("return to the window, " + std::to_string(drawings) + " drawings of 20 layouts",
+                  comeBack(automation, drawings));
     for (const int layouts : {layoutsEach, mostLayouts})
         printLine("click on a drawing of " + std::to_string(layouts) + " layouts",
                   clickDrawing(automation, layouts));

@@ -10,22 +10,6 @@ namespace demo {
 
 namespace {
 
-int showCommand(WindowState state) {
-    switch (state) {
-        case WindowState::minimised:
-            return SW_SHOWMINIMIZED;
-        case WindowState::maximised:
-            return SW_SHOWMAXIMIZED;
-        default:
-            return SW_SHOWNORMAL;
-    }
-}
-
-WindowState stateOf(HWND window) {
-    if (IsIconic(window)) return WindowState::minimised;
-    return IsZoomed(window) ? WindowState::maximised : WindowState::normal;
-}
-
 std::wstring describe(const OpenDocument& document, bool active) {
     std::wstring line = active ? L"▶ " : L"    ";
     line += document.titled() ? document.fullName() : document.name();
@@ -86,7 +70,7 @@ void HostScreen::attach(HWND window) {
 
 void HostScreen::update() {
     updateTitle();
-    updateState();
+    updateVisibility();
 }
 
 void HostScreen::updateContent() {
@@ -104,18 +88,10 @@ void HostScreen::updateTitle() {
     if (title != shown.data()) SetWindowTextW(window_, title.c_str());
 }
 
-void HostScreen::updateState() {
-    if (host_.visible() != shown_) {
-        shown_ = host_.visible();
-        ShowWindow(window_, shown_ ? showCommand(state_) : SW_HIDE);
-    }
-    if (host_.windowState() != state_) {
-        state_ = host_.windowState();
-        if (shown_) ShowWindow(window_, showCommand(state_));
-    } else if (shown_ && stateOf(window_) != state_) {
-        state_ = stateOf(window_);
-        host_.setWindowState(state_);
-    }
+void HostScreen::updateVisibility() {
+    if (host_.visible() == shown_) return;
+    shown_ = host_.visible();
+    ShowWindow(window_, shown_ ? SW_SHOWNORMAL : SW_HIDE);
 }
 
 void HostScreen::paint(HDC canvas, const RECT& area) const {

@@ -16,7 +16,7 @@ class HostScreen {
     HostScreen(Host& host, bool silent) : host_(host), silent_(silent) {}
 
     void attach(HWND window);
-    /// Brings the window in line with the host, and the host with what the user did to the window.
+    /// Brings the window in line with the host.
     void update();
     /// Shows what is open, from time to time: it takes longer the more is open.
     void updateContent();
@@ -26,14 +26,13 @@ class HostScreen {
 
   private:
     void updateTitle();
-    void updateState();
+    void updateVisibility();
 
     Host& host_;
     bool silent_;
     bool showingDialog_ = false;
     HWND window_ = nullptr;
     bool shown_ = false;
-    WindowState state_ = WindowState::normal;
     std::wstring content_;
 };
 

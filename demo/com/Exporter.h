@@ -66,11 +66,6 @@ class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_
 
   private:
     friend class ExportedObject;
-
-    /// How enumerators answer a request for elements: with as many as asked for; with one and that fewer are
-    /// left; with that all is well also when nothing is left; not at all; with the first ones again after the
-    /// last.
-    enum class EnumeratorManner { asAsked, single, neverSaysEnd, none, endless };
     void forget(const blattwart::AutomationObject* object);
 
     std::wstring source_;

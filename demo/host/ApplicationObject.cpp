@@ -13,16 +13,13 @@ std::vector<MemberSlot<ApplicationObject>> ApplicationObject::members() {
     std::vector<MemberSlot<Self>> slots{
         property(0x00, L"Name", &Self::name),
         property(0x02, L"ActiveDocument", &Self::activeDocument, &Self::putActiveDocument),
-        property(0x05, L"Caption", &Self::caption),
         property(0x07, L"Documents", &Self::documents),
         property(0x08, L"FullName", &Self::fullName),
         property(0x0A, L"LocaleId", &Self::localeId),
         property(0x0C, L"Path", &Self::path),
         property(0x0D, L"Preferences", &Self::preferences),
         property(0x0F, L"Version", &Self::version),
-        method(0x14, L"GetAcadState", &Self::state),
         method(0x19, L"LoadDVB", &Self::loadDvb, 1),
-        method(0x1A, L"UnloadDVB", &Self::unloadDvb, 1),
         method(0x1B, L"RunMacro", &Self::runMacro, 1),
         method(0x1D, L"Quit", &Self::quit),
         method(0x1F, L"Update", &Self::update),
@@ -35,9 +32,7 @@ std::vector<MemberSlot<ApplicationObject>> ApplicationObject::windowMembers() {
     using Self = ApplicationObject;
     return {
         property(0x10, L"Visible", &Self::visible, &Self::putVisible),
-        property(0x13, L"WindowState", &Self::windowState, &Self::putWindowState),
         property(0x28, L"HWND", &Self::window),
-        shortId(property(0x29, L"HWND32", &Self::window32)),
     };
 }
 
@@ -63,10 +58,6 @@ Value ApplicationObject::preferences() {
     return make<PreferencesObject>();
 }
 
-Value ApplicationObject::state(Arguments) {
-    return make<StateObject>();
-}
-
 Value ApplicationObject::visible() {
     return host().visible();
 }
@@ -79,20 +70,6 @@ Value ApplicationObject::window() {
     return wideOrNarrow(host().window());
 }
 
-Value ApplicationObject::window32() {
-    return static_cast<std::int32_t>(host().window());
-}
-
-Value ApplicationObject::windowState() {
-    return static_cast<std::int32_t>(host().windowState());
-}
-
-void ApplicationObject::putWindowState(const Value& value) {
-    const std::int64_t state = numberOf(value);
-    if (state < 1 || state > 3) throw failure(hostError::invalidInput);
-    host().setWindowState(static_cast<WindowState>(state));
-}
-
 Value ApplicationObject::update(Arguments) {
     return {};
 }
@@ -103,11 +80,6 @@ Value ApplicationObject::version() {
 
 Value ApplicationObject::name() {
     return L"AutoCAD";
-}
-
-Value ApplicationObject::caption() {
-    const DocumentPtr active = host().activeDocument();
-    return active ? L"AutoCAD - [" + active->name() + L"]" : std::wstring(L"AutoCAD");
 }
 
 Value ApplicationObject::path() {
@@ -132,27 +104,9 @@ Value ApplicationObject::loadDvb(Arguments arguments) {
     return {};
 }
 
-Value ApplicationObject::unloadDvb(Arguments arguments) {
-    host().macros().unload(textOf(arguments[0].value()));
-    return {};
-}
-
 Value ApplicationObject::quit(Arguments) {
     host().quit();
     return {};
-}
-
-std::vector<MemberSlot<StateObject>> StateObject::members() {
-    return {property(0x01, L"IsQuiescent", &StateObject::isQuiescent)};
-}
-
-void StateObject::checkReachable() const {
-    if (host().ended()) throw failure(blattwart::hresult::serverUnavailable);
-}
-
-Value StateObject::isQuiescent() {
-    const DocumentPtr active = host().activeDocument();
-    return !host().dialog() && !(active && active->commandLine().activity() != 0);
 }
 
 std::vector<MemberSlot<PreferencesObject>> PreferencesObject::members() {

@@ -17,38 +17,21 @@ class ApplicationObject final : public HostClass<ApplicationObject> {
     void putActiveDocument(const blattwart::Value& value);
     blattwart::Value documents();
     blattwart::Value preferences();
-    blattwart::Value state(Arguments);
 
     blattwart::Value visible();
     void putVisible(const blattwart::Value& value);
     blattwart::Value window();
-    blattwart::Value window32();
-    blattwart::Value windowState();
-    void putWindowState(const blattwart::Value& value);
     blattwart::Value update(Arguments);
 
     blattwart::Value version();
     blattwart::Value name();
-    blattwart::Value caption();
     blattwart::Value path();
     blattwart::Value fullName();
     blattwart::Value localeId();
 
     blattwart::Value runMacro(Arguments arguments);
     blattwart::Value loadDvb(Arguments arguments);
-    blattwart::Value unloadDvb(Arguments arguments);
     blattwart::Value quit(Arguments);
-};
-
-/// Tells whether the host is idle; answers also while the host is busy.
-class StateObject final : public HostClass<StateObject> {
-  public:
-    using HostClass::HostClass;
-    static std::vector<MemberSlot<StateObject>> members();
-
-  private:
-    void checkReachable() const override;
-    blattwart::Value isQuiescent();
 };
 
 class PreferencesObject final : public HostClass<PreferencesObject> {

@@ -19,22 +19,7 @@ class BlockObject final : public HostClass<BlockObject, DrawingPart> {
     Block& block() const;
 
     blattwart::Value count();
-    blattwart::Value item(Arguments arguments);
     blattwart::Value name();
-    blattwart::Value isLayout();
-    blattwart::Value layout();
-};
-
-/// All blocks of a document.
-class BlocksObject final : public HostClass<BlocksObject> {
-  public:
-    using HostClass::HostClass;
-    static std::vector<MemberSlot<BlocksObject>> members();
-    std::vector<blattwart::ObjectPtr> allElements() override;
-
-  private:
-    blattwart::Value count();
-    blattwart::Value item(Arguments arguments);
 };
 
 }  // namespace demo

@@ -32,6 +32,7 @@ struct CallRecorder::State {
     std::vector<RecordedCall> calls;
     std::map<std::pair<std::size_t, Moment>, RuntimeError> failures;
     std::optional<std::pair<std::size_t, Moment>> goneFrom;
+    std::optional<RuntimeError> refusal;
     InstancePtr host = std::make_shared<Instance>();
     std::vector<std::weak_ptr<Instance>> ended;
     std::function<void(std::size_t)> beforeCall;
@@ -50,6 +51,7 @@ struct CallRecorder::State {
         const std::pair now(number, moment);
         if (const auto failure = failures.find(now); failure != failures.end())
             throw RuntimeError(failure->second);
+        if (refusal && instance && moment == Moment::before) throw RuntimeError(*refusal);
         if (goneFrom && now >= *goneFrom) host->gone = true;
         if (!instance || !instance->gone) return;
         switch (calls[number - 1].kind) {
@@ -209,7 +211,12 @@ void CallRecorder::goneFrom(std::size_t n, Moment moment) {
     state_->goneFrom.emplace(n, moment);
 }
 
+void CallRecorder::refuse(RuntimeError error) {
+    state_->refusal = std::move(error);
+}
+
 void CallRecorder::heal() {
+    state_->refusal.reset();
     state_->failures.clear();
     state_->goneFrom.reset();
     if (state_->host->gone) hostEnded();

@@ -48,6 +48,8 @@ class CallRecorder final : public blattwart::Automation {
     /// From the n-th call on the host is gone: its objects fail for ever, it is not running and cannot be
     /// started. Other programs go on.
     void goneFrom(std::size_t n, Moment moment = Moment::before);
+    /// From now on the host refuses every call with the error, as one that is busy or hangs.
+    void refuse(blattwart::RuntimeError error);
     /// Ends all disturbance. A host that was gone runs again, as another instance.
     void heal();
     /// The host has ended by itself; one that runs from now on is another instance.

@@ -28,9 +28,9 @@ struct Prompt {
 };
 
 /// The command line of one document: typed text answers the prompts of the running command, and where none is
-/// running it names the next one. An empty answer there repeats the last command. At every prompt "(" begins an
-/// expression, "!" a variable and "'" a transparent command: they are noted in the history and answer nothing.
-/// Whatever goes wrong is shown in the history and is no failure.
+/// running it names the next one. An empty answer there repeats the last command. At every prompt "(" begins
+/// an expression, "!" a variable and "'" a transparent command: they are noted in the history and answer
+/// nothing. Whatever goes wrong is shown in the history and is no failure.
 class CommandLine {
   public:
     CommandLine(Host& host, OpenDocument& document) : host_(host), document_(document) {}

@@ -16,10 +16,7 @@ std::vector<MemberSlot<DocumentObject>> DocumentObject::members() {
     std::vector<MemberSlot<Self>> slots{
         property(0x01, L"ActiveLayout", &Self::activeLayout, &Self::putActiveLayout),
         property(0x02, L"ActiveSpace", &Self::activeSpace, &Self::putActiveSpace),
-        property(0x08, L"Blocks", &Self::blocks),
         property(0x12, L"Layouts", &Self::layouts),
-        property(0x15, L"ModelSpace", &Self::modelSpace),
-        property(0x17, L"PaperSpace", &Self::paperSpace),
         property(0x19, L"RegisteredApplications", &Self::registeredApplications),
         method(0x2D, L"GetVariable", &Self::getVariable, 1),
         method(0x2E, L"SetVariable", &Self::setVariable, 2),
@@ -35,18 +32,11 @@ std::vector<MemberSlot<DocumentObject>> DocumentObject::members() {
 std::vector<MemberSlot<DocumentObject>> DocumentObject::fileMembers() {
     using Self = DocumentObject;
     return {
-        property(0x1F, L"FullName", &Self::fullName),
-        property(0x23, L"Name", &Self::name),
-        property(0x24, L"Path", &Self::path),
-        property(0x26, L"ReadOnly", &Self::readOnly),
-        property(0x27, L"Saved", &Self::saved),
-        property(0x3D, L"HWND", &Self::window),
-        shortId(property(0x46, L"HWND32", &Self::window32)),
-        property(0x3F, L"Active", &Self::active),
-        method(0x36, L"Activate", &Self::activate),
-        method(0x37, L"Close", &Self::close, 0, 2),
-        method(0x3A, L"Save", &Self::save),
-        method(0x39, L"SaveAs", &Self::saveAs, 1, 2),
+        property(0x1F, L"FullName", &Self::fullName), property(0x23, L"Name", &Self::name),
+        property(0x24, L"Path", &Self::path),         property(0x26, L"ReadOnly", &Self::readOnly),
+        property(0x27, L"Saved", &Self::saved),       property(0x3F, L"Active", &Self::active),
+        method(0x36, L"Activate", &Self::activate),   method(0x37, L"Close", &Self::close, 0, 2),
+        method(0x3A, L"Save", &Self::save),           method(0x39, L"SaveAs", &Self::saveAs, 1, 2),
     };
 }
 
@@ -72,14 +62,6 @@ Value DocumentObject::saved() {
 
 Value DocumentObject::readOnly() {
     return document().readOnly();
-}
-
-Value DocumentObject::window() {
-    return wideOrNarrow(host().window() + std::int64_t{2} * document().number());
-}
-
-Value DocumentObject::window32() {
-    return static_cast<std::int32_t>(host().window() + std::int64_t{2} * document().number());
 }
 
 Value DocumentObject::activate(Arguments) {
@@ -147,20 +129,6 @@ void DocumentObject::putActiveLayout(const Value& value) {
 
 Value DocumentObject::layouts() {
     return make<LayoutsObject>();
-}
-
-Value DocumentObject::blocks() {
-    return make<BlocksObject>();
-}
-
-Value DocumentObject::paperSpace() {
-    const Layout* layout = document().drawing().activePaperLayout();
-    if (!layout) throw failure(hostError::keyNotFound);
-    return make<BlockObject>(layout->blockRecord());
-}
-
-Value DocumentObject::modelSpace() {
-    return make<BlockObject>(document().drawing().modelLayout().blockRecord());
 }
 
 Value DocumentObject::registeredApplications() {

@@ -20,8 +20,6 @@ class DocumentObject final : public HostClass<DocumentObject> {
     blattwart::Value active();
     blattwart::Value saved();
     blattwart::Value readOnly();
-    blattwart::Value window();
-    blattwart::Value window32();
     blattwart::Value activate(Arguments);
     blattwart::Value save(Arguments);
     blattwart::Value saveAs(Arguments arguments);
@@ -36,9 +34,6 @@ class DocumentObject final : public HostClass<DocumentObject> {
     blattwart::Value activeLayout();
     void putActiveLayout(const blattwart::Value& value);
     blattwart::Value layouts();
-    blattwart::Value blocks();
-    blattwart::Value paperSpace();
-    blattwart::Value modelSpace();
     blattwart::Value registeredApplications();
     blattwart::Value handleToObject(Arguments arguments);
     blattwart::Value objectIdToObject(Arguments arguments);

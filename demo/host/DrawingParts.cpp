@@ -107,14 +107,6 @@ Value DrawingPart::objectId32() {
     return shortIdOfNumber(document().objectNumber(object().handle()));
 }
 
-Value DrawingPart::ownerId() {
-    return wideOrNarrow(idOfNumber(document().objectNumber(owner()), options()));
-}
-
-Value DrawingPart::ownerId32() {
-    return shortIdOfNumber(document().objectNumber(owner()));
-}
-
 ObjectPtr makeDrawingObject(const HostPtr& host, const DocumentPtr& document, const Object& object) {
     const Handle handle = object.handle();
     const std::string& type = object.type();

@@ -19,7 +19,6 @@ class DrawingPart : public HostPart {
     Drawing& drawing() const { return document().drawing(); }
 
     virtual std::wstring className() const = 0;
-    virtual Handle owner() const { return object().owner(); }
     virtual void erase() = 0;
 
     blattwart::Value handleValue();
@@ -29,8 +28,6 @@ class DrawingPart : public HostPart {
     blattwart::Value remove(Arguments);
     blattwart::Value objectId();
     blattwart::Value objectId32();
-    blattwart::Value ownerId();
-    blattwart::Value ownerId32();
 
     /// The members that all these classes have, with the same ids in each, and a class's own.
     template <class Self>
@@ -42,9 +39,7 @@ class DrawingPart : public HostPart {
             method<Self>(0x403, L"SetXData", &Self::setXData, 2),
             method<Self>(0x404, L"Delete", &Self::remove),
             property<Self>(0x405, L"ObjectID", &Self::objectId),
-            property<Self>(0x408, L"OwnerID", &Self::ownerId),
             shortId(property<Self>(0x476, L"ObjectID32", &Self::objectId32)),
-            shortId(property<Self>(0x477, L"OwnerID32", &Self::ownerId32)),
         };
         own.insert(own.end(), inherited.begin(), inherited.end());
         return own;

@@ -10,18 +10,14 @@ class EntityPart : public DrawingPart {
     using DrawingPart::DrawingPart;
 
   protected:
-    std::wstring className() const override;
+    std::wstring className() const override { return L"AcDbEntity"; }
     void erase() override;
 
     blattwart::Value layer();
-    blattwart::Value entityName();
-    blattwart::Value entityType();
 
     template <class Self>
     static std::vector<MemberSlot<Self>> withEntityMembers(std::vector<MemberSlot<Self>> own) {
         own.push_back(property<Self>(0x501, L"Layer", &Self::layer));
-        own.push_back(property<Self>(0x575, L"EntityName", &Self::entityName));
-        own.push_back(property<Self>(0x576, L"EntityType", &Self::entityType));
         return withOwnMembers<Self>(std::move(own));
     }
 };
@@ -46,14 +42,8 @@ class ViewportObject final : public HostClass<ViewportObject, EntityPart> {
     static std::vector<MemberSlot<ViewportObject>> members();
 
   private:
-    blattwart::Value center();
-    blattwart::Value width();
-    blattwart::Value height();
-    blattwart::Value viewportOn();
-    blattwart::Value displayLocked();
-    blattwart::Value standardScale();
+    std::wstring className() const override { return L"AcDbViewport"; }
     blattwart::Value customScale();
-    blattwart::Value twistAngle();
 };
 
 class BlockReferenceObject final : public HostClass<BlockReferenceObject, EntityPart> {
@@ -65,19 +55,12 @@ class BlockReferenceObject final : public HostClass<BlockReferenceObject, Entity
     static std::vector<MemberSlot<BlockReferenceObject>> members();
 
   private:
-    static std::vector<MemberSlot<BlockReferenceObject>> placementMembers();
-
+    std::wstring className() const override;
     /// The block that a dynamic block's anonymous copy was made from; null for other blocks.
     const Block* dynamicBlock() const;
 
     blattwart::Value name();
     blattwart::Value effectiveName();
-    blattwart::Value isDynamicBlock();
-    blattwart::Value insertionPoint();
-    blattwart::Value xScale();
-    blattwart::Value yScale();
-    blattwart::Value zScale();
-    blattwart::Value rotation();
 };
 
 }  // namespace demo

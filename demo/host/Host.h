@@ -24,7 +24,6 @@ struct TypedText {
 };
 
 /// Whether the main window is shown as the host sees it.
-enum class WindowState : std::int32_t { normal = 1, minimised = 2, maximised = 3 };
 
 /// One running instance of the host: what it has open and how it is set up. Clients work with its application
 /// object; the operations here are what the user does at the host (and what both have in common).
@@ -86,8 +85,6 @@ class Host : public std::enable_shared_from_this<Host> {
 
     bool visible() const { return visible_; }
     void setVisible(bool visible) { visible_ = visible; }
-    WindowState windowState() const { return windowState_; }
-    void setWindowState(WindowState state) { windowState_ = state; }
     /// Handle of the main window.
     std::int64_t window() const { return window_; }
     void setWindow(std::int64_t window) { window_ = window; }
@@ -111,7 +108,6 @@ class Host : public std::enable_shared_from_this<Host> {
     std::optional<Dialog> dialog_;
     Macros macros_;
     std::int64_t window_ = 0x10A0C;
-    WindowState windowState_ = WindowState::normal;
     std::int32_t documentNumber_ = 0;
     std::int32_t newDrawings_ = 0;
     std::int32_t objectNumber_ = 0;

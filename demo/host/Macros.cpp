@@ -48,14 +48,6 @@ void Macros::load(const std::wstring& path) {
     loaded_ = true;
 }
 
-void Macros::unload(const std::wstring& path) {
-    requireVba();
-    if (!loaded_ || !sameName(fileNameOf(path), L"Tarvix.dvb")) {
-        throw hostError::make(hostError::fileError, host_.options().language);
-    }
-    loaded_ = false;
-}
-
 void Macros::run(const std::wstring& macroPath) {
     requireVba();
     const std::size_t fileEnd = macroPath.find(L'!');

@@ -56,7 +56,7 @@ bool DatabaseMaker::make(const std::wstring& file) {
         catalog.reset();  // it keeps the file open
         // Somebody else was quicker.
         if (error.number() == databaseExists) return false;
-        if (files_.exists(file)) ignoringErrors([&] { files_.remove(file); });
+        ignoringErrors([&] { files_.remove(file); });
         throw;
     }
     return true;

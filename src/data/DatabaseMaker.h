@@ -20,12 +20,12 @@ class DatabaseMaker {
     /// given. Tells the user how it ended, unless told to be silent. Returns the exit code: 0 when the
     /// database is there, made or found; 1 when it cannot be made; 2 when the words are not understood.
     int run(std::span<const std::wstring> words);
-    /// Makes the database. Returns false when the file exists, which is not touched then. Throws RuntimeError
-    /// when it cannot be made; no file is left then.
-    bool make(const std::wstring& file);
 
   private:
     int makeAndTell(const std::wstring& file, bool silent);
+    /// Makes the database. Returns false when the file exists, which is not touched then. Throws RuntimeError
+    /// when it cannot be made; no file is left then.
+    bool make(const std::wstring& file);
     void tell(const std::wstring& text, MessageIcon icon);
 
     Automation& automation_;

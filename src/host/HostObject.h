@@ -56,7 +56,7 @@ class HostObject {
     Value withIds(const Asking& asking, const Member& shortIds, const Member& ids) const {
         if (manners().shortIds.value_or(true)) {
             try {
-                const Value answer = asking(shortIds);
+                Value answer = asking(shortIds);
                 manners().shortIds = true;
                 return answer;
             } catch (const RuntimeError& error) {

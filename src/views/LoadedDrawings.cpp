@@ -52,10 +52,10 @@ void LoadedDrawings::readDrawing(OpenDocument& open, const std::wstring& activeN
     // By name alone: two drawings of one name in different folders are both shown as active. Intended.
     const bool isActive = name == activeName;
     std::int32_t drawingNumber = 0;
+    const int withoutNode = drawingsWithoutNode_;
     if (!FindDrawingRecord(path, name, 0, drawingNumber, isActive))
         tree_.AddTreeNode(name, false, isActive, 0);
-    const bool hasNode = tree_.view().find(L"Z" + std::to_wstring(drawingNumber)) != nullptr;
-    if (!hasNode) ++drawingsWithoutNode_;
+    const bool hasNode = drawingsWithoutNode_ == withoutNode;
     const int layoutsBefore = layoutsWithoutNode_;
     readLayouts(open.document(), path, name, drawingNumber, isActive);
     // Layouts of a drawing without a node cannot have one.
@@ -92,7 +92,11 @@ void LoadedDrawings::ResetPresentFlags() {
 bool LoadedDrawings::FindDrawingRecord(const std::wstring& path, const std::wstring& name,
                                        std::int32_t objectId, std::int32_t& drawingNumber, bool isActive) {
     const std::wstring fullName = path + L"\\" + name;
-    if (findRecord(drawingsByName_, fullName, L'Z', isActive, drawingNumber)) return true;
+    if (const auto met = findRecord(drawingsByName_, fullName, L'Z', isActive)) {
+        drawingNumber = met->number;
+        if (!met->hasNode) ++drawingsWithoutNode_;
+        return true;
+    }
     drawingNumber = addRecord(records_.DrawingRecords, drawingsByName_, fullName, name, objectId)->Nummer;
     return false;
 }
@@ -101,9 +105,8 @@ bool LoadedDrawings::FindLayoutRecord(const std::wstring& path, const std::wstri
                                       const host::Layout& layout, const std::wstring& layoutName,
                                       bool isActive) {
     const std::wstring fullName = path + L"\\" + drawing + L";" + layoutName;
-    std::int32_t number = 0;
-    if (findRecord(layoutsByName_, fullName, L'L', isActive, number)) {
-        if (!tree_.view().find(L"L" + std::to_wstring(number))) ++layoutsWithoutNode_;
+    if (const auto met = findRecord(layoutsByName_, fullName, L'L', isActive)) {
+        if (!met->hasNode) ++layoutsWithoutNode_;
         return true;
     }
     // Only a new record needs the id.
@@ -112,15 +115,19 @@ bool LoadedDrawings::FindLayoutRecord(const std::wstring& path, const std::wstri
     return false;
 }
 
-bool LoadedDrawings::findRecord(Index& index, const std::wstring& fullName, wchar_t kind, bool isActive,
-                                std::int32_t& number) {
+std::optional<LoadedDrawings::Met> LoadedDrawings::findRecord(Index& index, const std::wstring& fullName,
+                                                              wchar_t kind, bool isActive) {
+    std::optional<Met> met;
     const auto [begin, end] = index.equal_range(locale_.upperCase(fullName));
     for (auto entry = begin; entry != end; ++entry) {
+        if (!met) met.emplace();
         entry->second->Vorhanden = present;
-        number = entry->second->Nummer;
-        if (isActive) tree_.MarkNodeActive(kind + std::to_wstring(number));
+        met->number = entry->second->Nummer;
+        const std::wstring key = kind + std::to_wstring(met->number);
+        met->hasNode = met->hasNode || tree_.view().find(key);
+        if (isActive) tree_.MarkNodeActive(key);
     }
-    return begin != end;
+    return met;
 }
 
 std::shared_ptr<CAcadobj> LoadedDrawings::addRecord(Collection<CAcadobj>& records, Index& index,

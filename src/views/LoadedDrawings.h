@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -39,8 +40,12 @@ class LoadedDrawings {
     void ResetPresentFlags();
     bool FindDrawingRecord(const std::wstring& path, const std::wstring& name, std::int32_t objectId,
                            std::int32_t& drawingNumber, bool isActive);
-    bool findRecord(Index& index, const std::wstring& fullName, wchar_t kind, bool isActive,
-                    std::int32_t& number);
+    /// The records of one full name that were met: the last one's number, and whether any has a node.
+    struct Met {
+        std::int32_t number = 0;
+        bool hasNode = false;
+    };
+    std::optional<Met> findRecord(Index& index, const std::wstring& fullName, wchar_t kind, bool isActive);
     bool FindLayoutRecord(const std::wstring& path, const std::wstring& drawing, const host::Layout& layout,
                           const std::wstring& layoutName, bool isActive);
     std::shared_ptr<CAcadobj> addRecord(Collection<CAcadobj>& records, Index& index,

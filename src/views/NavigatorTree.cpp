@@ -68,14 +68,6 @@ void NavigatorTree::ClearActiveMarks() {
     });
 }
 
-void NavigatorTree::moveActiveMarks(const std::wstring& drawingKey, const std::wstring& layoutName) {
-    ClearActiveMarks();
-    TreeNode* drawing = tree_.find(drawingKey);
-    if (!drawing) return;
-    drawing->setBold(true);
-    for (TreeNode* layout : drawing->children()) layout->setBold(layout->text() == layoutName);
-}
-
 void NavigatorTree::removeNode(const std::wstring& key) {
     if (tree_.find(key)) tree_.remove(key);
 }

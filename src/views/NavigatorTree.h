@@ -30,8 +30,6 @@ class NavigatorTree {
     void AddTreeNode(const std::wstring& text, bool isTemplate, bool isActive, std::int32_t parentNumber);
     void MarkNodeActive(const std::wstring& key);
     void ClearActiveMarks();
-    /// Takes all marks off and marks a drawing's node and, of its layouts, the one of this name.
-    void moveActiveMarks(const std::wstring& drawingKey, const std::wstring& layoutName);
     /// Removes a node with all below it, if there is one.
     void removeNode(const std::wstring& key);
 

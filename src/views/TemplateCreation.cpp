@@ -103,9 +103,6 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
     node.setImage(treeIcon::dwt);
     node.setKey(L"D" + number);
     pending_ = false;
-    std::wstring activeLayout;
-    ignoringErrors([&] { activeLayout = document.ActiveLayout().Name(); });
-    tree_.moveActiveMarks(drawingKey, activeLayout);
     events_.showSelectedNode();
     return true;
 }

@@ -50,7 +50,8 @@ Lookup basDateien::switchDrawing(const std::wstring& drawing, const Selection& c
                                  bool askFirst) {
     ignoringErrors([this] { autoCAD_.fetchActiveDocument(); });
     if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return Lookup::found;
-    if (askFirst && !platform_.messages.ask(chosen.text + L" zum aktiven Dokument machen?")) return Lookup::notOpen;
+    if (askFirst && !platform_.messages.ask(chosen.text + L" zum aktiven Dokument machen?"))
+        return Lookup::notOpen;
     if (tree_.selectedKind() == L"Z" && !isLayout) tree_.view().selected()->setExpanded(true);
     const FoundDocuments found = autoCAD_.find(drawing);
     for (const host::Document& document : found.documents) makeActive(document);

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include <utility>
+
 #include "platform/RuntimeError.h"
 #include "shell/basMain.h"
 #include "win32/base/LibrarySearch.h"
@@ -37,7 +39,8 @@ class Application {
                                  .askGiveUp = [this](HostState state) { return askGiveUp(state); },
                                  .takeInput =
                                      [this](MSG& message) {
-                                         return notice_.takeInput(message) || readings_.takeInput(message);
+                                         readings_.noteInput(message);
+                                         return notice_.takeInput(message);
                                      }});
     }
 
@@ -75,6 +78,8 @@ class Application {
     }
 
     void showWaiting(const std::wstring& text) {
+        // What a reading says of itself stays until there is something else to say.
+        if (std::exchange(waitingText_, text).empty() && text.empty()) return;
         MainWindow* window = presenter_.mainWindow();
         const bool shown = window && IsWindowVisible(window->window());
         if (shown) window->showWork(text);
@@ -106,6 +111,7 @@ class Application {
     Win32Process process_;
     Win32Locale locale_;
     Win32HelpViewer help_;
+    std::wstring waitingText_;
     Win32ReadingWatch readings_{[this](const std::wstring& text) { showWork(text); }};
     Platform platform_{automation_, registry_, settings_, files_, messages_, fileDialogs_,
                        desktop_,    process_,  locale_,   help_,  readings_, gate_};

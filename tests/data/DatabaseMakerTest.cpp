@@ -16,13 +16,17 @@
 namespace blattwart::test {
 namespace {
 
-/// The disk's files, as the stand-in for ADO works with them.
+/// The disk's files, as the stand-in for ADO works with them. As under Windows none is removed that somebody
+/// has open.
 class DiskFiles : public FakeFiles {
   public:
+    std::weak_ptr<AutomationObject> catalog;
+
     bool exists(const std::wstring& path) override {
         return std::filesystem::exists(std::string(path.begin(), path.end()));
     }
     void remove(const std::wstring& path) override {
+        if (!catalog.expired()) throw RuntimeError(errorNumber::invalidCall, L"Die Datei ist geöffnet.");
         std::filesystem::remove(std::string(path.begin(), path.end()));
     }
 };
@@ -30,7 +34,11 @@ class DiskFiles : public FakeFiles {
 class DatabaseMakerTest : public testing::Test {
   protected:
     DatabaseMakerTest() {
-        programs.setOtherPrograms([this](std::wstring_view name) { return demo::makeAdo(name, faults); });
+        programs.setOtherPrograms([this](std::wstring_view name) {
+            const ObjectPtr made = demo::makeAdo(name, faults);
+            files.catalog = made;
+            return made;
+        });
         world.messages.strict = true;
     }
     ~DatabaseMakerTest() override { std::filesystem::remove(file); }

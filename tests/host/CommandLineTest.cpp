@@ -31,6 +31,28 @@ TEST_F(HostTest, CommandLineTakesTheLayoutOptions) {
     }
 }
 
+TEST_F(HostTest, CommandLineEvaluatesWhatLooksLikeAnExpression) {
+    struct Case {
+        const wchar_t* typed;
+        Names history;
+    };
+    const std::wstring option =
+        L"Layoutoption eingeben [Kopieren/Löschen/Neu/Vorlage/Umbenennen/SIchals/"
+        L"SEtzen/?] <setzen>: ";
+    const std::wstring source = L"Name des zu kopierenden Layouts eingeben: ";
+    for (const Case& each :
+         {Case{L"(quit) ", {L"Ausdruck: (quit)"}}, Case{L"(a \r(b))\r", {L"Ausdruck: (a \r(b))"}},
+          Case{L"!x\r", {L"Variable: !x"}}, Case{L"'_qsave\r", {L"Transparenter Befehl: '_qsave"}},
+          // The prompt stays, and the next answer is taken for its answer.
+          Case{L"_layout\r_copy\r (1)\rA\r",
+               {L"Befehl: _layout", option + L"_copy", L"Ausdruck:  (1)", source + L"A"}}}) {
+        restart({});
+        call(open({L"A", L"B"}), L"SendCommand", {Value(each.typed)});
+        EXPECT_EQ(host_->activeDocument()->commandLine().history(), each.history);
+        EXPECT_EQ(tabs(), (Names{L"A", L"B"}));
+    }
+}
+
 }  // namespace
 
 }  // namespace demo

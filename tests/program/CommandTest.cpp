@@ -95,9 +95,10 @@ TEST_F(CommandTable, ToolBarHasItsOrderAndMenusTheirKeys) {
     EXPECT_EQ(buttons[2].toolTip, L"Speichern (Strg+S)");
 
     const auto items = split(
-        L"mnuFileRename,mnuFileDelete,mnuTemplateDelete,mnuViewRefresh,mnuEditOpen,mnuEditSelectAll,"
+        L"mnuFileRename,mnuFileDelete,mnuTemplateDelete,mnuViewRefresh,mnuViewRebuild,mnuEditOpen,"
+        L"mnuEditSelectAll,"
         L"mnuSave,mnuEditCopy,mnuHelpContents");
-    const auto shortcuts = split(L"F2,Entf,Entf,F5,Eingabe,Strg+A,Strg+S,Strg+C,F1");
+    const auto shortcuts = split(L"F2,Entf,Entf,F5,Strg+F5,Eingabe,Strg+A,Strg+S,Strg+C,F1");
     for (std::size_t i = 0; i < items.size(); ++i)
         EXPECT_EQ(form().item(items[i]).shortcut().text(), shortcuts[i]);
 
@@ -193,6 +194,51 @@ TEST_F(CommandTable, CommandsOfTheWindowItself) {
     EXPECT_EQ(list().row(0).key(), L"D7");
     choose(L"mnuEditSelectAll");
     EXPECT_EQ(list().selectedItems().size(), 2U);
+
+    // Each list keeps the order that the user has given it.
+    form().tbToolBar.userClicks(L"Descending");
+    click(L"A");
+    EXPECT_EQ(list().row(0).key(), L"Z1");
+    click(L"B");
+    EXPECT_EQ(list().row(0).key(), L"D8");
+}
+
+TEST_F(CommandTable, WhatIsDoneInAutoCadIsShownThere) {
+    struct Case {
+        const wchar_t* node;
+        const wchar_t* command;  // a menu item or a button
+        const wchar_t* state;
+        const wchar_t* typed;
+    };
+    for (const Case& c :
+         {Case{L"Z1", L"mnuActive", L"Haus.dwg/Blatt 1 2", L""},
+          Case{L"Z1", L"mnuDrawing", L"Haus.dwg/Blatt 1 2", L""},
+          Case{L"L5", L"Active", L"Plan.dwg/Blatt 2 2", L""},
+          Case{L"D7", L"New", L"Zeichnung1.dwg/Rahmen A3 3", L""},
+          Case{L"D7", L"Open", L"Plan A3.dwt/Rahmen A3 3", L"no"},
+          Case{L"B", L"DC", L"Plan.dwg/Blatt 1 2", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\Vorlagen¶"},
+          Case{L"D8", L"DC", L"Plan.dwg/Blatt 1 2", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\Vorlagen\\Rahmen.dwg¶"},
+          Case{L"A", L"mnuShow", L"Plan.dwg/Blatt 1 2", L""}}) {
+        restart();
+        click(c.node);
+        world.desktop.log.clear();
+        world.messages.answer(MessageAnswer::yes);
+        // AutoCAD would hide the question.
+        world.messages.whileOpen = [this](const ShownBox&) { EXPECT_TRUE(world.desktop.log.empty()); };
+        if (std::wstring_view(c.command).starts_with(L"mnu")) {
+            choose(c.command);
+        } else {
+            form().tbToolBar.userClicks(c.command);
+        }
+        EXPECT_EQ(hostState(), c.state);
+        const std::wstring what = c.typed;
+        const bool inFront = what != L"no";
+        EXPECT_EQ(world.desktop.log.size(), inFront ? 1U : 0U) << testing::PrintToString(c.command);
+        EXPECT_EQ(typed(), what.empty() || !inFront ? std::vector<std::wstring>{} : std::vector{what});
+        if (*c.node != L'B' && *c.node != L'D') {
+            EXPECT_EQ(status(), main->autoCAD.GetActiveDrawingName());
+        }
+    }
 }
 
 TEST_F(CommandTable, OpensAnyDrawingByTheFileDialog) {

@@ -166,6 +166,15 @@ TEST_F(Copying, NumbersAsManyAsWantedFromTheFirstFreeOne) {
         EXPECT_EQ(plan()->drawing().currentLayout().name(), c.made.front());
         EXPECT_TRUE(presenter.dialog.closed);
     }
+    // A command that is running refuses the input: nothing that was typed into the dialog is lost.
+    plan()->commandLine().type(L"LAYOUT\r");
+    copy(L"Neu", L"1");
+    EXPECT_FALSE(presenter.dialog.closed);
+    EXPECT_FALSE(hasLayout(L"Neu"));
+    EXPECT_EQ(world.messages.shown,
+              std::vector{warning(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!")});
+    world.messages.clear();
+    plan()->commandLine().type(L"\x1b");
     plan()->drawing().deleteLayout(*plan()->findLayout(L"Plan4"));
     copy(L"Plan", L"2");
     EXPECT_TRUE(hasLayout(L"Plan4"));
@@ -245,6 +254,9 @@ TEST_F(Renaming, NumbersTheSelectedLayoutsFromTheGivenNumber) {
         for (const std::wstring& name : c.names) EXPECT_EQ(shown.count(name), 1U);
     }
     EXPECT_TRUE(world.messages.shown.empty());
+    // Nothing was activated, and an activation that follows does not take the drawing for the active one.
+    EXPECT_EQ(host().activeDocument()->name(), L"Größe.dwg");
+    EXPECT_EQ(main->autoCAD.GetActiveDrawingName(), L"C:\\Haus 2\\Größe.dwg");
     refresh();
     EXPECT_EQ(tree().node(L"Z1").children().size(), 4U);
 }

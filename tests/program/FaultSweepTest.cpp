@@ -41,14 +41,19 @@ class FaultSweep : public Operations {
         // As few rows as show everything.
         useDatabase(std::wstring(demo::sampleRows()) +
                     L"DELETE FROM Typen WHERE TypenId > 1; DELETE FROM Bloecke WHERE blockId > 1;");
-        presenter.inKopieren = [](frmKopieren& dialog) {
+        // Whoever is told that AutoCAD does not answer may try again; here he does not.
+        const auto start = [this](LayoutDialog& dialog) {
+            dialog.cmdStart.userClicks();
+            if (!presenter.dialog.closed) dialog.cmdCancel.userClicks();
+        };
+        presenter.inKopieren = [start](frmKopieren& dialog) {
             dialog.txtLayout.setText(L"Neu");
             dialog.txtAnzahl.setText(L"2");
-            dialog.cmdStart.userClicks();
+            start(dialog);
         };
-        presenter.inUmbenennen = [](frmUmbenennen& dialog) {
+        presenter.inUmbenennen = [start](frmUmbenennen& dialog) {
             dialog.txtLayout.setText(L"Neu");
-            dialog.cmdStart.userClicks();
+            start(dialog);
         };
         presenter.inInfo = [](frmInfo& dialog) {
             dialog.cmdSysInfo.userClicks();

@@ -98,7 +98,9 @@ TEST_F(Frame, ViewModeIsShownEverywhereAndKept) {
 
 TEST_F(Frame, ClosingKeepsPlacementAndColumns) {
     window().place = {-150, 75.5F, 7200, 4800};
+    choose(L"mnuListViewMode(3)");
     form().Form_Unload();
+    EXPECT_EQ(world.settings.values[L"ViewMode"], L"3");
     EXPECT_EQ(world.settings.values[L"MainLeft"], L"-150");
     EXPECT_EQ(world.settings.values[L"MainTop"], L"75.5");
     EXPECT_EQ(world.settings.values[L"MainWidth"], L"7200");
@@ -127,9 +129,14 @@ TEST_F(Frame, EndWithAutoCadIsStoredAndShown) {
     EXPECT_FALSE(form().item(L"mnuAutoEnd").checked());
     EXPECT_EQ(main->registry.GetAutoEnd(), 0);
     world.registry.writable = false;
+    EXPECT_EQ(hint(), L"");
     choose(L"mnuAutoEnd");
     EXPECT_FALSE(form().item(L"mnuAutoEnd").checked());
+    EXPECT_EQ(hint(), L"Die Einstellung kann nicht gespeichert werden.");
+    form().ctlTimer_Timer();
+    EXPECT_NE(hint(), L"") << "no event of the user's";
     choose(L"mnuEnd");
+    EXPECT_EQ(hint(), L"");
     EXPECT_TRUE(window().closed);
 }
 

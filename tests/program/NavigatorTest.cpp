@@ -3,6 +3,8 @@
 namespace blattwart::test {
 namespace {
 
+constexpr const wchar_t* ownLibrary = L"C:\\Programme\\Blattwart\\Bibliothek\\Vorlagen";
+
 class Navigator : public Program {
   protected:
     Navigator() {
@@ -36,6 +38,11 @@ TEST_F(Navigator, KeepsKeysOverRefreshesAndGoesOnCounting) {
     EXPECT_TRUE(tree().node(L"Z4").expanded());
     click(L"L5");
     EXPECT_EQ(treeText(), before);
+    tree().userExpands(tree().node(L"A"), false);
+    tree().userExpands(tree().node(L"B"), false);
+    refresh();
+    EXPECT_TRUE(tree().node(L"A").expanded());
+    EXPECT_TRUE(tree().node(L"B").expanded());
 
     struct Look {
         const wchar_t* key;
@@ -83,17 +90,65 @@ TEST_F(Navigator, RecordsOutliveTheirNodes) {
     leaveAndReturn();
     EXPECT_EQ(tree().node(L"A").children().size(), 1U);
     EXPECT_EQ(main->records.DrawingRecords.Count(), 2);
+    EXPECT_EQ(hint(), L"1 geladene Zeichnung fehlt im Baum: Strg+F5");
+    host().addDocument(L"C:\\Haus 1", L"Neu.dwg", {L"Blatt 1", L"Blatt 2"});
+    leaveAndReturn();
+    host().close(host().documents().back());
+    leaveAndReturn();
+    host().addDocument(L"C:\\Haus 1", L"Neu.dwg", {L"Blatt 1", L"Blatt 2"});
+    const auto plan = host().findDocument(L"C:\\Haus 1\\Plan.dwg");
+    demo::Layout& second = *plan->findLayout(L"Blatt 2");
+    plan->drawing().renameLayout(second, L"Blatt 3");
+    refresh();
+    plan->drawing().renameLayout(second, L"Blatt 2");
+    leaveAndReturn();
+    EXPECT_EQ(hint(), L"2 geladene Zeichnungen und 1 Layout fehlen im Baum: Strg+F5");
 
+    // Unless the user has the tree built anew. Numbers go on; the selection is where it was.
+    click(L"L2");
+    const std::int32_t last = lastNumber();
+    form().tbToolBar.userClicks(L"Descending");
+    choose(L"mnuViewRebuild");
+    EXPECT_EQ(tree().node(L"A").children().size(), 3U);
+    EXPECT_EQ(tree().node(L"A").children().front()->key(), L"Z" + std::to_wstring(last + 1));
+    EXPECT_EQ(tree().selected()->text(), L"Blatt 10");
+    EXPECT_EQ(list().find(L"ILayoutname")->column(2), L"Blatt 10");
+    EXPECT_EQ(tree().node(L"B").children().size(), 2U);
+    EXPECT_EQ(tree().find(L"D6"), nullptr);
+    EXPECT_EQ(hint(), L"");
+
+    world.files.addFolder(ownLibrary);
     demo.end();
     world.messages.answer(MessageAnswer::yes);
     demo.setCreateError(L"geht nicht");
     leaveAndReturn();
     EXPECT_EQ(main->records.DrawingRecords.Count(), 0);
     EXPECT_TRUE(tree().node(L"A").children().empty());
+    EXPECT_EQ(main->records.TemplateFolder, ownLibrary) << "not that of the host that is gone";
     demo.start();
     host().addDocument(L"C:\\Haus 2", L"Größe.dwg", {L"Übersicht"});
     leaveAndReturn();
     EXPECT_EQ(tree().node(L"A").children().size(), 1U);
+}
+
+TEST_F(Navigator, TheLastDrawingCloses) {
+    start();
+    const std::wstring before = treeText();
+    for (const auto& document : std::vector(host().documents())) host().close(document);
+    // Without an active drawing everything stays.
+    choose(L"mnuViewRefresh");
+    EXPECT_EQ(status(), L"Keine aktive AutoCAD-Zeichnung !");
+    const std::size_t library = before.find(L"B ");
+    EXPECT_EQ(tree().node(L"A").children().size(), 2U);
+
+    // One that is closed since it was met leaves quietly.
+    host().addDocument(L"C:\\Haus 3", L"Neu.dwg", {L"Blatt 1"});
+    leaveAndReturn();
+    host().close(host().documents().front());
+    refresh();
+    EXPECT_TRUE(tree().node(L"A").children().empty());
+    EXPECT_EQ(treeText().substr(treeText().find(L"B ")).substr(0, 5), before.substr(library, 5));
+    EXPECT_TRUE(world.messages.shown.empty());
 }
 
 TEST_F(Navigator, DrawingsOfOneNameAreBothActive) {
@@ -168,6 +223,31 @@ TEST_F(Library, UnreadableFolderIsTold) {
               (std::vector<ShownBox>{{L"Vorlagen-Ordner kann nicht gelesen werden!", L"Blattwart",
                                       MessageButtons::ok, MessageIcon::critical}}));
     EXPECT_NE(tree().find(L"D6"), nullptr);
+}
+
+TEST_F(Library, StaysAsItWasWhileItsDriveDoesNotAnswer) {
+    start();
+    const std::wstring database = (folder.path() / "Tarvix.mdb").wstring();
+    world.files.forget(L"C:\\Vorlagen\\Plan A3.dwt");
+    const std::wstring before = treeText();
+    for (const std::wstring& silent : {std::wstring(L"C:\\Vorlagen"), database}) {
+        world.files.silentPaths = {silent};
+        calls.clear();
+        const std::int32_t last = lastNumber();
+        refresh();
+        EXPECT_EQ(hint(), L"Bibliothek antwortet nicht: letzter Stand");
+        EXPECT_EQ(calls.count(L"Recordset.Open") > 0, silent != database);
+        EXPECT_EQ(tree().find(L"D6") != nullptr, silent != database);
+        EXPECT_GT(lastNumber(), last) << "the drawings are read";
+        if (silent == database) continue;
+        EXPECT_EQ(treeText(), before);
+        choose(L"mnuViewRebuild");
+        EXPECT_EQ(tree().node(L"B").children().size(), 2U);
+    }
+    world.files.silentPaths.clear();
+    refresh();
+    EXPECT_EQ(hint(), L"");
+    EXPECT_TRUE(world.messages.shown.empty());
 }
 
 TEST_F(Library, RunningNumberDecidesItsEmptyLook) {

@@ -66,6 +66,18 @@ bool Operations::activeDocumentIsRight() {
     return main->autoCAD.GetActiveDrawingName() == name;
 }
 
+void Operations::loseAnswerOf(std::wstring_view className, std::wstring_view name, std::int32_t error) {
+    calls.clear();
+    calls.beforeCall([=, this](std::size_t number) {
+        const demo::RecordedCall& call = calls.calls().back();
+        if (call.className != className || call.name != name || call.kind == demo::RecordedCall::Kind::get)
+            return;
+        const bool refused = error == hresult::callRejected;
+        calls.failAt(number, RuntimeError(error, L"Fehler"),
+                     refused ? demo::Moment::before : demo::Moment::after);
+    });
+}
+
 void Operations::selectInList(const std::vector<std::wstring>& keys) {
     std::vector<ListItem*> items;
     items.reserve(keys.size());

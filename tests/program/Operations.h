@@ -28,6 +28,12 @@ class Operations : public Program {
     std::vector<std::wstring> typed();
     /// The program takes the host's active drawing for the active one.
     bool activeDocumentIsRight();
+    /// The hint in the status line.
+    std::wstring hint() { return form().sbStatusBar.panelText(2); }
+    /// The next call that changes something by this member fails: it was carried out and nobody waited for
+    /// the answer, or it was refused.
+    void loseAnswerOf(std::wstring_view className, std::wstring_view name,
+                      std::int32_t error = hresult::callCanceled);
     void selectInList(const std::vector<std::wstring>& keys);
     void endTreeEdit(const std::wstring& text) { tree().userEndsLabelEdit(&text); }
     void endListEdit(const std::wstring& text) { list().userEndsLabelEdit(&text); }

@@ -1,12 +1,15 @@
 #include "Operations.h"
 
 #include <algorithm>
+#include <array>
 
 namespace blattwart::test {
 namespace {
 
 constexpr const wchar_t* controlCharacters =
     L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!";
+
+const std::wstring asExpression = L"AutoCAD würde den Namen als Ausdruck ausführen: ";
 
 using DocumentOperations = Operations;
 
@@ -22,8 +25,10 @@ TEST_F(DocumentOperations, TypeTheirTextExactly) {
           Case{L"Z1", L"mnuSaveAS", L"Haus.dwg 1 _saveas¶"},
           Case{L"B", L"popDCB", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\Vorlagen¶"},
           Case{L"B", L"popDCD", L"Plan.dwg 1 ADCNAVIGIEREN¶¶¶"},
-          Case{L"D7", L"popDCD", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\Vorlagen\\Plan A3.dwt¶"},
+          Case{L"D7", L"popDCD", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\VORLAG~1\\PLANA3~1.DWT¶"},
           Case{L"D7", L"popInsert", L"Plan.dwg 0 layout¶vorlage¶C:\\Vorlagen\\Plan A3.dwt¶"}}) {
+        // The DesignCenter's path would be run word by word.
+        world.files.shortPaths = {{L"C:\\Vorlagen\\Plan A3.dwt", L"C:\\VORLAG~1\\PLANA3~1.DWT"}};
         // A command that is running would take the text for its own answers.
         for (const bool commandRuns : {true, false}) {
             restart();
@@ -45,6 +50,15 @@ TEST_F(DocumentOperations, TypeTheirTextExactly) {
             }
         }
     }
+    // Without a short form nothing is typed.
+    restart();
+    world.files.shortPaths.clear();
+    click(L"D7");
+    world.desktop.log.clear();
+    choose(L"popDCD");
+    EXPECT_TRUE(typed().empty());
+    EXPECT_EQ(world.desktop.log, std::vector<std::wstring>{L"setForeground 68108"});
+    EXPECT_EQ(hint(), L"DesignCenter: Der Pfad enthält Leerzeichen und hat keinen Kurznamen.");
 }
 
 TEST_F(DocumentOperations, AskAndGoWhereTheAnswerLeads) {
@@ -107,6 +121,17 @@ TEST_F(DocumentOperations, MoveTheMarksAlsoWhenTheUserStays) {
     refresh();
     EXPECT_TRUE(tree().node(L"Z3").bold());
 
+    // The drawing that AutoCAD has active now counts, not the one of the last look.
+    host().activate(document(L"Haus.dwg"));
+    click(L"L5");
+    form().tbToolBar.userClicks(L"Active");
+    EXPECT_EQ(hostState(), L"Plan.dwg/Blatt 2 2");
+    host().activate(document(L"Haus.dwg"));
+    click(L"D7");
+    choose(L"popInsert");
+    EXPECT_EQ(typed(), std::vector<std::wstring>{L"Haus.dwg 0 layout¶vorlage¶C:\\Vorlagen\\Plan A3.dwt¶"});
+    document(L"Haus.dwg")->commandLine().type(L"\x1b");
+
     // Of a drawing closed meanwhile no layout is looked for in another one.
     host().close(document(L"Haus.dwg"));
     document(L"Plan.dwg")->drawing().setCurrentLayout(*document(L"Plan.dwg")->findLayout(L"Schnitt"));
@@ -134,6 +159,78 @@ TEST_F(DocumentOperations, TellWhatIsOpenAndWhatFails) {
     choose(L"mnuSave");
     EXPECT_EQ(world.messages.shown.back(),
               told(L"Plan.dwg konnte nicht gespeichert werden!\n\nDateifehler", MessageIcon::critical));
+    // Whether it was done is not known when the answer is lost.
+    host().close(host().findDocument(L"C:\\Vorlagen\\Plan A3.dwt"));
+    loseAnswerOf(L"Documents", L"Open");
+    click(L"D7");
+    choose(L"mnuTemplateOpen");
+    EXPECT_EQ(world.messages.shown.back(),
+              told(L"Ob C:\\Vorlagen\\Plan A3.dwt geöffnet wurde, ist nicht bekannt!\n\nFehler"));
+    click(L"Z1");
+    loseAnswerOf(L"Document", L"Save");
+    world.messages.answer(MessageAnswer::yes);
+    choose(L"mnuSave");
+    EXPECT_EQ(world.messages.shown.back(),
+              told(L"Ob Haus.dwg gespeichert wurde, ist nicht bekannt!\n\nFehler", MessageIcon::critical));
+    // A host that refuses a call has done nothing.
+    loseAnswerOf(L"Document", L"Activate", hresult::callRejected);
+    choose(L"mnuDrawing");
+    EXPECT_EQ(world.messages.shown.back(),
+              told(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal."));
+}
+
+TEST_F(DocumentOperations, AHostThatDoesNotAnswerIsToldOnceAndNothingElseHappens) {
+    struct Case {
+        const wchar_t* node;
+        const wchar_t* listItem;
+        const wchar_t* item;
+    };
+    for (const Case& c :
+         {Case{L"Z1", L"", L"mnuActive"}, Case{L"L2", L"", L"mnuEditOpen"}, Case{L"Z1", L"", L"mnuDrawing"},
+          Case{L"Z1", L"", L"mnuSave"}, Case{L"Z1", L"", L"mnuSaveAS"}, Case{L"Z1", L"", L"mnuFileClose"},
+          Case{L"L5", L"", L"mnuFileDelete"}, Case{L"L5", L"", L"mnuFileRename"},
+          Case{L"L5", L"", L"mnuEditCopy"}}) {
+        restart();
+        click(c.node);
+        const std::wstring before = treeText();
+        world.messages.answer(MessageAnswer::yes);
+        presenter.inKopieren = [this](frmKopieren& dialog) {
+            dialog.cmdStart.userClicks();
+            EXPECT_FALSE(presenter.dialog.closed) << "he may try again";
+        };
+        calls.clear();
+        calls.refuse(RuntimeError(hresult::callRejected, L"Abgelehnt"));
+        choose(c.item);
+        if (tree().editedNode()) endTreeEdit(L"Neu");
+        std::vector<ShownBox> boxes = world.messages.shown;
+        std::erase_if(boxes, [](const ShownBox& box) { return box.buttons == MessageButtons::yesNo; });
+        EXPECT_EQ(boxes, std::vector{told(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.")})
+            << testing::PrintToString(c.item);
+        EXPECT_EQ(calls.count(L"Recordset"), 0U);
+        EXPECT_EQ(treeText(), before);
+        EXPECT_EQ(main->records.DrawingRecords.Count(), 2);
+    }
+}
+
+TEST_F(DocumentOperations, ADocumentThatCannotBeNamedDoesNotHideTheOthers) {
+    click(L"Z3");
+    for (const std::size_t unreadable : {3U, 4U}) {
+        calls.clear();
+        calls.failAt(unreadable, RuntimeError(hresult::unknownName, L"Fehler"));
+        const FoundDocuments found = main->autoCAD.find(L"C:\\Projekte\\Plan.dwg");
+        // The first is another one, the second the one looked for.
+        EXPECT_EQ(found.outcome, unreadable == 3 ? Lookup::found : Lookup::noAnswer);
+    }
+    // Who has gone for good has nothing open.
+    host().close(document(L"Haus.dwg"));
+    EXPECT_EQ(main->autoCAD.find(L"C:\\Projekte\\Haus.dwg").outcome, Lookup::notOpen);
+    click(L"Z1");
+    choose(L"mnuSave");
+    EXPECT_EQ(hint(), L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet.");
+    click(L"Z3");
+    EXPECT_EQ(hint(), L"");
+    demo.end();
+    EXPECT_EQ(main->autoCAD.find(L"C:\\Projekte\\Plan.dwg").outcome, Lookup::notOpen);
 }
 
 TEST_F(DocumentOperations, CloseLeavesTheQuestionToTheHost) {
@@ -159,7 +256,9 @@ TEST_F(DocumentOperations, NewDrawingsAndInsertedLayoutsAreTheTemplates) {
     document(L"Plan.dwg")->save();
     EXPECT_EQ(layoutsOf(host().disk().load(L"C:\\Projekte\\Plan.dwg")), L"Blatt 1,Blatt 2,Schnitt,Rahmen A3");
 
+    world.desktop.log.clear();
     choose(L"mnuTemplate");
+    EXPECT_EQ(world.desktop.log, std::vector<std::wstring>{L"setForeground 68108"});
     EXPECT_EQ(hostState(), L"Zeichnung1.dwg/Rahmen A3 3");
     EXPECT_TRUE(activeDocumentIsRight());
     click(L"B");
@@ -194,6 +293,7 @@ TEST_F(TemplateOperations, SaveTheLayoutUnderTheTypedName) {
         refresh();
         const std::wstring key = tree().node(L"Z3").children().back()->key();
         host().activate(document(L"Haus.dwg"));
+        leaveAndReturn();
         world.settings.set(L"ColOrderD", L"1,0");
         begin(c.fromList ? L"Z3" : key.c_str(), c.fromList ? key.c_str() : L"");
         EXPECT_EQ(tree().editText(), source);
@@ -205,10 +305,15 @@ TEST_F(TemplateOperations, SaveTheLayoutUnderTheTypedName) {
         EXPECT_EQ(host().filedia(), 1);
         EXPECT_EQ(layoutsOf(host().disk().load(file)), source);
         EXPECT_TRUE(activeDocumentIsRight());
+        EXPECT_TRUE(tree().node(L"Z3").bold() && tree().node(L"L4").bold());
+        EXPECT_FALSE(tree().node(L"Z1").bold() || tree().node(L"L2").bold());
 
         // The node made from the placeholder is the template's, in this and in later refreshes.
         const std::wstring made = L"D" + std::to_wstring(main->records.LastNumber);
         EXPECT_EQ(tree().selected()->key(), made);
+        EXPECT_FALSE(tree().node(L"Z1").bold());
+        EXPECT_TRUE(tree().node(L"Z3").bold());
+        EXPECT_TRUE(tree().node(L"L4").bold());
         EXPECT_EQ(tree().selected()->text(), c.name + L".dwt");
         EXPECT_EQ(status(), L"C:\\Vorlagen");
         EXPECT_TRUE(form().item(L"mnuTemplateDelete").enabled());
@@ -245,6 +350,20 @@ TEST_F(TemplateOperations, RefusedNamesLeaveNothing) {
     begin(L"L6");
     endTreeEdit(L"Neu");
     EXPECT_EQ(world.messages.shown.back(), told(controlCharacters));
+    tree().node(L"L6").setText(L"(quit)");
+    begin(L"L6");
+    endTreeEdit(L"Neu");
+    EXPECT_EQ(world.messages.shown.back(), told(asExpression + L"(quit)"));
+    world.messages.clear();
+    // Without a folder the file would go to the drive's root.
+    main->records.TemplateFolder.clear();
+    begin(L"L4");
+    endTreeEdit(L"Neu");
+    EXPECT_EQ(hint(), L"Es ist kein Vorlagenordner bekannt: Es wurde keine Vorlage angelegt.");
+    EXPECT_EQ(tree().find(L"D0"), nullptr);
+    begin(L"Z3");
+    EXPECT_EQ(hint(), L"Bitte zuerst in der Liste ein Layout auswählen.");
+    EXPECT_TRUE(world.messages.shown.empty());
     EXPECT_TRUE(typed().empty());
 }
 
@@ -256,9 +375,15 @@ TEST_F(TemplateOperations, DeleteAsksFirst) {
         if (*node == L'B') selectInList({L"D7"});
         choose(L"mnuTemplateDelete");
         EXPECT_NE(tree().find(L"D7"), nullptr);
+        EXPECT_EQ(hint(), L"");
+        world.files.fails = [](std::wstring_view call) { return call == L"Files.remove"; };
+        world.messages.answer(MessageAnswer::yes);
+        choose(L"mnuTemplateDelete");
+        EXPECT_EQ(hint(), L"Die Datei kann nicht gelöscht werden: Zugriff verweigert");
+        world.files.fails = [](std::wstring_view) { return false; };
         world.messages.answer(MessageAnswer::yes);
         form().tbToolBar.userClicks(L"Delete");
-        EXPECT_EQ(world.messages.shown, (std::vector{asked, asked}));
+        EXPECT_EQ(world.messages.shown, (std::vector{asked, asked, asked}));
         EXPECT_EQ(tree().find(L"D7"), nullptr);
         EXPECT_FALSE(world.files.exists(L"C:\\Vorlagen\\Plan A3.dwt"));
         world.files.add(L"C:\\Vorlagen\\Plan A3.dwt");
@@ -298,10 +423,28 @@ TEST_F(LayoutOperations, CopiesAreNumberedAndTheFirstBecomesCurrent) {
         EXPECT_EQ(tree().node(L"Z3").children().size(), 3U + static_cast<std::size_t>(c.copies));
     }
     restart();
-    std::wstring name = L"Neu\nX";
-    EXPECT_FALSE(main->tarvix.CopyLayouts(L"Blatt 1", name, 2));
-    EXPECT_EQ(world.messages.shown, std::vector{told(controlCharacters)});
+    for (const auto& [source, base, message] :
+         std::vector<std::array<std::wstring, 3>>{{L"Blatt 1", L"Neu\nX", controlCharacters},
+                                                  {L"Blatt 1", L"(quit)", asExpression + L"(quit)"},
+                                                  {L"Blatt 1", L" !x", asExpression + L" !x"},
+                                                  {L"'_.ERASE", L"Neu", asExpression + L"'_.ERASE"}}) {
+        std::wstring name = base;
+        EXPECT_FALSE(main->tarvix.CopyLayouts(source, name, 2));
+        EXPECT_EQ(world.messages.shown.back(), told(message));
+    }
     EXPECT_TRUE(typed().empty());
+    EXPECT_TRUE(document(L"Plan.dwg")->commandLine().history().empty());
+    // Elsewhere in a name they do no harm.
+    std::wstring name = L"Neu (1)!";
+    EXPECT_TRUE(main->tarvix.CopyLayouts(L"Blatt 1", name, 1));
+    EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Neu (1)!,Blatt 1,Blatt 2,Schnitt");
+    // What fails on the way leaves the copies made before.
+    loseAnswerOf(L"Document", L"SendCommand");
+    name = L"Zwei";
+    EXPECT_TRUE(main->tarvix.CopyLayouts(L"Blatt 1", name, 2));
+    EXPECT_EQ(world.messages.shown.back(),
+              told(L"Kopieren des neuen Layouts fehlgeschlagen!", MessageIcon::critical));
+    EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Neu (1)!,Zwei1,Blatt 1,Blatt 2,Schnitt");
     // The search gives up: the bare name, which is taken.
     std::int16_t counter = 2500;
     EXPECT_EQ(main->tarvix.NextFreeLayoutNumber({}, L"Neu", counter), 0);
@@ -349,13 +492,83 @@ TEST_F(LayoutOperations, DeleteExactlyTheSelectedOnes) {
     EXPECT_EQ(world.messages.shown, std::vector{told(L"Bitte rufen Sie Tarvix über das AutoCAD-Menü auf!")});
 }
 
+TEST_F(LayoutOperations, DeleteNothingElseThanTheSelectedOnes) {
+    struct Case {
+        const wchar_t* call;  // the user clicks elsewhere directly before it
+        int attempt;
+        bool otherDrawing;  // on another drawing, else on another tab
+        const wchar_t* left;
+    };
+    const auto spared = told(L"Das Layout ist nicht mehr das aktive und wurde nicht gelöscht: Blatt 2");
+    for (const Case& c :
+         {Case{L"LoadDVB", 1, true, L"Blatt 1"}, Case{L"LoadDVB", 1, false, L"Blatt 1"},
+          Case{L"get ActiveDocument", 1, true, nullptr}, Case{L"get ActiveDocument", 2, true, nullptr},
+          Case{L"get ActiveLayout", 1, false, nullptr}, Case{L"get ActiveLayout", 2, false, nullptr}}) {
+        restart();
+        click(L"Z3");
+        selectInList({L"L5", L"L6"});
+        world.desktop.log.clear();
+        int met = 0;
+        calls.beforeCall([&](std::size_t) {
+            const demo::RecordedCall& call = calls.calls().back();
+            const bool isGet = call.kind == demo::RecordedCall::Kind::get;
+            if ((isGet ? L"get " + call.name : call.name) != c.call || ++met != c.attempt) return;
+            if (c.otherDrawing) {
+                host().activate(document(L"Haus.dwg"));
+            } else {
+                demo::Drawing& drawing = document(L"Plan.dwg")->drawing();
+                drawing.setCurrentLayout(*drawing.findLayout(L"Blatt 1"));
+            }
+        });
+        choose(L"mnuFileDelete");
+        calls.beforeCall({});
+        EXPECT_EQ(layoutsOf(L"Plan.dwg"), c.left ? c.left : L"Blatt 1,Blatt 2,Schnitt");
+        EXPECT_EQ(layoutsOf(L"Haus.dwg"), L"Blatt 1");
+        EXPECT_EQ(world.messages.shown, c.left ? std::vector<ShownBox>{} : std::vector{spared});
+        EXPECT_EQ(world.desktop.log.size(), c.left ? 3U : static_cast<std::size_t>(c.attempt));
+    }
+    // A lost answer ends the series: whether a layout went is not known.
+    restart();
+    host().macros().load(L"Tarvix.dvb");
+    click(L"Z3");
+    selectInList({L"L5", L"L6"});
+    loseAnswerOf(L"Application", L"RunMacro");
+    choose(L"mnuFileDelete");
+    EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Blatt 1,Schnitt");
+}
+
+TEST_F(LayoutOperations, WorkInFoldersWithASemicolon) {
+    host().addDocument(L"C:\\Alt; neu", L"Bad;1.dwg", {L"Decke", L"Wand"});
+    host().activate(document(L"Plan.dwg"));
+    refresh();
+    const std::wstring key = tree().roots().front()->children().back()->children().back()->key();
+    click(key);
+    form().tbToolBar.userClicks(L"Active");
+    EXPECT_EQ(hostState(), L"Bad;1.dwg/Wand 3");
+    for (const wchar_t* name : {L"Boden oben", L"Dach"}) {
+        choose(L"mnuFileRename");
+        endTreeEdit(name);
+        refresh();
+        EXPECT_EQ(tree().node(key).text(), name);
+    }
+    choose(L"mnuFileDelete");
+    EXPECT_EQ(layoutsOf(host().activeDocument()->drawing()), L"Decke");
+    EXPECT_TRUE(world.messages.shown.empty());
+}
+
 TEST_F(LayoutOperations, CreateInTheChosenOrInTheActiveDrawing) {
     click(L"Z1");
+    world.desktop.log.clear();
     choose(L"mnuCreate");
     EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Blatt 1,Blatt 2,Schnitt,Layout4");
     // The macro project was loaded on demand.
-    EXPECT_EQ(calls.count(L"LoadDVB"), 1U);
-    EXPECT_EQ(calls.count(L"RunMacro"), 3U);
+    std::vector<std::wstring> macros;
+    for (const demo::RecordedCall& call : calls.calls())
+        if (call.name == L"LoadDVB" || call.name == L"RunMacro")
+            macros.push_back(*call.arguments.front().as<std::wstring>());
+    EXPECT_EQ(macros, (std::vector<std::wstring>{L"Programm.TX_Layout", world.files.folder + L"\\Tarvix.dvb",
+                                                 L"Programm.TX_Starten", L"Programm.TX_Layout"}));
+    EXPECT_EQ(world.desktop.log.size(), 2U);
     click(L"A");
     choose(L"popCreate");
     EXPECT_EQ(world.messages.shown, std::vector{told(L"Es ist nichts ausgewählt.", MessageIcon::none)});
@@ -409,6 +622,22 @@ TEST_F(LayoutOperations, RenameByLabel) {
             EXPECT_TRUE(!c.inList || list().find(L"L5")->text() == name);
         }
     }
+}
+
+TEST_F(LayoutOperations, RenameOnlyWhatIsOpen) {
+    click(L"L5");
+    loseAnswerOf(L"Layout", L"Name");
+    choose(L"mnuFileRename");
+    endTreeEdit(L"Neu");
+    EXPECT_EQ(world.messages.shown.back(),
+              told(L"Ob das Layout umbenannt wurde, ist nicht bekannt!\n\nFehler"));
+    host().close(document(L"Plan.dwg"));
+    world.messages.clear();
+    choose(L"mnuFileRename");
+    endTreeEdit(L"Neu 2");
+    EXPECT_EQ(hint(), L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet.");
+    EXPECT_TRUE(world.messages.shown.empty());
+    EXPECT_EQ(tree().node(L"L5").text(), L"Blatt 2");
 }
 
 TEST_F(LayoutOperations, RenamingSeveralRefusesControlCharactersAndEndsWithEsc) {

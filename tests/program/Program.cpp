@@ -64,8 +64,7 @@ std::wstring Program::treeText() {
 }
 
 void Program::leaveAndReturn() {
-    world.desktop.foregroundWindow = 1;
-    form().ctlTimer_Timer();
+    leave();
     world.desktop.foregroundWindow = FakeWindow::ownHandle;
     form().ctlTimer_Timer();
 }

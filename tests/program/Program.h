@@ -43,6 +43,7 @@ class Program : public testing::Test {
     ListView& list() { return form().lvListView; }
     demo::Host& host() { return *demo.host(); }
     std::wstring status() { return form().sbStatusBar.panelText(1); }
+    std::wstring hint() { return form().sbStatusBar.panelText(2); }
 
     /// The tree as text, one node a line: indented, key, text, "*" bold, "<" selected.
     std::wstring treeText();
@@ -50,6 +51,10 @@ class Program : public testing::Test {
     void refresh() { main->views->RefreshTree(); }
     /// The user goes to another program and comes back; the watchdog looks at both.
     void leaveAndReturn();
+    void leave() {
+        world.desktop.foregroundWindow = 1;
+        form().ctlTimer_Timer();
+    }
     /// The user chooses a menu item, if it is enabled.
     void choose(std::wstring_view item);
     /// From now on the database is a new one, changed by these SQL statements.

@@ -24,6 +24,7 @@ TEST_F(StartUp, AttachesToTheRunningHostAndShowsItsDrawings) {
     EXPECT_EQ(status(), L"C:\\Projekte\\Plan.dwg");
     EXPECT_EQ(main->gWasForeground, 1);
     EXPECT_EQ(main->views->tree.CurrentNodeKind, L"L");
+    EXPECT_TRUE(tree().dragAutomatic());
     EXPECT_EQ(world.desktop.foregroundWindow, FakeWindow::ownHandle);
     EXPECT_TRUE(world.messages.shown.empty());
 }
@@ -159,6 +160,66 @@ TEST_F(Watchdog, NoticesThatTheHostHasGone) {
     EXPECT_EQ(world.messages.shown.size(), 1U);
     EXPECT_TRUE(world.process.ended);
     EXPECT_EQ(world.settings.writes, writes);
+}
+
+TEST_F(Watchdog, AReturnReadsTheHostOnce) {
+    const auto cost = [this](const std::function<void()>& action) {
+        calls.clear();
+        action();
+        return calls.count();
+    };
+    const std::size_t refresh = cost([this] { choose(L"mnuViewRefresh"); });
+    leave();
+    host().addDocument(L"C:\\Projekte", L"Neu.dwg", {L"Blatt 1"});
+    world.desktop.foregroundWindow = FakeWindow::ownHandle;
+    form().Form_Activate();
+    EXPECT_NE(treeText().find(L"Neu.dwg*"), std::wstring::npos);
+    EXPECT_EQ(cost([this] { form().ctlTimer_Timer(); }), 0U);
+    host().close(host().documents().back());
+    leave();
+    world.desktop.foregroundWindow = FakeWindow::ownHandle;
+    EXPECT_LE(cost([this] {
+                  form().Form_Activate();
+                  form().ctlTimer_Timer();
+              }),
+              refresh + 3);
+
+    // Who was not away has the list filled.
+    const int rows = list().count();
+    list().clear();
+    form().Form_Activate();
+    EXPECT_EQ(list().count(), rows);
+    EXPECT_GT(rows, 0);
+}
+
+TEST_F(Watchdog, AHostThatDoesNotAnswerIsRunning) {
+    const std::wstring before = treeText();
+    for (const std::int32_t refusal : {hresult::callRejected, hresult::callCanceled}) {
+        calls.refuse(RuntimeError(refusal, L"Abgelehnt"));
+        leaveAndReturn();
+        EXPECT_EQ(world.messages.shown,
+                  (std::vector<ShownBox>{{L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!",
+                                          L"Blattwart", MessageButtons::ok, MessageIcon::critical}}));
+        EXPECT_EQ(tree().node(L"A").children().size(), 1U);
+        EXPECT_EQ(tree().node(L"B").children().size(), 2U);
+        EXPECT_TRUE(form().item(L"mnuShow").enabled());
+        world.messages.clear();
+        main->autoCAD.StartAutoCAD();
+        EXPECT_EQ(world.messages.texts(),
+                  std::vector<std::wstring>{L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal."});
+        world.messages.clear();
+        calls.heal();
+        leaveAndReturn();
+        EXPECT_EQ(treeText().substr(0, treeText().find(L"B ")), before.substr(0, before.find(L"B ")));
+        EXPECT_TRUE(world.messages.shown.empty());
+    }
+    // One that the user has started before he answers is taken.
+    demo.end();
+    world.messages.whileOpen = [this](const ShownBox&) { demo.start(); };
+    world.messages.expect(startQuestion, MessageAnswer::yes);
+    calls.clear();
+    leaveAndReturn();
+    EXPECT_TRUE(host().documents().empty()) << "a second one would have a new drawing";
 }
 
 TEST_F(Watchdog, AttachesToANewHost) {

@@ -1,5 +1,8 @@
 #include "win32/com/ComObject.h"
 
+#include <algorithm>
+
+#include "platform/Conversions.h"
 #include "win32/com/ComArguments.h"
 #include "win32/com/ComError.h"
 

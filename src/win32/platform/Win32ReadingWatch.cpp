@@ -26,7 +26,6 @@ void Win32ReadingWatch::begin(std::wstring_view what) {
     text_ = std::wstring(what) + L" … (Esc bricht ab)";
     begunAt_ = GetTickCount64();
     shown_ = false;
-    reading_ = true;
     escaped_ = false;
 }
 
@@ -42,16 +41,13 @@ bool Win32ReadingWatch::goOn() {
 }
 
 void Win32ReadingWatch::end() {
-    reading_ = false;
     if (!shown_) return;
     SetCursor(cursorBefore_);
     showWork_({});
 }
 
-bool Win32ReadingWatch::takeInput(const MSG& message) {
-    const bool escape = reading_ && message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE;
-    if (escape) escaped_ = true;
-    return escape;
+void Win32ReadingWatch::noteInput(const MSG& message) {
+    if (message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE) escaped_ = true;
 }
 
 }  // namespace blattwart

@@ -21,8 +21,8 @@ class Win32ReadingWatch : public ReadingWatch {
     bool goOn() override;
     void end() override;
 
-    /// Esc during a reading, which a waiting call would throw away; true when it was that.
-    bool takeInput(const MSG& message);
+    /// To be told of input that a waiting call throws away: Esc ends the reading all the same.
+    void noteInput(const MSG& message);
 
   private:
     std::function<void(const std::wstring&)> showWork_;
@@ -30,7 +30,6 @@ class Win32ReadingWatch : public ReadingWatch {
     std::uint64_t begunAt_ = 0;
     HCURSOR cursorBefore_ = nullptr;
     bool shown_ = false;
-    bool reading_ = false;
     bool escaped_ = false;
 };
 

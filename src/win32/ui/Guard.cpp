@@ -1,5 +1,7 @@
 #include "win32/ui/Guard.h"
 
+#include <windows.h>
+
 #include "platform/RuntimeError.h"
 
 namespace blattwart {

@@ -2,6 +2,9 @@
 
 #include <windows.h>
 
+#include <string>
+#include <vector>
+
 #include "controls/Control.h"
 #include "win32/ui/ControlWindow.h"
 
@@ -20,6 +23,8 @@ class StatusBarWindow : public ControlWindow {
     void showBusy(const std::wstring& text);
 
   private:
+    std::vector<int> parts() const;
+    int widthOf(const std::wstring& text) const;
     void showText(int part, const std::wstring& text) const;
 
     StatusBar& model_;
