@@ -123,7 +123,8 @@ FoundDocuments basAutoCAD::find(const std::wstring& fullName) {
 
 FoundDocuments basAutoCAD::findByKey(std::wstring_view key) {
     std::wstring fullName;
-    if (!ignoringErrors([&] { fullName = records_.DrawingRecords.Item(recordKey(key))->Gesamt; })) return {};
+    if (!ignoringErrors([&] { fullName = records_.DrawingRecords.Item(NodeKey::parse(key))->Gesamt; }))
+        return {};
     return find(fullName);
 }
 

@@ -2,13 +2,14 @@
 
 #include <cstdint>
 #include <limits>
+#include <memory>
 #include <string>
-#include <string_view>
+#include <utility>
 
 #include "data/CAcadobj.h"
 #include "data/Collection.h"
 #include "data/CVorlage.h"
-#include "platform/Conversions.h"
+#include "data/NodeKey.h"
 #include "platform/RuntimeError.h"
 
 namespace blattwart {
@@ -16,11 +17,26 @@ namespace blattwart {
 /// `Vorhanden` of a record that the last refresh has met.
 inline constexpr std::int16_t present = -1;
 
+/// Records looked up by the key of the node or list entry that they stand behind, too.
+template <class Record>
+class RecordCollection : public Collection<Record> {
+  public:
+    using Collection<Record>::Item;
+
+    /// Adds a record under its own number.
+    void add(std::shared_ptr<Record> record) {
+        std::wstring key = std::to_wstring(record->Nummer);
+        this->Add(std::move(record), key);
+    }
+    /// Throws RuntimeError (invalid call) where there is none.
+    std::shared_ptr<Record> Item(const NodeKey& key) const { return Item(std::to_wstring(key.number())); }
+};
+
 /// The records behind the navigator's nodes and list entries, and their running number.
 struct NavigatorRecords {
-    Collection<CAcadobj> DrawingRecords;
-    Collection<CAcadobj> LayoutRecords;
-    Collection<CVorlage> TemplateRecords;
+    RecordCollection<CAcadobj> DrawingRecords;
+    RecordCollection<CAcadobj> LayoutRecords;
+    RecordCollection<CVorlage> TemplateRecords;
     std::int32_t LastNumber = 0;
     /// The library folder as read at the last scan, without a backslash at its end.
     std::wstring TemplateFolder;
@@ -32,11 +48,5 @@ struct NavigatorRecords {
         ++LastNumber;
     }
 };
-
-/// The collection key in a node's or list entry's key: what follows the kind letter, read as a number.
-inline std::wstring recordKey(std::wstring_view nodeKey) {
-    const std::wstring_view digits = nodeKey.empty() ? nodeKey : nodeKey.substr(1);
-    return std::to_wstring(toInt32(numericPrefix(digits)));
-}
 
 }  // namespace blattwart

@@ -18,7 +18,7 @@ LayoutDialog::LayoutDialog(const LayoutDialogContext& context) : context_(contex
 
 void LayoutDialog::takeDrawing() {
     const TreeNode* node = selectedNode();
-    if (!node->key().starts_with(L'Z')) node = node->parent();
+    if (NodeKey::parse(node->key()).kind() != NodeKind::drawing) node = node->parent();
     txtDokument.setText(node->text());
     drawingKey_ = node->key();
 }

@@ -11,7 +11,7 @@ frmKopieren::frmKopieren(const LayoutDialogContext& context, basTarvix& tarvix)
 bool frmKopieren::Form_Load() {
     const TreeNode& node = *selectedNode();
     std::wstring source = node.text();
-    if (node.key().starts_with(L'Z')) {
+    if (NodeKey::parse(node.key()).kind() == NodeKind::drawing) {
         const ListItem* item = context().list.selected();
         if (!item) {
             context().platform.messages.warn(

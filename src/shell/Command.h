@@ -4,20 +4,22 @@
 
 #include "controls/Menu.h"
 #include "controls/ToolBar.h"
+#include "data/NodeKey.h"
 
 namespace blattwart {
 
 class frmMain;
 
-/// Kinds of tree nodes as a set: the kind letters of the navigator's keys.
-enum NodeKinds : unsigned {
-    noKind = 0,
-    kindA = 1,   ///< root of the loaded drawings
-    kindZ = 2,   ///< a drawing
-    kindL = 4,   ///< a layout
-    kindB = 8,   ///< root of the library
-    kindD = 16,  ///< a template
-};
+/// Kinds of tree nodes as a set.
+constexpr unsigned kindBit(NodeKind kind) {
+    return 1U << static_cast<unsigned>(kind);
+}
+inline constexpr unsigned noKind = 0;
+inline constexpr unsigned kindA = kindBit(NodeKind::loadedDrawings);
+inline constexpr unsigned kindZ = kindBit(NodeKind::drawing);
+inline constexpr unsigned kindL = kindBit(NodeKind::layout);
+inline constexpr unsigned kindB = kindBit(NodeKind::library);
+inline constexpr unsigned kindD = kindBit(NodeKind::libraryFile);
 
 /// When a command can be chosen.
 enum class Enabling {

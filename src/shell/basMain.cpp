@@ -73,7 +73,7 @@ void basMain::showMainWindow() {
     gWasForeground = 1;
     views->columns.ListMode = ListKind::none;
     views->showSelectedNode();
-    views->columns.RestoreColumnOrder(views->tree.selectedKind());
+    views->columns.RestoreColumnOrder(kindLetter(views->tree.selectedKey().kind()));
     views->tree.GetSelectedNodeKind();
     form.MnuOptAutoCheck();
     form.SetTreeViewViewBySetting();
@@ -85,9 +85,9 @@ void basMain::RefreshTree() {
 }
 
 void basMain::ShowNodeStatus() {
-    const std::wstring kind = views->tree.selectedKind();
+    const NodeKind kind = views->tree.selectedKey().kind();
     std::wstring text;
-    if (kind == L"B" || kind == L"D") {
+    if (kind == NodeKind::library || kind == NodeKind::libraryFile) {
         text = records.TemplateFolder;
     } else {
         text = autoCAD.GetActiveDrawingName();

@@ -13,6 +13,7 @@
 #include "controls/Menu.h"
 #include "controls/ToolBar.h"
 #include "controls/TreeView.h"
+#include "data/NodeKey.h"
 #include "platform/Platform.h"
 #include "shell/Command.h"
 
@@ -170,7 +171,7 @@ class frmMain {
     void lvListView_ColumnClick(int column);
     void popUpContextMenu(const Control& opener);
     void OpenListItem();
-    std::wstring selectedKind() const;
+    NodeKind selectedKind() const;
     LayoutDialogContext dialogContext();
 
     /// What an in-place edit of a tree label means.

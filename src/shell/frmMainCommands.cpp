@@ -13,12 +13,6 @@ namespace {
 constexpr const wchar_t* viewCaption = L"&Ansicht";
 constexpr int lastVisibleButton = 22;
 
-unsigned kindBit(std::wstring_view kind) {
-    constexpr std::wstring_view letters = L"AZLBD";
-    const std::size_t place = kind.empty() ? std::wstring_view::npos : letters.find(kind.front());
-    return place == std::wstring_view::npos ? noKind : 1U << place;
-}
-
 MenuItem& subMenu(MenuItem& menu, std::wstring_view caption) {
     for (const auto& entry : menu.items())
         if (entry->caption() == caption) return *entry;
@@ -111,7 +105,7 @@ void frmMain::showPlaceholder(const Command& command) {
 }
 
 void frmMain::VisbibleMnuMenu() {
-    const unsigned kind = kindBit(modules_->views.tree.selectedKind());
+    const unsigned kind = kindBit(selectedKind());
     // Asks the host, so at most once and only where a row depends on it.
     std::optional<bool> modelSpace;
     const auto modelSpaceOnce = [&] {
@@ -152,7 +146,7 @@ bool frmMain::isEnabled(const Command& command, unsigned kind, const std::functi
 }
 
 bool frmMain::drawingHasOtherLayouts(const TreeNode* node) const {
-    const TreeNode* drawing = node->key().front() == L'L' ? node->parent() : node;
+    const TreeNode* drawing = NodeKey::parse(node->key()).kind() == NodeKind::layout ? node->parent() : node;
     return drawing && drawing->children().size() >= 2;
 }
 

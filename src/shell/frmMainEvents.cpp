@@ -26,7 +26,7 @@ void frmMain::connectEvents() {
         // Only the drawing selected among several decides anything.
         .selectionChange =
             [this] {
-                if (selectedKind() == L"A") handle([this] { VisbibleMnuMenu(); });
+                if (selectedKind() == NodeKind::loadedDrawings) handle([this] { VisbibleMnuMenu(); });
             },
         .columnClick = [this](int column) { lvListView_ColumnClick(column); },
         .afterLabelEdit =
@@ -48,8 +48,8 @@ void frmMain::showStateOfSelection() {
 }
 
 void frmMain::setDragMode() {
-    const std::wstring kind = selectedKind();
-    tvTreeView.setDragAutomatic(kind != L"A" && kind != L"B");
+    const NodeKind kind = selectedKind();
+    tvTreeView.setDragAutomatic(kind != NodeKind::loadedDrawings && kind != NodeKind::library);
 }
 
 void frmMain::tvTreeView_AfterLabelEdit(const std::wstring& newText) {
@@ -81,20 +81,21 @@ void frmMain::lvListView_ColumnClick(int column) {
 }
 
 bool frmMain::listShowsDetails() const {
-    const std::wstring kind = selectedKind();
-    return kind == L"L" || kind == L"D";
+    const NodeKind kind = selectedKind();
+    return kind == NodeKind::layout || kind == NodeKind::libraryFile;
 }
 
 void frmMain::popUpContextMenu(const Control& opener) {
     handle([&] {
         VisbibleMnuMenu();
-        const std::wstring kind = selectedKind();
-        if (kind.empty()) return;
-        MenuItem& menu = kind == L"B" || kind == L"D" ? popupTemplateMenu
-                         : kind == L"L"               ? popupLayoutMenu
-                                                      : popupDrawingMenu;
+        const NodeKind kind = selectedKind();
+        if (kind == NodeKind::none) return;
+        MenuItem& menu = kind == NodeKind::library || kind == NodeKind::libraryFile ? popupTemplateMenu
+                         : kind == NodeKind::layout                                 ? popupLayoutMenu
+                                                                                    : popupDrawingMenu;
         // A double click in the list, or on a root, only moves in the tree.
-        menu.items().front()->setDefault(&opener == &tvTreeView && kind != L"A" && kind != L"B");
+        menu.items().front()->setDefault(&opener == &tvTreeView && kind != NodeKind::loadedDrawings &&
+                                         kind != NodeKind::library);
         window_->popUpMenu(menu);
     });
 }
@@ -103,8 +104,9 @@ void frmMain::OpenListItem() {
     const ListItem* entry = lvListView.selected();
     if (!entry) return;
     TreeNode* node = tvTreeView.find(entry->key());
-    const wchar_t kind = entry->key().front();
-    if (!node || (kind != L'A' && kind != L'B' && kind != L'Z')) return;
+    const NodeKind kind = NodeKey::parse(entry->key()).kind();
+    if (!node || (kind != NodeKind::loadedDrawings && kind != NodeKind::library && kind != NodeKind::drawing))
+        return;
     const basAutoCAD::OneLook look(modules_->autoCAD);
     tvTreeView.select(*node);
     node->setExpanded(true);
@@ -117,25 +119,27 @@ void frmMain::OpenListItem() {
 bool frmMain::isDropTarget() {
     const TreeNode* target = tvTreeView.dropHighlight();
     if (!target) return false;
-    const wchar_t kind = target->key().front();
-    if (kind == L'A' || kind == L'B') return true;
+    if (NodeKey::parse(target->key()).isRoot()) return true;
     platform_.messages.warn(L"Objekte können nur in die Bibliothek eingefügt oder geladen werden!");
     return false;
 }
 
 void frmMain::tvTreeView_FilesDropped(const std::vector<std::wstring>& files) {
-    if (!isDropTarget() || tvTreeView.dropHighlight()->key() != L"A" || !modules_->autoCAD.gAcadApp) return;
+    if (!isDropTarget() || !modules_->autoCAD.gAcadApp) return;
+    if (NodeKey::parse(tvTreeView.dropHighlight()->key()).kind() != NodeKind::loadedDrawings) return;
     for (const std::wstring& file : files) modules_->files.OpenDroppedFile(file);
     modules_->views.RefreshTree();
 }
 
 void frmMain::tvTreeView_KeyDropped(const std::wstring& key) {
     if (!isDropTarget()) return;
-    const std::wstring target = tvTreeView.dropHighlight()->key();
+    const NodeKind target = NodeKey::parse(tvTreeView.dropHighlight()->key()).kind();
+    const NodeKind dragged = NodeKey::parse(key).kind();
     const bool isNode = tvTreeView.selected() && tvTreeView.selected()->key() == key;
     const bool isEntry = lvListView.selected() && lvListView.selected()->key() == key;
-    if (isNode && key.starts_with(L'D') && target == L"A") mnuTemplate_Click();
-    if ((isNode || isEntry) && key.starts_with(L'L') && target == L"B") mnuLayoutImport_Click();
+    if (isNode && dragged == NodeKind::libraryFile && target == NodeKind::loadedDrawings) mnuTemplate_Click();
+    if ((isNode || isEntry) && dragged == NodeKind::layout && target == NodeKind::library)
+        mnuLayoutImport_Click();
 }
 
 }  // namespace blattwart

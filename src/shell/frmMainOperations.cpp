@@ -9,13 +9,15 @@
 
 namespace blattwart {
 
-std::wstring frmMain::selectedKind() const {
-    return modules_->views.tree.selectedKind();
+NodeKind frmMain::selectedKind() const {
+    return modules_->views.tree.selectedKey().kind();
 }
 
 bool frmMain::modelSpacePossible() {
     std::wstring drawing;
-    ignoringErrors([&] { drawing = modules_->files.GetSelectedDrawingFile(selectedKind() == L"A"); });
+    ignoringErrors([&] {
+        drawing = modules_->files.GetSelectedDrawingFile(selectedKind() == NodeKind::loadedDrawings);
+    });
     return !drawing.empty() && modules_->autoCAD.GetActiveLayoutName(drawing) != L"Model";
 }
 
@@ -39,9 +41,9 @@ void frmMain::mnuDrawing_Click() {
 }
 
 void frmMain::active_Click() {
-    const std::wstring kind = selectedKind();
-    if (kind == L"A") modules_->files.ActivateSelection(false, false, false);
-    if (kind == L"L") modules_->files.ActivateSelection(true, false, false);
+    const NodeKind kind = selectedKind();
+    if (kind == NodeKind::loadedDrawings) modules_->files.ActivateSelection(false, false, false);
+    if (kind == NodeKind::layout) modules_->files.ActivateSelection(true, false, false);
     modules_->autoCAD.BringAutoCADToFront();
 }
 
@@ -70,8 +72,8 @@ void frmMain::mnuTemplateDelete_Click() {
 }
 
 void frmMain::delete_Click() {
-    const std::wstring kind = selectedKind();
-    if (kind == L"B" || kind == L"D") {
+    const NodeKind kind = selectedKind();
+    if (kind == NodeKind::library || kind == NodeKind::libraryFile) {
         mnuTemplateDelete_Click();
     } else {
         mnuFileDelete_Click();
@@ -79,11 +81,11 @@ void frmMain::delete_Click() {
 }
 
 void frmMain::mnuFileRename_Click() {
-    const std::wstring kind = selectedKind();
-    if (kind == L"L") {
+    const NodeKind kind = selectedKind();
+    if (kind == NodeKind::layout) {
         labelEdit_ = LabelEdit::renameLayout;
         tvTreeView.startLabelEdit(tvTreeView.selected()->text());
-    } else if (kind == L"Z") {
+    } else if (kind == NodeKind::drawing) {
         const auto selected = lvListView.selectedItems();
         if (selected.size() == 1) lvListView.startLabelEdit(*selected.front());
         if (selected.size() > 1) {
@@ -108,7 +110,8 @@ void frmMain::mnuCreate_Click() {
     // document that is active already. Required so.
     try {
         std::wstring drawing;
-        if (selectedKind() == L"A") drawing = modules_->files.GetSelectedDrawingFile(true);
+        if (selectedKind() == NodeKind::loadedDrawings)
+            drawing = modules_->files.GetSelectedDrawingFile(true);
         modules_->tarvix.CreateLayout(drawing);
     } catch (const RuntimeError& error) {
         platform_.messages.say(error.description());
@@ -116,7 +119,8 @@ void frmMain::mnuCreate_Click() {
 }
 
 void frmMain::mnuTemplate_Click() {
-    modules_->autoCAD.NewDrawingFromTemplate(modules_->files.GetSelectedTemplateFile(selectedKind() == L"B"));
+    modules_->autoCAD.NewDrawingFromTemplate(
+        modules_->files.GetSelectedTemplateFile(selectedKind() == NodeKind::library));
 }
 
 void frmMain::mnuFileOpen_Click() {
@@ -144,13 +148,13 @@ void frmMain::mnuEditSelectAll_Click() {
 }
 
 void frmMain::open_Click() {
-    const std::wstring kind = selectedKind();
-    if (kind == L"B") popOpenVorlage_Click();
-    if (kind == L"D") modules_->files.OpenTemplate(false);
+    const NodeKind kind = selectedKind();
+    if (kind == NodeKind::library) popOpenVorlage_Click();
+    if (kind == NodeKind::libraryFile) modules_->files.OpenTemplate(false);
 }
 
 void frmMain::designCenter_Click() {
-    if (selectedKind() == L"B") {
+    if (selectedKind() == NodeKind::library) {
         popDCB_Click();
     } else {
         popDCD_Click();
@@ -172,7 +176,8 @@ void frmMain::popDCB_Click() {
 }
 
 void frmMain::popDCD_Click() {
-    modules_->autoCAD.NavigateDesignCenter(modules_->files.GetSelectedTemplateFile(selectedKind() == L"B"));
+    modules_->autoCAD.NavigateDesignCenter(
+        modules_->files.GetSelectedTemplateFile(selectedKind() == NodeKind::library));
 }
 
 void frmMain::mnuAutoEnd_Click() {

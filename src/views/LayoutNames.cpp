@@ -15,13 +15,14 @@ void LayoutNames::DeleteLayouts() {
     if (!node) return;
     std::vector<std::wstring> keys;
     std::wstring drawingKey = node->key();
-    if (drawingKey.starts_with(L'Z')) {
+    const NodeKind kind = NodeKey::parse(drawingKey).kind();
+    if (kind == NodeKind::drawing) {
         for (const ListItem* item : list_.selectedItems()) keys.push_back(item->key());
         if (!keys.empty() && static_cast<int>(keys.size()) == list_.count()) {
             platform_.messages.warn(L"Das Löschen sämtlicher Layouts einer Zeichnung ist nicht zulässig!");
             return;
         }
-    } else if (drawingKey.starts_with(L'L')) {
+    } else if (kind == NodeKind::layout) {
         // A drawing must keep one layout; the command may have been enabled before another one went.
         if (node->parent()->children().size() < 2) return;
         keys.push_back(drawingKey);
@@ -40,7 +41,7 @@ void LayoutNames::deleteLayouts(const host::Document& document, const std::vecto
     events_.ShowNodeStatus();
     const host::Layouts layouts = document.Layouts();
     for (const std::wstring& key : keys) {
-        const auto record = records_.LayoutRecords.Item(recordKey(key));
+        const auto record = records_.LayoutRecords.Item(NodeKey::parse(key));
         if (!tarvix_.DeleteLayout(document, layouts.Item(record->Layout), *record)) return;
     }
 }
@@ -71,7 +72,7 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
     }
     if (autoCAD_.refusesControlCharacters(newName)) return true;
     try {
-        const auto record = records_.LayoutRecords.Item(recordKey(key));
+        const auto record = records_.LayoutRecords.Item(NodeKey::parse(key));
         if (record->Layout == newName) return false;
         const FoundDocuments found = autoCAD_.find(record->drawing());
         if (!autoCAD_.foundOrTold(found)) return true;
@@ -105,7 +106,7 @@ void LayoutNames::RenameSelectedLayouts(const std::wstring& baseName, std::int16
         for (const ListItem* item : list_.selectedItems()) {
             if (!work.goOn()) return;
             const std::wstring key = item->key();
-            const auto record = records_.LayoutRecords.Item(recordKey(key));
+            const auto record = records_.LayoutRecords.Item(NodeKey::parse(key));
             const std::int16_t number = tarvix_.NextFreeLayoutNumber(names, baseName, counter);
             const std::wstring newName = number == 0 ? baseName : baseName + std::to_wstring(number);
             names.erase(platform_.locale.upperCase(record->Layout));

@@ -9,7 +9,7 @@
 namespace blattwart {
 
 struct ListColumns::ColumnSet {
-    wchar_t nodeKind;
+    NodeKind nodeKind;
     const wchar_t* title;
     std::vector<const wchar_t*> headers;
     std::int32_t defaultWidth;
@@ -17,22 +17,21 @@ struct ListColumns::ColumnSet {
 
 const std::array<ListColumns::ColumnSet, 5>& ListColumns::columnSets() {
     static const std::array<ColumnSet, 5> sets{{
-        {L'A', L"Zeichnungen:", {L"Dateiname"}, 5000},
-        {L'Z',
+        {NodeKind::loadedDrawings, L"Zeichnungen:", {L"Dateiname"}, 5000},
+        {NodeKind::drawing,
          L"Layouts:",
          {L"Bezeichnung", L"Plotgerät", L"Papierformat", L"Ausrichtung", L"Plotstil"},
          2500},
-        {L'L', L"Layout-Details:", {L"Beschreibung", L"Wert"}, 2500},
-        {L'B', L"Vorlagen:", {L"Dateiname"}, 5000},
-        {L'D', L"Vorlage-Details:", {L"Beschreibung", L"Wert"}, 2500},
+        {NodeKind::layout, L"Layout-Details:", {L"Beschreibung", L"Wert"}, 2500},
+        {NodeKind::library, L"Vorlagen:", {L"Dateiname"}, 5000},
+        {NodeKind::libraryFile, L"Vorlage-Details:", {L"Beschreibung", L"Wert"}, 2500},
     }};
     return sets;
 }
 
-ListKind listKindOf(std::wstring_view nodeKind) {
-    constexpr std::wstring_view letters = L"AZLBD";
-    const std::size_t place = nodeKind.empty() ? std::wstring_view::npos : letters.find(nodeKind.front());
-    return place == std::wstring_view::npos ? ListKind::none : static_cast<ListKind>(place + 1);
+ListKind listKindOf(NodeKind nodeKind) {
+    // The kinds of lists stand in the order of the nodes' kinds.
+    return static_cast<ListKind>(nodeKind);
 }
 
 namespace {
@@ -102,7 +101,7 @@ void ListColumns::leave() {
     if (ListMode == ListKind::none) return;
     StoreColumnWidths();
     sorting_[static_cast<std::size_t>(ListMode) - 1] = {list_.sortKey(), list_.sortOrder()};
-    SaveColumnOrder(std::wstring(1, columnSets()[static_cast<std::size_t>(ListMode) - 1].nodeKind));
+    SaveColumnOrder(kindLetter(columnSets()[static_cast<std::size_t>(ListMode) - 1].nodeKind));
 }
 
 void ListColumns::RestoreColumnOrder(const std::wstring& prefix) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "controls/ListView.h"
+#include "data/NodeKey.h"
 #include "platform/Platform.h"
 
 namespace blattwart {
@@ -13,8 +14,8 @@ namespace blattwart {
 /// What the list shows; any other value means that no column set is active.
 enum class ListKind : std::int16_t { none = 0, drawings, layouts, layoutDetails, templates, templateDetails };
 
-/// The list's kind for the kind letter of a node, none for an unknown letter.
-ListKind listKindOf(std::wstring_view nodeKind);
+/// The list's kind for a node of this kind.
+ListKind listKindOf(NodeKind nodeKind);
 
 /// The list's column sets, one for each kind: headers, widths and display order, kept in the user's settings.
 class ListColumns {

@@ -23,7 +23,8 @@ void ListContents::addChildren(const TreeNode& parent, int icon) {
 void ListContents::FillDrawingList() {
     const Update update(list_);
     list_.clear();
-    if (const TreeNode* root = tree_.find(L"A")) addChildren(*root, listIcon::drawing);
+    if (const TreeNode* root = tree_.find(kindLetter(NodeKind::loadedDrawings)))
+        addChildren(*root, listIcon::drawing);
 }
 
 void ListContents::FillLayoutList() {
@@ -57,7 +58,7 @@ void ListContents::FillLayoutDetails() {
 void ListContents::FillTemplateList() {
     const Update update(list_);
     list_.clear();
-    const TreeNode* library = tree_.find(L"B");
+    const TreeNode* library = tree_.find(kindLetter(NodeKind::library));
     if (!library) return;
     for (const auto& node : library->children()) list_.add(node->key(), node->text(), listIcon::dwt);
 }
@@ -74,7 +75,7 @@ void ListContents::FillTemplateDetails() {
     file.setColumn(2, {});
     folder.setColumn(2, {});
     ignoringErrors([&] {
-        const auto record = records_.TemplateRecords.Item(recordKey(tree_.selected()->key()));
+        const auto record = records_.TemplateRecords.Item(NodeKey::parse(tree_.selected()->key()));
         file.setColumn(2, record->Datei);
         folder.setColumn(2, record->Gesamt.substr(0, record->Gesamt.rfind(L'\\')));
     });

@@ -78,7 +78,7 @@ void LoadedDrawings::readLayouts(const host::Document& document, const std::wstr
 }
 
 void LoadedDrawings::ResetPresentFlags() {
-    const auto reset = [this](Collection<CAcadobj>& records, Index& index) {
+    const auto reset = [this](const Collection<CAcadobj>& records, Index& index) {
         index.clear();
         for (const auto& record : records) {
             record->Vorhanden = 0;
@@ -92,7 +92,7 @@ void LoadedDrawings::ResetPresentFlags() {
 bool LoadedDrawings::FindDrawingRecord(const std::wstring& path, const std::wstring& name,
                                        std::int32_t objectId, std::int32_t& drawingNumber, bool isActive) {
     const std::wstring fullName = path + L"\\" + name;
-    if (const auto met = findRecord(drawingsByName_, fullName, L'Z', isActive)) {
+    if (const auto met = findRecord(drawingsByName_, fullName, NodeKind::drawing, isActive)) {
         drawingNumber = met->number;
         if (!met->hasNode) ++drawingsWithoutNode_;
         return true;
@@ -105,7 +105,7 @@ bool LoadedDrawings::FindLayoutRecord(const std::wstring& path, const std::wstri
                                       const host::Layout& layout, const std::wstring& layoutName,
                                       bool isActive) {
     const std::wstring fullName = path + L"\\" + drawing + L";" + layoutName;
-    if (const auto met = findRecord(layoutsByName_, fullName, L'L', isActive)) {
+    if (const auto met = findRecord(layoutsByName_, fullName, NodeKind::layout, isActive)) {
         if (!met->hasNode) ++layoutsWithoutNode_;
         return true;
     }
@@ -116,21 +116,21 @@ bool LoadedDrawings::FindLayoutRecord(const std::wstring& path, const std::wstri
 }
 
 std::optional<LoadedDrawings::Met> LoadedDrawings::findRecord(Index& index, const std::wstring& fullName,
-                                                              wchar_t kind, bool isActive) {
+                                                              NodeKind kind, bool isActive) {
     std::optional<Met> met;
     const auto [begin, end] = index.equal_range(locale_.upperCase(fullName));
     for (auto entry = begin; entry != end; ++entry) {
         if (!met) met.emplace();
         entry->second->Vorhanden = present;
         met->number = entry->second->Nummer;
-        const std::wstring key = kind + std::to_wstring(met->number);
-        met->hasNode = met->hasNode || tree_.view().find(key);
+        const NodeKey key(kind, met->number);
+        met->hasNode = met->hasNode || tree_.find(key);
         if (isActive) tree_.MarkNodeActive(key);
     }
     return met;
 }
 
-std::shared_ptr<CAcadobj> LoadedDrawings::addRecord(Collection<CAcadobj>& records, Index& index,
+std::shared_ptr<CAcadobj> LoadedDrawings::addRecord(RecordCollection<CAcadobj>& records, Index& index,
                                                     const std::wstring& fullName, const std::wstring& drawing,
                                                     std::int32_t objectId) {
     auto record = std::make_shared<CAcadobj>();
@@ -139,7 +139,7 @@ std::shared_ptr<CAcadobj> LoadedDrawings::addRecord(Collection<CAcadobj>& record
     record->Zeichnung = drawing;
     record->Nummer = records_.LastNumber;
     record->AObjId = objectId;
-    records.Add(record, std::to_wstring(record->Nummer));
+    records.add(record);
     index.emplace(locale_.upperCase(fullName), record.get());
     return record;
 }
@@ -148,17 +148,17 @@ void LoadedDrawings::RemoveStaleNodes() {
     // The records stay although their nodes go. A drawing opened again in this run is therefore found without
     // getting a node; required so.
     for (const auto& record : records_.DrawingRecords)
-        if (!record->Vorhanden) tree_.removeNode(L"Z" + std::to_wstring(record->Nummer));
+        if (!record->Vorhanden) tree_.removeNode(NodeKey(NodeKind::drawing, record->Nummer));
     for (const auto& record : records_.LayoutRecords)
-        if (!record->Vorhanden) tree_.removeNode(L"L" + std::to_wstring(record->Nummer));
+        if (!record->Vorhanden) tree_.removeNode(NodeKey(NodeKind::layout, record->Nummer));
 }
 
 void LoadedDrawings::RemoveDrawingNodes() {
     for (const auto& record : records_.DrawingRecords)
-        tree_.removeNode(L"Z" + std::to_wstring(record->Nummer));
+        tree_.removeNode(NodeKey(NodeKind::drawing, record->Nummer));
     records_.DrawingRecords.Clear();
     for (const auto& record : records_.LayoutRecords)
-        tree_.removeNode(L"L" + std::to_wstring(record->Nummer));
+        tree_.removeNode(NodeKey(NodeKind::layout, record->Nummer));
     records_.LayoutRecords.Clear();
     drawingsWithoutNode_ = 0;
     layoutsWithoutNode_ = 0;

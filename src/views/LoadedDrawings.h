@@ -45,10 +45,10 @@ class LoadedDrawings {
         std::int32_t number = 0;
         bool hasNode = false;
     };
-    std::optional<Met> findRecord(Index& index, const std::wstring& fullName, wchar_t kind, bool isActive);
+    std::optional<Met> findRecord(Index& index, const std::wstring& fullName, NodeKind kind, bool isActive);
     bool FindLayoutRecord(const std::wstring& path, const std::wstring& drawing, const host::Layout& layout,
                           const std::wstring& layoutName, bool isActive);
-    std::shared_ptr<CAcadobj> addRecord(Collection<CAcadobj>& records, Index& index,
+    std::shared_ptr<CAcadobj> addRecord(RecordCollection<CAcadobj>& records, Index& index,
                                         const std::wstring& fullName, const std::wstring& drawing,
                                         std::int32_t objectId);
     void RemoveStaleNodes();

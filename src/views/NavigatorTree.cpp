@@ -6,8 +6,8 @@ namespace blattwart {
 
 namespace {
 
-constexpr const wchar_t* drawingsRoot = L"A";
-constexpr const wchar_t* libraryRoot = L"B";
+const NodeKey drawingsRoot(NodeKind::loadedDrawings);
+const NodeKey libraryRoot(NodeKind::library);
 
 }  // namespace
 
@@ -16,46 +16,47 @@ void NavigatorTree::BuildTree() {
     TreeInitialised = 0;
     const Update update(tree_);
     tree_.clear();
-    TreeNode& drawings = tree_.add(nullptr, drawingsRoot, L"Geladene Zeichnungen", treeIcon::drawings);
+    TreeNode& drawings = tree_.add(nullptr, drawingsRoot.text(), L"Geladene Zeichnungen", treeIcon::drawings);
     drawings.setColor(SystemColor::buttonText);
     drawings.setExpanded(true);
     tree_.select(drawings);
-    tree_.add(nullptr, libraryRoot, L"Bibliothek", treeIcon::library).setExpanded(true);
+    tree_.add(nullptr, libraryRoot.text(), L"Bibliothek", treeIcon::library).setExpanded(true);
 }
 
 void NavigatorTree::GetSelectedNodeKind() {
-    CurrentNodeKind = selectedKind();
+    CurrentNodeKind = kindLetter(selectedKey().kind());
 }
 
-std::wstring NavigatorTree::selectedKind() const {
+NodeKey NavigatorTree::selectedKey() const {
     const TreeNode* node = tree_.selected();
-    return node ? node->key().substr(0, 1) : std::wstring();
+    return node ? NodeKey::parse(node->key()) : NodeKey();
 }
 
 void NavigatorTree::AddTreeNode(const std::wstring& text, bool isTemplate, bool isActive,
                                 std::int32_t parentNumber) {
-    const std::wstring number = std::to_wstring(records_.LastNumber);
+    const auto key = [this](NodeKind kind) { return NodeKey(kind, records_.LastNumber).text(); };
     if (isTemplate) {
         const bool dwt = locale_.upperCase(text).ends_with(L"DWT");
-        if (TreeNode* library = tree_.find(libraryRoot))
-            tree_.add(library, L"D" + number, text, dwt ? treeIcon::dwt : treeIcon::dwg,
+        if (TreeNode* library = find(libraryRoot))
+            tree_.add(library, key(NodeKind::libraryFile), text, dwt ? treeIcon::dwt : treeIcon::dwg,
                       dwt ? treeIcon::dwtSelected : treeIcon::dwgSelected);
         return;
     }
     const bool isLayout = parentNumber != 0;
-    TreeNode* parent = tree_.find(isLayout ? L"Z" + std::to_wstring(parentNumber) : drawingsRoot);
+    TreeNode* parent = find(isLayout ? NodeKey(NodeKind::drawing, parentNumber) : drawingsRoot);
     if (!parent) return;
     TreeNode& node =
-        isLayout ? tree_.add(parent, L"L" + number, text, treeIcon::layout, treeIcon::layoutSelected)
-                 : tree_.add(parent, L"Z" + number, text, treeIcon::drawing, treeIcon::drawingSelected);
+        isLayout
+            ? tree_.add(parent, key(NodeKind::layout), text, treeIcon::layout, treeIcon::layoutSelected)
+            : tree_.add(parent, key(NodeKind::drawing), text, treeIcon::drawing, treeIcon::drawingSelected);
     if (!isActive) return;
     node.setBold(true);
     if (!isLayout) node.setExpanded(true);
     if (!TreeInitialised) tree_.select(node);
 }
 
-void NavigatorTree::MarkNodeActive(const std::wstring& key) {
-    TreeNode* node = tree_.find(key);
+void NavigatorTree::MarkNodeActive(const NodeKey& key) {
+    TreeNode* node = find(key);
     if (!node) return;
     if (!TreeInitialised) tree_.select(*node);
     node->setBold(true);
@@ -64,16 +65,16 @@ void NavigatorTree::MarkNodeActive(const std::wstring& key) {
 void NavigatorTree::ClearActiveMarks() {
     const Update update(tree_);
     tree_.forEach([](TreeNode& node) {
-        if (node.key() != drawingsRoot) node.setBold(false);
+        if (node.key() != drawingsRoot.text()) node.setBold(false);
     });
 }
 
-void NavigatorTree::removeNode(const std::wstring& key) {
-    if (tree_.find(key)) tree_.remove(key);
+void NavigatorTree::removeNode(const NodeKey& key) {
+    if (find(key)) tree_.remove(key.text());
 }
 
 void NavigatorTree::resetDrawingsRoot() {
-    TreeNode* root = tree_.find(drawingsRoot);
+    TreeNode* root = find(drawingsRoot);
     if (!root) return;
     root->setColor(SystemColor::buttonText);
     root->setImage(treeIcon::drawings);
@@ -82,7 +83,7 @@ void NavigatorTree::resetDrawingsRoot() {
 }
 
 void NavigatorTree::showAttached(bool attached) {
-    TreeNode* root = tree_.find(drawingsRoot);
+    TreeNode* root = find(drawingsRoot);
     if (!root) return;
     root->setText(attached ? L"Geladene Zeichnungen" : L"AutoCAD nicht aktiv!");
     root->setColor(attached ? SystemColor::buttonText : SystemColor::appWorkspace);
@@ -91,7 +92,7 @@ void NavigatorTree::showAttached(bool attached) {
 }
 
 void NavigatorTree::resetLibraryRoot() {
-    TreeNode* root = tree_.find(libraryRoot);
+    TreeNode* root = find(libraryRoot);
     if (!root) return;
     root->setImage(treeIcon::library);
     root->setExpanded(true);
@@ -99,7 +100,7 @@ void NavigatorTree::resetLibraryRoot() {
 }
 
 void NavigatorTree::showLibraryEmpty() {
-    TreeNode* root = tree_.find(libraryRoot);
+    TreeNode* root = find(libraryRoot);
     if (!root) return;
     root->setText(L"Keine Vorlagen vorhanden!");
     root->setColor(SystemColor::appWorkspace);

@@ -28,10 +28,10 @@ class NavigatorTree {
     /// Adds the node of the record that took LastNumber: a template under "B", a layout under the drawing
     /// with `parentNumber`, or (0) a drawing under "A".
     void AddTreeNode(const std::wstring& text, bool isTemplate, bool isActive, std::int32_t parentNumber);
-    void MarkNodeActive(const std::wstring& key);
+    void MarkNodeActive(const NodeKey& key);
     void ClearActiveMarks();
     /// Removes a node with all below it, if there is one.
-    void removeNode(const std::wstring& key);
+    void removeNode(const NodeKey& key);
 
     /// Look of the root of the loaded drawings before they are read.
     void resetDrawingsRoot();
@@ -40,8 +40,9 @@ class NavigatorTree {
     void showLibraryEmpty();
 
     TreeView& view() { return tree_; }
-    /// Kind letter of the selected node, "" without a selection.
-    std::wstring selectedKind() const;
+    TreeNode* find(const NodeKey& key) { return tree_.find(key.text()); }
+    /// Of the kind none without a selection.
+    NodeKey selectedKey() const;
 
   private:
     TreeView& tree_;

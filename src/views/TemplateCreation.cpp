@@ -8,25 +8,24 @@ namespace blattwart {
 
 namespace {
 
-constexpr const wchar_t* placeholderKey = L"D0";
+const NodeKey placeholder(NodeKind::libraryFile);
 
 }  // namespace
 
 void TemplateCreation::BeginNewTemplate() {
     CancelNewTemplate();
     TreeView& tree = tree_.view();
-    const std::wstring kind = tree_.selectedKind();
+    const NodeKind kind = tree_.selectedKey().kind();
     const ListItem* item = list_.selected();
-    if (kind == L"Z" && !item) events_.showHint(L"Bitte zuerst in der Liste ein Layout auswählen.");
-    if (kind != L"L" && !(kind == L"Z" && item)) return;
-    TreeNode* library = tree.find(L"B");
+    if (kind == NodeKind::drawing && !item)
+        events_.showHint(L"Bitte zuerst in der Liste ein Layout auswählen.");
+    if (kind != NodeKind::layout && !(kind == NodeKind::drawing && item)) return;
+    TreeNode* library = tree_.find(NodeKey(NodeKind::library));
     if (!library) return;
     sourceKey_ = tree.selected()->key();
-    sourceLayout_ = kind == L"Z" ? item->text() : tree.selected()->text();
+    sourceLayout_ = kind == NodeKind::drawing ? item->text() : tree.selected()->text();
 
-    TreeNode& placeholder =
-        tree.add(library, placeholderKey, L"", treeIcon::dwtSelected, treeIcon::dwtSelected);
-    tree.select(placeholder);
+    tree.select(tree.add(library, placeholder.text(), L"", treeIcon::dwtSelected, treeIcon::dwtSelected));
     pending_ = true;
     tree.startLabelEdit(sourceLayout_);
 }
@@ -37,8 +36,8 @@ void TemplateCreation::CancelNewTemplate() {
     TreeView& tree = tree_.view();
     TreeNode* source = tree.find(sourceKey_);
     // The list still shows the source; unless the user has gone elsewhere, he is back there.
-    if (source && tree.selected()->key() == placeholderKey) tree.select(*source);
-    tree_.removeNode(placeholderKey);
+    if (source && tree.selected()->key() == placeholder.text()) tree.select(*source);
+    tree_.removeNode(placeholder);
 }
 
 void TemplateCreation::CreateTemplateFromLayout(const std::wstring& newName) {
@@ -73,7 +72,7 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
         return false;
     }
     std::wstring drawingKey = sourceKey_;
-    if (!sourceKey_.starts_with(L'Z')) {
+    if (NodeKey::parse(sourceKey_).kind() != NodeKind::drawing) {
         const TreeNode& layout = tree_.view().node(sourceKey_);
         drawingKey = layout.parent()->key();
         sourceLayout_ = layout.text();
@@ -95,13 +94,12 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
     record->Gesamt = path;
     record->Vorhanden = present;
     record->Nummer = records_.LastNumber;
-    const std::wstring number = std::to_wstring(record->Nummer);
-    records_.TemplateRecords.Add(record, number);
+    records_.TemplateRecords.add(record);
 
-    TreeNode& node = tree_.view().node(placeholderKey);
+    TreeNode& node = tree_.view().node(placeholder.text());
     node.setText(file);
     node.setImage(treeIcon::dwt);
-    node.setKey(L"D" + number);
+    node.setKey(NodeKey(NodeKind::libraryFile, record->Nummer).text());
     pending_ = false;
     events_.showSelectedNode();
     return true;
@@ -112,24 +110,23 @@ void TemplateCreation::markActive(const std::wstring& drawingKey, const host::Do
     const TreeNode* drawing = tree_.view().find(drawingKey);
     if (!drawing || drawing->bold()) return;
     tree_.ClearActiveMarks();
-    tree_.MarkNodeActive(drawingKey);
+    tree_.MarkNodeActive(NodeKey::parse(drawingKey));
     ignoringErrors([&] {
         const std::wstring layout = document.ActiveLayout().Name();
         for (const auto& node : drawing->children())
-            if (node->text() == layout) tree_.MarkNodeActive(node->key());
+            if (node->text() == layout) tree_.MarkNodeActive(NodeKey::parse(node->key()));
     });
 }
 
 void TemplateCreation::DeleteTemplate() {
-    std::wstring key;
-    if (tree_.selectedKind() == L"B") {
-        if (const ListItem* item = list_.selected()) key = item->key();
-    } else if (const TreeNode* node = tree_.view().selected()) {
-        key = node->key();
+    NodeKey key = tree_.selectedKey();
+    if (key.kind() == NodeKind::library) {
+        const ListItem* item = list_.selected();
+        key = item ? NodeKey::parse(item->key()) : NodeKey();
     }
-    if (!key.starts_with(L'D')) return;
+    if (key.kind() != NodeKind::libraryFile) return;
     std::shared_ptr<CVorlage> record;
-    ignoringErrors([&] { record = records_.TemplateRecords.Item(recordKey(key)); });
+    ignoringErrors([&] { record = records_.TemplateRecords.Item(key); });
     const auto failure = [this](const std::wstring& reason) {
         events_.showHint(L"Die Datei kann nicht gelöscht werden: " + reason);
     };

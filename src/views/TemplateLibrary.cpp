@@ -47,7 +47,7 @@ bool TemplateLibrary::FindTemplateRecord(const std::wstring& file, const std::ws
     record->Nummer = records_.LastNumber;
     record->Datei = file;
     record->Gesamt = fullName;
-    records_.TemplateRecords.Add(record, std::to_wstring(record->Nummer));
+    records_.TemplateRecords.add(record);
     byName_.emplace(upper, record.get());
     return false;
 }
@@ -55,12 +55,12 @@ bool TemplateLibrary::FindTemplateRecord(const std::wstring& file, const std::ws
 void TemplateLibrary::RemoveStaleTemplates() {
     // The records stay although their nodes go, as with the drawings; required so.
     for (const auto& record : records_.TemplateRecords)
-        if (!record->Vorhanden) tree_.removeNode(L"D" + std::to_wstring(record->Nummer));
+        if (!record->Vorhanden) tree_.removeNode(NodeKey(NodeKind::libraryFile, record->Nummer));
 }
 
 void TemplateLibrary::RemoveTemplateNodes() {
     for (const auto& record : records_.TemplateRecords)
-        tree_.removeNode(L"D" + std::to_wstring(record->Nummer));
+        tree_.removeNode(NodeKey(NodeKind::libraryFile, record->Nummer));
     records_.TemplateRecords.Clear();
 }
 

@@ -6,9 +6,9 @@ namespace blattwart {
 
 basDateien::Selection basDateien::selection(bool fromList) const {
     if (fromList) {
-        if (const ListItem* item = list_.selected()) return {item->key(), item->text()};
+        if (const ListItem* item = list_.selected()) return {NodeKey::parse(item->key()), item->text()};
     } else if (const TreeNode* node = tree_.view().selected()) {
-        return {node->key(), node->text()};
+        return {NodeKey::parse(node->key()), node->text()};
     }
     throw RuntimeError(errorNumber::elementNotFound, L"Es ist nichts ausgewählt.");
 }
@@ -19,23 +19,23 @@ void basDateien::makeActive(const host::Document& document) {
 }
 
 std::wstring basDateien::GetSelectedDrawingFile(bool fromList) {
-    return records_.DrawingRecords.Item(recordKey(selection(fromList).key))->Gesamt;
+    return records_.DrawingRecords.Item(selection(fromList).key)->Gesamt;
 }
 
 std::wstring basDateien::GetSelectedTemplateFile(bool fromList) {
     std::wstring file;
-    ignoringErrors([&] { file = records_.TemplateRecords.Item(recordKey(selection(fromList).key))->Gesamt; });
+    ignoringErrors([&] { file = records_.TemplateRecords.Item(selection(fromList).key)->Gesamt; });
     return file;
 }
 
 void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) {
     autoCAD_.runCommand([&] {
         // With the root selected the list shows drawings, otherwise layouts.
-        const bool rootSelected = tree_.selectedKind() == L"A";
+        const bool rootSelected = tree_.selectedKey().kind() == NodeKind::loadedDrawings;
         const Selection chosen = selection(fromList || rootSelected);
         const bool wantsLayout = isLayout || (fromList && !rootSelected);
         const auto& records = wantsLayout ? records_.LayoutRecords : records_.DrawingRecords;
-        const auto record = records.Item(recordKey(chosen.key));
+        const auto record = records.Item(chosen.key);
         if (isLayout && record->drawing() == record->Gesamt) return;
         const Lookup outcome = switchDrawing(record->drawing(), chosen, isLayout, askFirst);
         if (outcome == Lookup::noAnswer) return;
@@ -52,7 +52,8 @@ Lookup basDateien::switchDrawing(const std::wstring& drawing, const Selection& c
     if (platform_.locale.equalIgnoringCase(drawing, autoCAD_.GetActiveDrawingName())) return Lookup::found;
     if (askFirst && !platform_.messages.ask(chosen.text + L" zum aktiven Dokument machen?"))
         return Lookup::notOpen;
-    if (tree_.selectedKind() == L"Z" && !isLayout) tree_.view().selected()->setExpanded(true);
+    if (tree_.selectedKey().kind() == NodeKind::drawing && !isLayout)
+        tree_.view().selected()->setExpanded(true);
     const FoundDocuments found = autoCAD_.find(drawing);
     for (const host::Document& document : found.documents) makeActive(document);
     autoCAD_.foundOrTold(found);
@@ -69,7 +70,7 @@ void basDateien::markActivated() {
     ClearListBold();
     tree_.ClearActiveMarks();
     TreeNode* node = tree_.view().selected();
-    if (node && node->key() != L"A") {
+    if (node && NodeKey::parse(node->key()).kind() != NodeKind::loadedDrawings) {
         node->setBold(true);
     } else if (ListItem* item = list_.selected()) {
         item->setBold(true);
@@ -82,10 +83,10 @@ void basDateien::ClearListBold() {
 }
 
 void basDateien::OpenSelectedNode(bool flag) {
-    const std::wstring kind = tree_.selectedKind();
-    if (kind == L"Z") ActivateSelection(false, true, !flag);
-    if (kind == L"L") ActivateSelection(true, true, false);
-    if (kind == L"D") OpenTemplate(true);
+    const NodeKind kind = tree_.selectedKey().kind();
+    if (kind == NodeKind::drawing) ActivateSelection(false, true, !flag);
+    if (kind == NodeKind::layout) ActivateSelection(true, true, false);
+    if (kind == NodeKind::libraryFile) OpenTemplate(true);
 }
 
 void basDateien::open(const std::wstring& file) {
@@ -100,8 +101,8 @@ void basDateien::open(const std::wstring& file) {
 
 void basDateien::OpenTemplate(bool askFirst) {
     ignoringErrors([&] {
-        const Selection chosen = selection(tree_.selectedKind() == L"B");
-        const std::wstring file = records_.TemplateRecords.Item(recordKey(chosen.key))->Gesamt;
+        const Selection chosen = selection(tree_.selectedKey().kind() == NodeKind::library);
+        const std::wstring file = records_.TemplateRecords.Item(chosen.key)->Gesamt;
         const Lookup outcome = autoCAD_.find(file).outcome;
         if (outcome == Lookup::notOpen) {
             if (!askFirst || platform_.messages.ask(chosen.text + L" öffnen?")) open(file);
@@ -116,7 +117,8 @@ void basDateien::OpenTemplate(bool askFirst) {
 
 void basDateien::CloseDrawing() {
     autoCAD_.runCommand([&] {
-        const FoundDocuments found = autoCAD_.find(GetSelectedDrawingFile(tree_.selectedKind() == L"A"));
+        const FoundDocuments found =
+            autoCAD_.find(GetSelectedDrawingFile(tree_.selectedKey().kind() == NodeKind::loadedDrawings));
         // A drawing that is closed already must not cost another one its document.
         if (!autoCAD_.foundOrTold(found)) return;
         makeActive(found.last());
@@ -127,7 +129,7 @@ void basDateien::CloseDrawing() {
 
 void basDateien::SaveDrawing(bool saveAs) {
     autoCAD_.runCommand([&] {
-        const bool fromList = tree_.selectedKind() == L"A";
+        const bool fromList = tree_.selectedKey().kind() == NodeKind::loadedDrawings;
         const FoundDocuments found = autoCAD_.find(GetSelectedDrawingFile(fromList));
         if (!autoCAD_.foundOrTold(found)) return;
         const host::Document document = found.last();
@@ -151,7 +153,7 @@ void basDateien::SaveDrawing(bool saveAs) {
 }
 
 void basDateien::InsertLayoutFromTemplate() {
-    const std::wstring file = GetSelectedTemplateFile(tree_.selectedKind() == L"B");
+    const std::wstring file = GetSelectedTemplateFile(tree_.selectedKey().kind() == NodeKind::library);
     if (file.empty()) return;
     ignoringErrors([&] {
         const host::Document document = autoCAD_.fetchActiveDocument();
@@ -176,7 +178,8 @@ bool basDateien::OpenDroppedFile(const std::wstring& file) {
 
 void basDateien::SwitchToModelSpace() {
     ignoringErrors([&] {
-        const std::wstring drawing = GetSelectedDrawingFile(tree_.selectedKind() == L"A");
+        const std::wstring drawing =
+            GetSelectedDrawingFile(tree_.selectedKey().kind() == NodeKind::loadedDrawings);
         const FoundDocuments found = autoCAD_.find(drawing);
         if (found.outcome == Lookup::noAnswer) return events_.showHint(L"AutoCAD antwortet nicht.");
         for (const host::Document& document : found.documents)

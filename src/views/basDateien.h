@@ -44,7 +44,7 @@ class basDateien {
 
   private:
     struct Selection {
-        std::wstring key;
+        NodeKey key;
         std::wstring text;
     };
     /// The list's selected item or the tree's selected node. Throws element not found.

@@ -81,19 +81,18 @@ void basViewControls::showAround(bool fillList) {
 }
 
 std::wstring basViewControls::nameOf(const TreeNode& node) const {
-    const wchar_t kind = node.key().front();
-    const std::wstring number = recordKey(node.key());
+    const NodeKey key = NodeKey::parse(node.key());
     std::wstring name;
     ignoringErrors([&] {
-        if (kind == L'Z') name = records_.DrawingRecords.Item(number)->Gesamt;
-        if (kind == L'L') name = records_.LayoutRecords.Item(number)->Gesamt;
-        if (kind == L'D') name = records_.TemplateRecords.Item(number)->Gesamt;
+        if (key.kind() == NodeKind::drawing) name = records_.DrawingRecords.Item(key)->Gesamt;
+        if (key.kind() == NodeKind::layout) name = records_.LayoutRecords.Item(key)->Gesamt;
+        if (key.kind() == NodeKind::libraryFile) name = records_.TemplateRecords.Item(key)->Gesamt;
     });
-    return kind + platform_.locale.upperCase(name);
+    return kindLetter(key.kind()) + platform_.locale.upperCase(name);
 }
 
 void basViewControls::SelectListColumns() {
-    const ListKind kind = listKindOf(tree.selectedKind());
+    const ListKind kind = listKindOf(tree.selectedKey().kind());
     if (kind == ListKind::none || kind == columns.ListMode) return;
     columns.leave();
     list_.clear();
@@ -109,20 +108,21 @@ void basViewControls::SetListColumns(ListKind kind) {
 void basViewControls::FillListForNode() {
     const TreeNode* node = tree.view().selected();
     if (!node) return;
-    const std::wstring kind = tree.selectedKind();
-    const bool kindChanged = kind != tree.CurrentNodeKind;
+    const NodeKind kind = tree.selectedKey().kind();
+    const std::wstring letter = kindLetter(kind);
+    const bool kindChanged = letter != tree.CurrentNodeKind;
     const bool filled = node->key() == freshlyFilled_;
     freshlyFilled_.clear();
 
     if (kindChanged && !filled) list_.clear();
-    if (kind != L"L") {
+    if (kind != NodeKind::layout) {
         list_.setSorted(true);
     } else if (kindChanged) {
         list_.setSorted(false);
     }
     if (!filled) fill(listKindOf(kind));
-    if (kindChanged) columns.RestoreColumnOrder(kind);
-    tree.CurrentNodeKind = kind;
+    if (kindChanged) columns.RestoreColumnOrder(letter);
+    tree.CurrentNodeKind = letter;
 }
 
 void basViewControls::showSelectedNode() {
