@@ -17,6 +17,14 @@ class Automation : public testing::Test {
         server_.emplace(TEST_SERVER, L"", testServerWindow);
         application_ = attach(client_, testServerName);
     }
+    /// The next case finds no input that this one has posted.
+    ~Automation() override {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) {
+        }
+    }
+    Automation(const Automation&) = delete;
+    Automation& operator=(const Automation&) = delete;
 
     std::int32_t tick() { return *application_->call({L"App", L"Tick"}).as<std::int32_t>(); }
     Value echo(const Value& value) { return application_->call({L"App", L"Echo"}, {value}); }
