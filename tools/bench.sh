@@ -4,7 +4,7 @@
 # instructions ACTION OPERATION SIZE: the program's own, without host and database, for the operation of the session on
 # so many drawings or layouts.
 instructions() {
-    local left toggles=("--toggle-collect=blattwart::bench::Session::$2()" '--toggle-collect=demo::CallRecorder::create(*')
+    local left toggles=("--toggle-collect=blattwart::bench::BenchProgram::$2()" '--toggle-collect=demo::CallRecorder::create(*')
     for left in get put call enumerate; do
         toggles+=("--toggle-collect=demo::(anonymous namespace)::RecordedObject::$left(*")
     done
