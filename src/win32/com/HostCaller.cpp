@@ -1,5 +1,7 @@
 #include "win32/com/HostCaller.h"
 
+#include <algorithm>
+
 namespace blattwart {
 
 namespace {
@@ -10,6 +12,8 @@ using namespace std::chrono_literals;
 constexpr auto quickPause = 50ms;
 constexpr auto slowPause = 100ms;
 constexpr auto quickPhase = 1000ms;
+/// After so long the user is told.
+constexpr auto noticeable = 1000ms;
 /// What a user does in this time he does without having seen that the program waits; it stays for afterwards.
 constexpr auto typedAhead = 500ms;
 
@@ -62,7 +66,7 @@ bool isImpatience(UINT message) {
 }  // namespace
 
 std::wstring statusText(HostState state, std::int32_t milliseconds) {
-    if (milliseconds < 1000) return {};
+    if (milliseconds < noticeable.count()) return {};
     switch (state) {
         case HostState::refuses:
             return L"AutoCAD ist beschäftigt";
@@ -99,6 +103,8 @@ HostCaller::~HostCaller() {
 HostCaller::Pending::Pending(HostCaller& caller) : caller_(caller), call_(caller.gate_) {
     caller_.askAt_ = caller_.askAfter_;
     caller_.impatient_ = false;
+    caller_.refused_ = false;
+    caller_.waitingSince_ = Clock::now();
     setTicker(caller_.ticker_, true);
 }
 
@@ -108,15 +114,16 @@ HostCaller::Pending::~Pending() {
 }
 
 HostCaller::Waiting::Waiting(HostCaller& caller) : cursor_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {
-    caller.waitingSince_ = Clock::now();
-    caller.askAt_ = caller.askAfter_;
+    caller.refused_ = true;
 }
 
 bool HostCaller::goOnWaiting(Milliseconds time, HostState state) {
     if (!gate_.callPending()) return true;
     dropTicks();
-    if (time >= typedAhead) throwInputAway();
-    return goesOn(state, time);
+    // A call made again begins anew for the system, not for the user.
+    const Milliseconds whole = std::max(time, waited());
+    if (whole >= typedAhead) throwInputAway();
+    return goesOn(refused_ && time < noticeable ? HostState::refuses : state, whole);
 }
 
 /// Tells of the waiting; false when the user gives up.

@@ -94,7 +94,7 @@ class HostCaller {
         Gate::Call call_;
     };
 
-    /// The waiting for a host that refused a call: wait cursor, time.
+    /// The waiting for a host that refused a call: wait cursor.
     class Waiting {
       public:
         explicit Waiting(HostCaller& caller);
@@ -124,6 +124,7 @@ class HostCaller {
     PTP_TIMER ticker_;
     WaitingHandlers handlers_;
     bool reported_ = false;
+    bool refused_ = false;    ///< the pending call, before it was made again
     bool impatient_ = false;  ///< the user pressed a key or clicked since he was asked last
     bool ended_ = false;
     Clock::time_point waitingSince_;

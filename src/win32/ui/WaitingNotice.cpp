@@ -15,6 +15,10 @@ void WaitingNotice::show(const std::wstring& status) {
             ShowWindow(window_, SW_SHOW);
         }
         setWindowText(GetDlgItem(window_, IDC_ZUSTAND), status);
+        // Posted messages wait like all others, but not what the close button posts.
+        MSG message;
+        while (PeekMessageW(&message, window_, WM_COMMAND, WM_SYSCOMMAND, PM_REMOVE))
+            DispatchMessageW(&message);
     });
 }
 

@@ -122,6 +122,23 @@ TEST(HostCaller, AsksAnImpatientUserWhetherToWaitOn) {
     EXPECT_EQ(caller.call([] { return S_OK; }), S_OK);
 }
 
+TEST(HostCaller, CountsTheWaitingOverAllAttempts) {
+    Gate gate;
+    HostCaller caller(gate);
+    std::int32_t last = 0;
+    caller.setHandlers({.waitingFor = [&](HostState state, std::int32_t milliseconds) {
+        EXPECT_EQ(state, HostState::refuses);
+        EXPECT_TRUE(milliseconds >= last || milliseconds == 0) << milliseconds << " after " << last;
+        last = milliseconds;
+    }});
+    int attempts = 0;
+    caller.call([&] {
+        if (attempts > 0) caller.goOnWaiting(std::chrono::milliseconds(10), HostState::works);
+        return ++attempts < 4 ? RPC_E_CALL_REJECTED : S_OK;
+    });
+    EXPECT_EQ(last, 0);
+}
+
 TEST(HostCaller, HasItsOwnWordsForEachState) {
     std::set<std::wstring> texts;
     for (const HostState state : {HostState::refuses, HostState::works, HostState::hangs}) {
