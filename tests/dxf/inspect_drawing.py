@@ -9,8 +9,8 @@ import sys
 
 import ezdxf
 
-SETTINGS = ("page_setup_name", "plot_configuration_file", "paper_size", "paper_width", "paper_height", "left_margin",
-            "plot_paper_units", "plot_rotation", "plot_type", "current_style_sheet", "limmax")
+SETTINGS = ("page_setup_name plot_configuration_file paper_size paper_width paper_height left_margin plot_paper_units "
+            "plot_rotation plot_type current_style_sheet limmax").split()
 
 
 def decoded(name):
