@@ -28,6 +28,7 @@ sql() { msibuild "$msi" -q "$1"; }
 
 # Only folders that are named here go when they are empty.
 sql "INSERT INTO CreateFolder (Directory_, Component_) VALUES ('LIBRARYDIR', 'Library')"
+sql "INSERT INTO CreateFolder (Directory_, Component_) VALUES ('VENDORDATADIR', 'DatabaseFolder')"
 
 # Where an older version lies, the newer one goes, and the one that is to be removed is found.
 sql 'CREATE TABLE CompLocator (Signature_ CHAR(72) NOT NULL, ComponentId CHAR(38) NOT NULL, Type INT

@@ -28,7 +28,7 @@ make_release() {
 
 do_package() {
     ready "${build_packages[@]}"
-    build_preset win32 Blattwart && build_preset win32 DatenbankAnlegen && check_program || exit
+    build_preset win32 Blattwart DatenbankAnlegen && check_program || exit
     rm -rf build/package
     make_release build/package "Blattwart-$(version)" || fail "the release cannot be made"
     ls -l build/package

@@ -7,6 +7,8 @@
 #include <filesystem>
 
 #include "demo/host/DemoAutomation.h"
+#include "demo/host/HostError.h"
+#include "support/ErrorOf.h"
 
 namespace demo {
 
@@ -15,20 +17,8 @@ using blattwart::ObjectPtr;
 using blattwart::RuntimeError;
 using blattwart::Value;
 
-/// The number of the error that a statement throws; 0 when it goes through.
-template <class Statement>
-std::int32_t errorOf(Statement&& statement) {
-    try {
-        statement();
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-}
-
-inline std::int32_t code(std::uint32_t bits) {
-    return static_cast<std::int32_t>(bits);
-}
+using blattwart::test::errorOf;
+using hostError::code;
 
 /// A host with a disk of its own, used through its automation objects.
 class HostTest : public testing::Test {

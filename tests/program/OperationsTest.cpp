@@ -161,6 +161,7 @@ TEST_F(DocumentOperations, TellWhatIsOpenAndWhatFails) {
               told(L"Plan.dwg konnte nicht gespeichert werden!\n\nDateifehler", MessageIcon::critical));
     // Whether it was done is not known when the answer is lost.
     host().close(host().findDocument(L"C:\\Vorlagen\\Plan A3.dwt"));
+    leaveAndReturn();
     loseAnswerOf(L"Documents", L"Open");
     click(L"D7");
     choose(L"mnuTemplateOpen");

@@ -149,9 +149,14 @@ ComObject::Handed ComObject::next(IEnumVARIANT& enumerator, ULONG wanted, std::v
         return enumerator.Next(wanted, buffer.data(), &fetched);
     });
     throwIfFailed(result);
-    const ULONG count = std::min(fetched, wanted);
-    for (const VARIANT& variant : buffer.first(count)) elements.push_back(element(variant));
-    return {count, result != S_OK};
+    Handed handed{0, result != S_OK};
+    for (const VARIANT& variant : buffer.first(std::min(fetched, wanted))) {
+        // On the way from another process "all is well" fills up what was handed out to what was wanted.
+        if (V_VT(&variant) == VT_EMPTY) break;
+        elements.push_back(element(variant));
+        ++handed.count;
+    }
+    return handed;
 }
 
 /// An enumerator that hands out more begins anew without end.

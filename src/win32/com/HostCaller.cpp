@@ -14,11 +14,33 @@ constexpr auto quickPhase = 1000ms;
 constexpr auto typedAhead = 500ms;
 
 /// Takes the next message of a range. The request to end the program comes whatever the range: it stays.
-bool takeNext(MSG& message, UINT first, UINT last) {
-    if (!PeekMessageW(&message, nullptr, first, last, PM_REMOVE)) return false;
+bool takeNext(MSG& message, UINT first, UINT last, HWND window = nullptr) {
+    if (!PeekMessageW(&message, window, first, last, PM_REMOVE)) return false;
     if (message.message != WM_QUIT) return true;
     PostQuitMessage(static_cast<int>(message.wParam));
     return false;
+}
+
+/// The system tells of a call that waits only when a message comes in: this one sees to it that some do.
+constexpr UINT tickMessage = WM_APP;
+
+void CALLBACK tick(PTP_CALLBACK_INSTANCE, void* thread, PTP_TIMER) {
+    PostThreadMessageW(static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(thread)), tickMessage, 0, 0);
+}
+
+void setTicker(PTP_TIMER ticker, bool on) {
+    constexpr auto milliseconds = static_cast<DWORD>(slowPause.count());
+    ULARGE_INTEGER due{};
+    due.QuadPart = static_cast<ULONGLONG>(-10000LL * milliseconds);  // from now on
+    FILETIME time{due.LowPart, due.HighPart};
+    SetThreadpoolTimer(ticker, on ? &time : nullptr, on ? milliseconds : 0, 0);
+}
+
+void dropTicks() {
+    const auto ofNoWindow = reinterpret_cast<HWND>(-1);
+    MSG message;
+    while (takeNext(message, tickMessage, tickMessage, ofNoWindow)) {
+    }
 }
 
 /// Whether the user wants something, not only moves the mouse across.
@@ -64,17 +86,24 @@ std::wstring giveUpQuestion(HostState state) {
     }
 }
 
-// The system tells of a call that waits when a message comes in: the timer sees to it that one does.
-HostCaller::Pending::Pending(HostCaller& caller)
-    : caller_(caller),
-      call_(caller.gate_),
-      timer_(SetTimer(nullptr, 0, static_cast<UINT>(slowPause.count()), nullptr)) {
+HostCaller::HostCaller(Gate& gate, Milliseconds askAfter)
+    : gate_(gate),
+      askAfter_(askAfter),
+      ticker_(
+          CreateThreadpoolTimer(tick, reinterpret_cast<void*>(ULONG_PTR{GetCurrentThreadId()}), nullptr)) {}
+
+HostCaller::~HostCaller() {
+    CloseThreadpoolTimer(ticker_);
+}
+
+HostCaller::Pending::Pending(HostCaller& caller) : caller_(caller), call_(caller.gate_) {
     caller_.askAt_ = caller_.askAfter_;
     caller_.impatient_ = false;
+    setTicker(caller_.ticker_, true);
 }
 
 HostCaller::Pending::~Pending() {
-    KillTimer(nullptr, timer_);
+    setTicker(caller_.ticker_, false);
     caller_.reportEnd();
 }
 
@@ -85,10 +114,7 @@ HostCaller::Waiting::Waiting(HostCaller& caller) : cursor_(SetCursor(LoadCursorW
 
 bool HostCaller::goOnWaiting(Milliseconds time, HostState state) {
     if (!gate_.callPending()) return true;
-    MSG message;
-    const auto withoutWindow = reinterpret_cast<HWND>(-1);
-    while (PeekMessageW(&message, withoutWindow, WM_TIMER, WM_TIMER, PM_REMOVE)) {
-    }
+    dropTicks();
     if (time >= typedAhead) throwInputAway();
     return goesOn(state, time);
 }
@@ -140,6 +166,7 @@ void HostCaller::pumpFor(Milliseconds time) {
 
 /// Windows paint and answer sent messages; what the user types and clicks is lost.
 void HostCaller::paintOnly() {
+    dropTicks();
     throwInputAway();
     MSG message;
     // A window that does not validate itself would be asked to paint without end.

@@ -46,10 +46,10 @@ class HostCaller {
 
     /// A user who presses a key or clicks while a call waits is asked whether to give up, once `askAfter` of
     /// waiting has passed, and not again before it has passed again.
-    explicit HostCaller(Gate& gate, Milliseconds askAfter = std::chrono::seconds(10))
-        : gate_(gate), askAfter_(askAfter) {}
+    explicit HostCaller(Gate& gate, Milliseconds askAfter = std::chrono::seconds(10));
     HostCaller(const HostCaller&) = delete;
     HostCaller& operator=(const HostCaller&) = delete;
+    ~HostCaller();
 
     void setHandlers(WaitingHandlers handlers) { handlers_ = std::move(handlers); }
 
@@ -92,7 +92,6 @@ class HostCaller {
       private:
         HostCaller& caller_;
         Gate::Call call_;
-        UINT_PTR timer_;
     };
 
     /// The waiting for a host that refused a call: wait cursor, time.
@@ -122,6 +121,7 @@ class HostCaller {
 
     Gate& gate_;
     Milliseconds askAfter_;
+    PTP_TIMER ticker_;
     WaitingHandlers handlers_;
     bool reported_ = false;
     bool impatient_ = false;  ///< the user pressed a key or clicked since he was asked last

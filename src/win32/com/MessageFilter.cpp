@@ -11,13 +11,14 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
+BOOL CALLBACK reacts(HWND window, LPARAM) {
+    return !IsWindowVisible(window) || !IsHungAppWindow(window);
+}
+
 /// Whether a window of the thread that carries out the call does not react; false where the system does not
 /// tell the thread.
 bool isHung(HTASK callee) {
     const auto thread = static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(callee));
-    const auto reacts = [](HWND window, LPARAM) -> BOOL {
-        return !IsWindowVisible(window) || !IsHungAppWindow(window);
-    };
     return thread != 0 && !EnumThreadWindows(thread, reacts, 0);
 }
 

@@ -8,6 +8,7 @@
 
 #include "demo/com/Server.h"
 #include "demo/com/ServerWindow.h"
+#include "support/ErrorOf.h"
 #include "win32/com/ComAutomation.h"
 #include "win32/ui/Guard.h"
 
@@ -56,15 +57,6 @@ std::wstring temporaryFile(const std::wstring& name);
 /// A file of the build as Windows names it.
 std::wstring windowsPath(const char* file);
 
-/// The number of the error that the statement fails with, 0 when it passes.
-template <class Statement>
-std::int32_t errorOf(Statement&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-    return 0;
-}
+using test::errorOf;
 
 }  // namespace blattwart

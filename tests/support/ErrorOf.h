@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/RuntimeError.h"
+
+namespace blattwart::test {
+
+/// The number of the error that a statement fails with; 0 when it passes.
+template <class Statement>
+std::int32_t errorOf(Statement&& statement) {
+    try {
+        statement();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return 0;
+}
+
+}  // namespace blattwart::test
