@@ -272,7 +272,7 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     WNDCLASSW own{};
     own.lpfnWndProc = DefWindowProcW;
     own.lpszClassName = mainWindowClass;
-    own.hInstance = GetModuleHandleW(L"user32.dll");  // beside the program's own class of this name
+    own.hInstance = GetModuleHandleW(L"kernel32.dll");  // beside the program's own class of this name
     RegisterClassW(&own);
     const HWND ours = CreateWindowW(mainWindowClass, L"BlattwartProbe", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0,
                                     0, 200, 100, nullptr, nullptr, own.hInstance, nullptr);
