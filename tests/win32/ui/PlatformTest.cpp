@@ -272,14 +272,15 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     WNDCLASSW own{};
     own.lpfnWndProc = DefWindowProcW;
     own.lpszClassName = mainWindowClass;
+    own.hInstance = GetModuleHandleW(L"kernel32.dll");  // beside the program's own class of this name
     RegisterClassW(&own);
     const HWND ours = CreateWindowW(mainWindowClass, L"BlattwartProbe", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0,
-                                    0, 200, 100, nullptr, nullptr, nullptr, nullptr);
+                                    0, 200, 100, nullptr, nullptr, own.hInstance, nullptr);
     SetForegroundWindow(host.window());
     pump();
     EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), windowHandle(ours)) << "before others, wherever it lies";
     DestroyWindow(ours);
-    UnregisterClassW(mainWindowClass, nullptr);
+    UnregisterClassW(mainWindowClass, own.hInstance);
     EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), windowHandle(host.window()));
     ShowWindow(host.window(), SW_MINIMIZE);
     pumpFor(50);
