@@ -123,7 +123,9 @@ bool HostCaller::goOnWaiting(Milliseconds time, HostState state) {
     // A call made again begins anew for the system, not for the user.
     const Milliseconds whole = std::max(time, waited());
     if (whole >= typedAhead) throwInputAway();
-    return goesOn(refused_ && time < noticeable ? HostState::refuses : state, whole);
+    // While a refused call is made again and again, what lies between the attempts tells of the waiting.
+    if (refused_ && time < noticeable) return !ended_;
+    return goesOn(state, whole);
 }
 
 /// Tells of the waiting; false when the user gives up.
