@@ -15,6 +15,8 @@ basMain::basMain(Platform& platform, FormPresenter& presenter)
 }
 
 bool basMain::Main() {
+    // One event: who gives up a host that does not answer is not asked again until the start is done.
+    const Gate::Event event(platform_.gate);
     try {
         // The question comes before the test for another instance; required so.
         if (!autoCAD.IsAutoCADRunning()) {

@@ -131,7 +131,8 @@ bool HostCaller::goOnWaiting(Milliseconds time, HostState state) {
 /// Tells of the waiting; false when the user gives up.
 bool HostCaller::goesOn(HostState state, Milliseconds time) {
     reportWaiting(state, time);
-    if (ended_) return false;
+    // A system that does not cancel the call must not have the user asked again.
+    if (ended_ || gate_.gaveUp()) return false;
     if (time < askAt_ || !impatient_ || !handlers_.askGiveUp) return true;
     // The waiting goes on while the question is open.
     const auto asked = Clock::now();

@@ -138,9 +138,11 @@ bool ProgramOnHost::start() {
 
 void ProgramOnHost::noteBusy(HostState state, std::int32_t milliseconds) {
     MainWindow* window = presenter.mainWindow();
+    // Before there is a window, the key goes to the thread.
+    if (impatient && milliseconds > 0)
+        PostMessageW(window ? window->window() : nullptr, WM_KEYDOWN, VK_RETURN, 0);
     if (!window) return;
     window->showWork(statusText(state, milliseconds));
-    if (impatient && milliseconds > 0) PostMessageW(window->window(), WM_KEYDOWN, VK_RETURN, 0);
     busy.push_back({milliseconds, busyPanel(), std::exchange(painted_, false)});
     InvalidateRect(window->window(), nullptr, FALSE);
 }
