@@ -84,7 +84,7 @@ Block& Drawing::addBlock(Object object, std::wstring name) {
 }
 
 Block& Drawing::copyBlock(const Block& original, std::wstring name) {
-    Block& copy = addBlock(original, std::move(name));
+    Block& copy = addBlock(static_cast<const Object&>(original), std::move(name));
     for (const auto& entity : original.entities) place(copy, *entity);
     return copy;
 }

@@ -59,7 +59,8 @@ Layout::Layout(Object object, Groups sheet, std::wstring name, Block& block)
     block.layout = this;
 }
 
-Layout::Layout(const Layout& source, Block& block) : Layout(source, source.sheet_, source.name_, block) {}
+Layout::Layout(const Layout& source, Block& block)
+    : Layout(static_cast<const Object&>(source), source.sheet_, source.name_, block) {}
 
 PlotSettings Layout::plotSettings() const {
     PlotSettings settings;

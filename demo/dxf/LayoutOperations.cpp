@@ -225,6 +225,7 @@ std::vector<Layout*> Drawing::importLayouts(const Drawing& source, std::span<con
     }
     takeDefinitions(source);
     std::vector<Layout*> made;
+    made.reserve(wanted.size());
     for (const Layout* layout : wanted)
         made.push_back(&takeOver(*layout, uniqueLayoutName(layout->name()), layouts_.size()));
     return made;

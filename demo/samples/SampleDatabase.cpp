@@ -17,7 +17,7 @@ void makeDatabase(const std::wstring& file, std::wstring_view statements) {
     const auto connection = makeAdo(L"ADODB.Connection");
     connection->call({L"Connection", L"Open"},
                      {Value(L"Provider=Microsoft.Jet.OLEDB.4.0;Data Source=\"" + file + L"\"")});
-    for (auto end = statements.find(L';'); end != statements.npos; end = statements.find(L';')) {
+    for (auto end = statements.find(L';'); end != std::wstring_view::npos; end = statements.find(L';')) {
         connection->call({L"Connection", L"Execute"}, {Value(statements.substr(0, end))});
         statements.remove_prefix(end + 1);
     }

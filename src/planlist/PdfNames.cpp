@@ -11,7 +11,7 @@ namespace blattwart {
 namespace {
 
 constexpr std::size_t longestPath = 259;
-constexpr std::size_t longestName = 255;
+constexpr std::size_t longestFileName = 255;
 
 bool isForbidden(wchar_t c) {
     constexpr std::wstring_view forbidden = L"\"*/:<>?\\|";
@@ -71,7 +71,7 @@ PdfName nameFor(const PlanList::Place& place, const std::wstring& folder, std::w
     if (target.empty()) return conflict(L"Bitte Ordner wählen");
     const std::wstring name = stem + L".pdf";
     std::wstring file = target + (target.ends_with(L'\\') ? L"" : L"\\") + name;
-    if (file.size() > longestPath || name.size() > longestName) return conflict(L"Pfad zu lang");
+    if (file.size() > longestPath || name.size() > longestFileName) return conflict(L"Pfad zu lang");
     return {row.number, std::move(file), {}};
 }
 

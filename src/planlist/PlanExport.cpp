@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <type_traits>
 
 namespace blattwart {
 
@@ -12,9 +13,12 @@ namespace {
 std::string utf8(std::wstring_view text) {
     std::string bytes;
     const auto add = [&](std::uint32_t bits) { bytes.push_back(static_cast<char>(bits)); };
+    const auto unit = [&](std::size_t at) -> std::uint32_t {
+        return at < text.size() ? static_cast<std::make_unsigned_t<wchar_t>>(text[at]) : 0;
+    };
     for (std::size_t i = 0; i < text.size(); ++i) {
-        auto code = static_cast<std::uint32_t>(text[i]);
-        const auto next = i + 1 < text.size() ? static_cast<std::uint32_t>(text[i + 1]) : 0;
+        std::uint32_t code = unit(i);
+        const std::uint32_t next = unit(i + 1);
         if (code >= 0xD800 && code < 0xDC00 && next >= 0xDC00 && next < 0xE000) {
             code = 0x10000 + ((code - 0xD800) << 10U) + (next - 0xDC00);
             ++i;
@@ -66,7 +70,7 @@ bool looksLikeFormula(std::wstring_view cell) {
 }
 
 std::wstring csvCell(const std::wstring& cell) {
-    const std::wstring text = looksLikeFormula(cell) ? L"'" + cell : cell;
+    std::wstring text = looksLikeFormula(cell) ? L"'" + cell : cell;
     const bool blankAtEnd = !text.empty() && (text.front() == L' ' || text.back() == L' ');
     if (!blankAtEnd && text.find_first_of(L";\"") == std::wstring::npos) return text;
     std::wstring quoted = L"\"";

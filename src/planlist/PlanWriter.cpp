@@ -22,7 +22,8 @@ void PlanWriter::beginRenaming(const std::vector<NewName>& names) {
 void PlanWriter::beginUndo() {
     std::vector<Job> jobs;
     for (const DrawingNamesChanged& changed : undo_.top().names) {
-        Job& job = jobs.emplace_back(changed.drawing, changed.shownName, std::vector<NameChanged>{});
+        jobs.push_back({changed.drawing, changed.shownName, {}});
+        Job& job = jobs.back();
         for (const NameChanged& name : changed.names) job.names.push_back({name.now, name.before});
     }
     begin(std::move(jobs), true);
@@ -210,10 +211,12 @@ void PlanWriter::takeBack() {
 void PlanWriter::endDrawing() {
     PlanDrawing& drawing = *this->drawing();
     std::vector<std::size_t> rows;
+    rows.reserve(work_.steps.size());
     for (const RenameStep& step : work_.steps) rows.push_back(step.layout);
     std::ranges::sort(rows);
-    rows.erase(std::ranges::unique(rows).begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
     std::vector<int> numbers;
+    numbers.reserve(rows.size());
     for (const std::size_t row : rows) numbers.push_back(drawing.rows[row].number);
     reader_.readNames(drawing, rows);
     if (!work_.refusal) {

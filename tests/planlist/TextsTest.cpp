@@ -97,6 +97,7 @@ class NamesTest : public testing::Test, public PlanWorld {
     /// "new name" or "new name: note" for every row, or for the rows with these indices.
     Names preview(const RenamePattern& pattern, const std::vector<std::size_t>& rows = {}) {
         std::vector<int> chosen;
+        chosen.reserve(rows.size());
         for (const std::size_t i : rows) chosen.push_back(numbers()[i]);
         if (rows.empty()) chosen = numbers();
         last = previewPattern(plan, chosen, pattern, world.locale);

@@ -26,8 +26,8 @@ class Details : public Program {
         settings.plotType = plotType;
         blatt().setPlotSettings(settings);
     }
-    demo::Object& add(const char* type, demo::Groups groups, const demo::XData& data) {
-        demo::Object& entity = plan->drawing().addEntity(blatt().block(), type, std::move(groups));
+    demo::Object& add(const char* type, const demo::Groups& groups, const demo::XData& data) {
+        demo::Object& entity = plan->drawing().addEntity(blatt().block(), type, groups);
         if (!data.empty()) plan->drawing().setXData(entity, data);
         return entity;
     }

@@ -3,8 +3,6 @@
 namespace blattwart::test {
 namespace {
 
-constexpr const wchar_t* ownLibrary = L"C:\\Programme\\Blattwart\\Bibliothek\\Vorlagen";
-
 class Navigator : public Program {
   protected:
     Navigator() {

@@ -15,6 +15,9 @@
 
 namespace blattwart::test {
 
+/// The library beside the program, for when no host tells its own.
+inline constexpr const wchar_t* ownLibrary = L"C:\\Programme\\Blattwart\\Bibliothek\\Vorlagen";
+
 /// A folder of its own for one test, removed afterwards.
 class TemporaryFolder {
   public:

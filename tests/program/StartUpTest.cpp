@@ -5,7 +5,6 @@ namespace {
 
 constexpr const wchar_t* startQuestion =
     L"Soll AutoCAD gestartet werden? Mit 'Nein' wird der Blattwart geschlossen!";
-constexpr const wchar_t* ownLibrary = L"C:\\Programme\\Blattwart\\Bibliothek\\Vorlagen";
 constexpr const wchar_t* startCaption = L"Blattwart: AutoCAD ist nicht aktiv!";
 
 using StartUp = Program;
