@@ -35,7 +35,7 @@ class DatabaseMakerTest : public testing::Test {
   protected:
     DatabaseMakerTest() {
         programs.setOtherPrograms([this](std::wstring_view name) {
-            const ObjectPtr made = demo::makeAdo(name, faults);
+            ObjectPtr made = demo::makeAdo(name, faults);
             files.catalog = made;
             return made;
         });

@@ -11,7 +11,7 @@ namespace blattwart {
 namespace {
 
 RuntimeError failureOf(HRESULT result) {
-    const RuntimeError error(result, systemText(result));
+    RuntimeError error(result, systemText(result));
     if (isAnswerLost(error))
         return {result,
                 L"AutoCAD hat nicht mehr geantwortet. Es ist nicht bekannt, ob der Befehl ausgeführt wurde."};

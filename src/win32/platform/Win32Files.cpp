@@ -85,7 +85,7 @@ std::shared_ptr<AwaitedPath> beginAsking(const std::wstring& path) {
     auto parameter = std::make_unique<std::shared_ptr<AwaitedPath>>(awaited);
     const Handle thread(CreateThread(nullptr, 0, ask, parameter.get(), 0, nullptr));
     if (thread) {
-        parameter.release();  // the thread's
+        static_cast<void>(parameter.release());  // the thread's
     } else {
         SetEvent(awaited->told.get());
     }

@@ -186,9 +186,14 @@ void ProgramOnHost::selectInList(const std::vector<std::wstring>& texts) {
 }
 
 void ProgramOnHost::confirmDialog(const std::function<void()>& open) {
+    // Whoever is told that AutoCAD does not answer may try again; here he does not.
+    static WPARAM button;
+    button = IDOK;
     const UINT_PTR timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
         HWND dialog = FindWindowW(L"#32770", nullptr);
-        if (dialog && IsWindowVisible(dialog)) PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        if (!dialog || !IsWindowVisible(dialog)) return;
+        PostMessageW(dialog, WM_COMMAND, button, 0);
+        button = IDCANCEL;
     });
     open();
     KillTimer(nullptr, timer);
