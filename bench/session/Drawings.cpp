@@ -36,8 +36,8 @@ demo::Drawing crowdedDrawing() {
     demo::Drawing drawing = demo::Drawing::createEmpty();
     drawing.registerApplication(L"Tarvix");
     demo::Layout& sheet = drawing.addLayout(L"Blatt");
-    const auto add = [&](const char* type, demo::Groups groups, const wchar_t* marker) {
-        demo::Object& object = drawing.addEntity(sheet.block(), type, std::move(groups));
+    const auto add = [&](const char* type, const demo::Groups& groups, const wchar_t* marker) {
+        demo::Object& object = drawing.addEntity(sheet.block(), type, groups);
         if (marker) drawing.setXData(object, {{1001, L"Tarvix"}, {1071, 0}, {1005, marker}});
     };
     for (int i = 0; i < viewports; ++i)

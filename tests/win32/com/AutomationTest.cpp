@@ -11,6 +11,10 @@ using demo::testServerWindow;
 
 /// A server in a process of its own and a client attached to it.
 class Automation : public testing::Test {
+  public:
+    Automation(const Automation&) = delete;
+    Automation& operator=(const Automation&) = delete;
+
   protected:
     Automation() {
         runProgram(TEST_SERVER, L"/register");
@@ -23,9 +27,6 @@ class Automation : public testing::Test {
         while (PeekMessageW(&message, nullptr, WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) {
         }
     }
-    Automation(const Automation&) = delete;
-    Automation& operator=(const Automation&) = delete;
-
     std::int32_t tick() { return *application_->call({L"App", L"Tick"}).as<std::int32_t>(); }
     Value echo(const Value& value) { return application_->call({L"App", L"Echo"}, {value}); }
     ObjectPtr collection(const wchar_t* name, std::int32_t count) {
