@@ -49,8 +49,8 @@ inline std::string inspect(const std::string& arguments) {
 
 /// A file of this process, removed in the end.
 struct TemporaryFile {
-    explicit TemporaryFile(const Drawing& drawing, const std::string& name = "") {
-        path = std::filesystem::temp_directory_path() / ("dxf_test_" + std::to_string(::getpid()) + name);
+    explicit TemporaryFile(const Drawing& drawing, const std::string& name = "")
+        : path(std::filesystem::temp_directory_path() / ("dxf_test_" + std::to_string(::getpid()) + name)) {
         std::ofstream(path, std::ios::binary) << saved(drawing);
     }
     TemporaryFile(const TemporaryFile&) = delete;
