@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,12 @@ enum class TabNumbers {
     shift,   ///< the layout moves to that place and the others make room
     store,   ///< kept as it is, even where another has it
     refuse,  ///< kept, unless another has it
+};
+
+/// What the host keeps in the registry for its next session.
+struct Profile {
+    std::int16_t backgroundPlot = 2;  ///< the system variable: 1 and 3 plot behind the client's back
+    bool showsPageSetup = false;      ///< a layout that is shown for the first time asks for its page setup
 };
 
 /// What one installation of the host is like. The defaults are a German 32-bit host with VBA.
@@ -42,6 +49,8 @@ struct HostOptions {
     bool caseIsTaken = false;
     /// The plot devices that are installed.
     std::vector<std::wstring> plotDevices = {L"DWG To PDF.pc3"};
+    /// The same for all instances that are made with these options.
+    std::shared_ptr<Profile> profile = std::make_shared<Profile>();
     /// How long it takes to ask the plot devices.
     std::chrono::milliseconds plotDeviceDelay{0};
 };

@@ -29,6 +29,7 @@ void basAutoCAD::ConnectAutoCAD() {
     }
     takeActiveDocument();
     if (fileDialogsStillOff_ && gAcadDoc) switchFileDialogsOn(gAcadDoc);
+    if (gAcadDoc) borrowed.giveBackForgotten(gAcadApp, gAcadDoc);
 }
 
 void basAutoCAD::StartAutoCAD() {

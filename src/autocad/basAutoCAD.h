@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "autocad/BorrowedSettings.h"
 #include "autocad/CommandTexts.h"
 #include "autocad/OpenDocument.h"
 #include "data/NavigatorEvents.h"
@@ -37,7 +38,7 @@ struct FoundDocuments {
 class basAutoCAD {
   public:
     basAutoCAD(Platform& platform, NavigatorRecords& records, NavigatorEvents& events)
-        : platform_(platform), records_(records), events_(events) {}
+        : borrowed(platform.settings), platform_(platform), records_(records), events_(events) {}
 
     /// While one lives, the host is asked only once which documents are open, what they are called and where
     /// they are. For events that look at documents several times and open or close none.
@@ -58,6 +59,9 @@ class basAutoCAD {
     host::Application gAcadApp;
     /// Its active document as fetched at the last attach or activation, or empty.
     host::Document gAcadDoc;
+
+    /// What of the host's own settings the program has put; the attach gives back what was forgotten.
+    BorrowedSettings borrowed;
 
     /// Reads the types of templates again, for StartAutoCAD; wired at start-up.
     std::function<void()> LoadTypes;

@@ -42,4 +42,17 @@ std::wstring Application::templateFolder() const {
     return folder;
 }
 
+ObjectPtr Application::displayPreferences() const {
+    const ObjectPtr preferences = toObject(object().get({application, L"Preferences"}));
+    return toObject(preferences->get({L"Preferences", L"Display"}));
+}
+
+bool Application::showsPageSetup() const {
+    return hostNumber(displayPreferences()->get({L"PreferencesDisplay", L"LayoutShowPlotSetup"})) != 0;
+}
+
+void Application::putShowsPageSetup(bool shows) const {
+    displayPreferences()->put({L"PreferencesDisplay", L"LayoutShowPlotSetup"}, shows);
+}
+
 }  // namespace blattwart::host

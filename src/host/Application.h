@@ -25,6 +25,12 @@ class Application : public HostObject {
     /// The folder of drawing templates, as the host is set up, without a backslash at its end. Three round
     /// trips.
     std::wstring templateFolder() const;
+    /// Whether a layout that is shown for the first time opens the page setup, a dialog. Three round trips.
+    bool showsPageSetup() const;
+    void putShowsPageSetup(bool shows) const;
+
+  private:
+    ObjectPtr displayPreferences() const;
 };
 
 }  // namespace blattwart::host
