@@ -5,6 +5,7 @@
 #define IDD_UMBENENNEN 301
 #define IDD_INFO 302
 #define IDD_WARTEN 303
+#define IDD_ERSTELLEN 340
 
 #define IDC_DOKUMENT 1001
 #define IDC_QUELLE 1002

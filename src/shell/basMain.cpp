@@ -7,6 +7,7 @@ basMain::basMain(Platform& platform, FormPresenter& presenter)
       registry(platform.registry, platform.locale, platform.files),
       autoCAD(platform, records, *this),
       tarvix(autoCAD, platform),
+      members(autoCAD, platform),
       database(platform, registry, [this] { return general.GetTemplateFolder(); }),
       help(platform, [this] { return fMainForm->window().handle(); }),
       platform_(platform),
@@ -49,9 +50,9 @@ void basMain::createMainWindow() {
     fMainForm = std::make_unique<frmMain>(platform_);
     gCollection.clear();
     makeNavigator();
-    modules_ = std::make_unique<Modules>(Modules{registry, general, autoCAD, tarvix, database, records,
-                                                 *views, *files, *templates, *layouts, help, presenter_,
-                                                 gWasForeground, *this});
+    modules_ = std::make_unique<Modules>(Modules{registry, general, autoCAD, tarvix, members, database,
+                                                 records, *views, *files, *templates, *layouts, help,
+                                                 presenter_, gWasForeground, *this});
     fMainForm->connect(*modules_);
     fMainForm->setWindow(&presenter_.createMainWindow(*fMainForm));
 }
@@ -63,7 +64,7 @@ void basMain::makeNavigator() {
     views = std::make_unique<basViewControls>(treeView, list, fMainForm->lblTitle[1], context);
     files = std::make_unique<basDateien>(views->tree, list, context);
     templates = std::make_unique<TemplateCreation>(views->tree, list, context);
-    layouts = std::make_unique<LayoutNames>(views->tree, list, tarvix, context);
+    layouts = std::make_unique<LayoutNames>(views->tree, list, tarvix, members, context);
 }
 
 void basMain::showMainWindow() {
@@ -84,6 +85,10 @@ void basMain::showMainWindow() {
 
 void basMain::RefreshTree() {
     if (views) views->RefreshTree();
+}
+
+void basMain::hostChanged() {
+    if (views) views->dropHost();
 }
 
 void basMain::ShowNodeStatus() {

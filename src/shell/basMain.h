@@ -35,6 +35,7 @@ class basMain : private NavigatorEvents {
     basRegistry registry;
     basAutoCAD autoCAD;
     basTarvix tarvix;
+    LayoutMembers members;
     basDatenbank database;
     basHTMLHelp help;
     std::unique_ptr<frmMain> fMainForm;
@@ -51,6 +52,7 @@ class basMain : private NavigatorEvents {
     void showMainWindow();
 
     void RefreshTree() override;
+    void hostChanged() override;
     void ShowNodeStatus() override;
     void showSelectedNode() override { views->showSelectedNode(); }
     void setDragMode() override { fMainForm->setDragMode(); }

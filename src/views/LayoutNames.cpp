@@ -1,6 +1,7 @@
 #include "views/LayoutNames.h"
 
 #include <algorithm>
+#include <span>
 
 namespace blattwart {
 
@@ -40,10 +41,40 @@ void LayoutNames::deleteLayouts(const host::Document& document, const std::vecto
     autoCAD_.activate(document);
     events_.ShowNodeStatus();
     const host::Layouts layouts = document.Layouts();
-    for (const std::wstring& key : keys) {
-        const auto record = records_.LayoutRecords.Item(NodeKey::parse(key));
-        if (!tarvix_.DeleteLayout(document, layouts.Item(record->Layout), *record)) return;
+    const auto recordOf = [this](const std::wstring& key) {
+        return records_.LayoutRecords.Item(NodeKey::parse(key));
+    };
+    std::vector<host::Layout> found;
+    std::vector<DoomedLayout> doomed;
+    // By what they are found again, should the host turn out to have no macro project.
+    if (!autoCAD_.hostIsEstablished()) {
+        for (const std::wstring& key : keys) {
+            const std::wstring& name = recordOf(key)->Layout;
+            found.push_back(layouts.Item(name));
+            doomed.push_back({found.back().Handle(), name});
+        }
     }
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        const auto record = recordOf(keys[i]);
+        const MacroRun run =
+            tarvix_.DeleteLayout(document, found.empty() ? layouts.Item(record->Layout) : found[i], *record);
+        if (run == MacroRun::ran) continue;
+        if (run == MacroRun::failed) return;
+        doomed.erase(doomed.begin(), doomed.begin() + static_cast<std::ptrdiff_t>(i));
+        return deleteWithoutTarvix(document, record->Zeichnung, doomed);
+    }
+}
+
+void LayoutNames::deleteWithoutTarvix(const host::Document& document, const std::wstring& drawing,
+                                      const std::vector<DoomedLayout>& doomed) {
+    constexpr std::size_t mostNames = 20;
+    std::wstring question = L"Ohne Tarvix aus der Zeichnung '" + drawing + L"' löschen?\n";
+    for (const DoomedLayout& each : std::span(doomed).first(std::min(doomed.size(), mostNames)))
+        question += L"\n" + each.name;
+    if (doomed.size() > mostNames)
+        question += L"\nund " + std::to_wstring(doomed.size() - mostNames) + L" weitere";
+    if (!platform_.messages.askBeforeLoss(question) || autoCAD_.refusesWhileCommandRuns(document)) return;
+    members_.Delete(document, doomed);
 }
 
 bool LayoutNames::isTaken(bool fromList, const std::wstring& key, const std::wstring& newName) const {

@@ -14,6 +14,7 @@
 #include "win32/platform/Win32FileDialogs.h"
 #include "win32/platform/Win32Files.h"
 #include "win32/platform/Win32HelpViewer.h"
+#include "win32/platform/Win32Installations.h"
 #include "win32/platform/Win32Locale.h"
 #include "win32/platform/Win32MessageBoxes.h"
 #include "win32/platform/Win32Process.h"
@@ -111,10 +112,11 @@ class Application {
     Win32Process process_;
     Win32Locale locale_;
     Win32HelpViewer help_;
+    Win32Installations installations_;
     std::wstring waitingText_;
     Win32ReadingWatch readings_{[this](const std::wstring& text) { showWork(text); }};
-    Platform platform_{automation_, registry_, settings_, files_, messages_, fileDialogs_,
-                       desktop_,    process_,  locale_,   help_,  readings_, gate_};
+    Platform platform_{automation_, registry_, settings_, files_,    messages_,      fileDialogs_, desktop_,
+                       process_,    locale_,   help_,     readings_, installations_, gate_};
     Win32FormPresenter presenter_{guard_, gate_};
 };
 

@@ -5,6 +5,7 @@
 #include "support/FakeFileDialogs.h"
 #include "support/FakeFiles.h"
 #include "support/FakeHelp.h"
+#include "support/FakeInstallations.h"
 #include "support/FakeMessages.h"
 #include "support/FakeProcess.h"
 #include "support/FakeReadingWatch.h"
@@ -17,8 +18,8 @@ namespace blattwart::test {
 /// A whole world of fakes round the given automation objects, which it does not own.
 struct TestPlatform {
     explicit TestPlatform(Automation& automation)
-        : platform{automation, registry, settings, files, messages, fileDialogs,
-                   desktop,    process,  locale,   help,  readings, gate} {}
+        : platform{automation, registry, settings, files,    messages,      fileDialogs, desktop,
+                   process,    locale,   help,     readings, installations, gate} {}
     TestPlatform(const TestPlatform&) = delete;
     TestPlatform& operator=(const TestPlatform&) = delete;
 
@@ -32,6 +33,7 @@ struct TestPlatform {
     GermanLocale locale;
     FakeHelp help;
     FakeReadingWatch readings;
+    FakeInstallations installations;
     Gate gate;
     Platform platform;
 };
