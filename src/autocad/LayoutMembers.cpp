@@ -2,37 +2,11 @@
 
 #include <algorithm>
 
+#include "autocad/PageSetupHidden.h"
+
 namespace blattwart {
 
 namespace {
-
-/// While it lives, layouts that are shown for the first time open no page setup.
-class PageSetupHidden {
-  public:
-    /// Throws when the host refuses.
-    PageSetupHidden(BorrowedSettings& settings, host::Application application, host::Document document)
-        : settings_(settings), application_(std::move(application)), document_(std::move(document)) {
-        try {
-            settings_.hidePageSetup(application_);
-        } catch (const RuntimeError&) {
-            // The host may have taken it although its answer was lost.
-            giveBack();
-            throw;
-        }
-    }
-    ~PageSetupHidden() { giveBack(); }
-    PageSetupHidden(const PageSetupHidden&) = delete;
-    PageSetupHidden& operator=(const PageSetupHidden&) = delete;
-
-  private:
-    void giveBack() {
-        if (!settings_.giveBack(application_, document_)) settings_.giveBack(application_, document_);
-    }
-
-    BorrowedSettings& settings_;
-    host::Application application_;
-    host::Document document_;
-};
 
 bool isDoomed(const std::wstring& handle, const std::vector<DoomedLayout>& doomed) {
     return std::ranges::find(doomed, handle, &DoomedLayout::handle) != doomed.end();
@@ -50,7 +24,7 @@ LayoutMembers::LayoutsByHandle LayoutMembers::paperLayouts(const host::Layouts& 
 void LayoutMembers::Delete(const host::Document& document, const std::vector<DoomedLayout>& doomed) {
     try {
         autoCAD_.activate(document);
-        const PageSetupHidden hidden(autoCAD_.borrowed, autoCAD_.gAcadApp, document);
+        const PageSetupHidden hidden(autoCAD_, document);
         deleteEach(document, doomed);
     } catch (const RuntimeError& error) {
         tellFailure(error, false, L"Die Layouts können nicht gelöscht werden!", L"");
@@ -91,7 +65,7 @@ bool LayoutMembers::Create(const host::Document& document, const std::wstring& n
     host::Layout made;
     try {
         autoCAD_.activate(document);
-        const PageSetupHidden hidden(autoCAD_.borrowed, autoCAD_.gAcadApp, document);
+        const PageSetupHidden hidden(autoCAD_, document);
         const host::Layouts layouts = document.Layouts();
         adding = true;
         made = layouts.Add(name);

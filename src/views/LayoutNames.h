@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,7 @@ class LayoutNames {
     /// The user is asked first; `drawing` is for the question.
     void deleteWithoutTarvix(const host::Document& document, const std::wstring& drawing,
                              const std::vector<DoomedLayout>& doomed);
+    std::shared_ptr<CAcadobj> recordOf(const std::wstring& key) const;
     bool isTaken(bool fromList, const std::wstring& key, const std::wstring& newName) const;
     void rename(const host::Layouts& layouts, CAcadobj& record, const std::wstring& newName);
     void showName(const std::wstring& key, const std::wstring& name);

@@ -36,7 +36,7 @@ MessageAnswer FakeMessages::show(const std::wstring& text, const std::wstring& c
         ADD_FAILURE() << "unexpected message box: " << testing::PrintToString(shown.back());
     }
     if (whileOpen) whileOpen(ShownBox(shown.back()));
-    return announced.answer.value_or(buttons == MessageButtons::yesNo ? MessageAnswer::no
+    return announced.answer.value_or(buttons != MessageButtons::ok ? MessageAnswer::no
                                                                       : MessageAnswer::ok);
 }
 
