@@ -14,7 +14,7 @@ inline constexpr std::wstring_view copyLayout = L"Tarvix_20";
 inline constexpr std::wstring_view renameLayouts = L"Tarvix_21";
 inline constexpr std::wstring_view information = L"Tarvix_30";
 inline constexpr std::wstring_view search = L"Tarvix_32";
-inline constexpr std::wstring_view withoutTarvix = L"Tarvix_39";
+inline constexpr std::wstring_view withoutTarvix = L"Tarvix_46";
 }  // namespace helpTopic
 
 /// The help file.

@@ -370,9 +370,13 @@ TEST_F(WithoutTarvix, GivesTheHostItsPreferenceBackAfterADeath) {
         }
         calls.beforeCall({});
         EXPECT_FALSE(host().options().profile->showsPageSetup);
-        // Another host is not given what it does not owe.
+        // Another host is not given what this one is owed.
         calls.heal();
         world.messages.clear();
+        demo.start(L"18").addDocument(L"C:\\Projekte", L"Haus.dwg", {L"Blatt 1"});
+        leaveAndReturn();
+        EXPECT_FALSE(demo.host(L"18")->options().profile->showsPageSetup);
+        demo.end(L"18");
         leaveAndReturn();
         EXPECT_TRUE(host().options().profile->showsPageSetup);
         EXPECT_EQ(layoutsOf(L"Plan.dwg"), L"Blatt 1,Blatt 2,Schnitt");
