@@ -233,7 +233,7 @@ TEST_F(DocumentOperations, ADocumentThatCannotBeNamedDoesNotHideTheOthers) {
     click(L"Z1");
     choose(L"mnuSave");
     EXPECT_EQ(hint(), L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet.");
-    click(L"Z3");
+    leaveAndReturn();
     EXPECT_EQ(hint(), L"");
     demo.end();
     EXPECT_EQ(main->autoCAD.find(L"C:\\Projekte\\Plan.dwg").outcome, Lookup::notOpen);
@@ -563,7 +563,7 @@ TEST_F(LayoutOperations, WorkInFoldersWithASemicolon) {
         refresh();
         EXPECT_EQ(tree().node(key).text(), name);
     }
-    choose(L"mnuFileDelete");
+    form().tbToolBar.userClicks(L"Delete");
     EXPECT_EQ(layoutsOf(host().activeDocument()->drawing()), L"Decke");
     EXPECT_TRUE(world.messages.shown.empty());
 }
