@@ -136,7 +136,8 @@ demonstrate() {
     start_session 9>&- || fail "Wine or the demonstration host cannot be set up"
     in_session "$cadhost" /templates "$samples\\Vorlagen" /do 'activate Erdgeschoß Süd.dwg' "${drawings[@]}" 9>&- &
     # Another release beside it, as users have it.
-    [ -z "${beside:-}" ] || in_session "$cadhost" /release "$beside" /novba "$samples\\Haus 2\\Plan.dwg" 9>&- &
+    [ -z "${beside:-}" ] || in_session "$cadhost" /release "$beside" /novba /templates "$samples\\Vorlagen" \
+        "$samples\\Haus 1\\Plan.dwg" "$samples\\Zeichnungen\\Erdgeschoß Süd.dwg" 9>&- &
     in_session "$cadhost" /wait 9>&- || fail "the demonstration host does not come up"
 
     say "Starting Blattwart"
