@@ -12,6 +12,7 @@
 #include "platform/ReadingWatch.h"
 #include "platform/Registry.h"
 #include "platform/Settings.h"
+#include "platform/Worker.h"
 
 namespace blattwart {
 
@@ -32,6 +33,7 @@ struct Platform {
     HelpViewer& help;
     ReadingWatch& readings;
     Gate& gate;
+    Worker& worker;
 };
 
 }  // namespace blattwart

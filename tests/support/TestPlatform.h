@@ -10,6 +10,7 @@
 #include "support/FakeReadingWatch.h"
 #include "support/FakeRegistry.h"
 #include "support/FakeSettings.h"
+#include "support/FakeWorker.h"
 #include "support/GermanLocale.h"
 
 namespace blattwart::test {
@@ -17,8 +18,8 @@ namespace blattwart::test {
 /// A whole world of fakes round the given automation objects, which it does not own.
 struct TestPlatform {
     explicit TestPlatform(Automation& automation)
-        : platform{automation, registry, settings, files, messages, fileDialogs,
-                   desktop,    process,  locale,   help,  readings, gate} {}
+        : platform{automation, registry, settings, files,    messages, fileDialogs, desktop,
+                   process,    locale,   help,     readings, gate,     worker} {}
     TestPlatform(const TestPlatform&) = delete;
     TestPlatform& operator=(const TestPlatform&) = delete;
 
@@ -33,6 +34,7 @@ struct TestPlatform {
     FakeHelp help;
     FakeReadingWatch readings;
     Gate gate;
+    FakeWorker worker;
     Platform platform;
 };
 
