@@ -114,7 +114,7 @@ take_pictures() {
     take_list_picture "$window" zeichnungen Home &&
         take_list_picture "$window" layouts Down &&
         take_list_picture "$window" layout-details Down &&
-        take_list_picture "$window" vorlage-details End &&
+        take_list_picture "$window" vorlage-details End Up Up Up &&
         take_list_picture "$window" vorlagen Left
 }
 

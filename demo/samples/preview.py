@@ -7,7 +7,7 @@ SENTINEL = bytes.fromhex("1F256D07D43628289D57CA3F9D44102B")
 SECTION = 0x40  # where the preview section begins
 HEADER, DIB, PNG = 1, 2, 6
 FIRST_WITH_PNG = "AC1027"
-LONGEST_SIDE = {DIB: 256, PNG: 512}  # pixels
+LONGEST_SIDE = 512  # pixels
 FRAME = 10  # mm from the paper's edges
 LINES = 500  # as many of them would fill the paper's width
 
@@ -69,8 +69,7 @@ def converted(data, *command):
 
 def picture(doc, kind):
     text, ratio = svg(doc)
-    side = LONGEST_SIDE[kind]
-    size = [f"--width={min(side, math.ceil(side * ratio))}", f"--height={min(side, math.ceil(side / ratio))}"]
+    size = [f"--width={math.ceil(LONGEST_SIDE * min(1, ratio))}", f"--height={math.ceil(LONGEST_SIDE * min(1, 1 / ratio))}"]
     png = converted(text.encode(), "rsvg-convert", "--format=png", *size)
     if kind == PNG:
         return png
