@@ -12,7 +12,8 @@ class Worker {
 
     /// Runs `work` on the thread, after what was given before, and then `done` as an event of its own on the
     /// program's thread; neither at all when the program ends before. `work` must touch nothing that is not
-    /// its own or made for several threads; what it throws is lost.
+    /// its own or made for several threads; what it throws is lost. Throws RuntimeError when there is no
+    /// thread to be had.
     virtual void run(std::function<void()> work, std::function<void()> done) = 0;
 };
 

@@ -35,8 +35,11 @@ void TemplatePictures::begin() {
         reading->wasKnown = true;
     }
     reading->known.file = wanted_;
-    worker_.run([&files = files_, reading] { read(files, *reading); }, [this, reading] { finish(*reading); });
-    reading_ = true;
+    ignoringErrors([&] {
+        worker_.run([&files = files_, reading] { read(files, *reading); },
+                    [this, reading] { finish(*reading); });
+        reading_ = true;
+    });
 }
 
 /// Runs on the worker's thread.

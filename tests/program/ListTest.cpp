@@ -129,6 +129,11 @@ TEST_F(List, ShowsATemplatesPictureWhenItHasComeAndTheTemplateIsStillSelected) {
     refresh();
     world.worker.finishOne();
     EXPECT_EQ(width(), 5);
+    world.worker.refuses = true;
+    refresh();
+    EXPECT_EQ(width(), 5);
+    EXPECT_TRUE(world.messages.shown.empty());
+    world.worker.refuses = false;
     for (const bool denied : {true, false}) {
         world.files.fails = [denied](std::wstring_view call) { return denied && call == L"Files.open"; };
         refresh();

@@ -3,6 +3,7 @@
 #include <deque>
 #include <utility>
 
+#include "platform/RuntimeError.h"
 #include "platform/Worker.h"
 
 namespace blattwart::test {
@@ -10,7 +11,10 @@ namespace blattwart::test {
 /// A thread that does nothing until the test lets it.
 class FakeWorker : public Worker {
   public:
+    bool refuses = false;  ///< as when there is no thread to be had
+
     void run(std::function<void()> work, std::function<void()> done) override {
+        if (refuses) throw RuntimeError(errorNumber::invalidCall, L"Zu wenig Speicher");
         jobs_.emplace_back(std::move(work), std::move(done));
     }
     std::size_t waiting() const { return jobs_.size(); }

@@ -40,10 +40,12 @@ void CALLBACK endThread(ULONG_PTR) {
 }  // namespace
 
 Win32Worker::~Win32Worker() {
-    if (!thread_) return;
-    QueueUserAPC(endThread, thread_.get(), 0);
-    CancelSynchronousIo(thread_.get());
-    WaitForSingleObject(thread_.get(), patience);
+    if (!window_) return;
+    if (thread_) {
+        QueueUserAPC(endThread, thread_.get(), 0);
+        CancelSynchronousIo(thread_.get());
+        WaitForSingleObject(thread_.get(), patience);
+    }
     MSG message{};
     while (PeekMessageW(&message, window_, workDone, workDone, PM_REMOVE))
         delete reinterpret_cast<Job*>(message.lParam);
@@ -51,10 +53,12 @@ Win32Worker::~Win32Worker() {
 }
 
 void Win32Worker::begin() {
-    window_ = CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
-                              GetModuleHandleW(nullptr), nullptr);
-    if (!window_) throwSystemError();
-    SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    if (!window_) {
+        window_ = CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                  GetModuleHandleW(nullptr), nullptr);
+        if (!window_) throwSystemError();
+        SetWindowSubclass(window_, procedure, 1, reinterpret_cast<DWORD_PTR>(this));
+    }
     thread_.reset(CreateThread(nullptr, 0, serve, nullptr, 0, nullptr));
     if (!thread_) throwSystemError();
 }
