@@ -208,6 +208,10 @@ TEST_F(XDataTest, AViewportFillsItselfFromItsData) {
     EXPECT_EQ(L"A1", viewport.Bezeichnung);
     EXPECT_EQ(2, viewport.Uebersicht);
 
+    CAFenster found;
+    found.ObjektId = 42;
+    found.GetBezeichnung({host::Document(document, manners), {}, report, locale});
+    EXPECT_EQ(L"A1", found.Bezeichnung);
     CAFenster handed;
     handed.GetBezeichnung({{}, host::Entity(entity, manners), report, locale});
     EXPECT_EQ(L"A1", handed.Bezeichnung);
