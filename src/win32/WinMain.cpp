@@ -21,6 +21,7 @@
 #include "win32/platform/Win32ReadingWatch.h"
 #include "win32/platform/Win32Registry.h"
 #include "win32/platform/Win32Settings.h"
+#include "win32/platform/Win32Worker.h"
 #include "win32/ui/Guard.h"
 #include "win32/ui/WaitingNotice.h"
 #include "win32/ui/Win32FormPresenter.h"
@@ -95,6 +96,11 @@ class Application {
         if (MainWindow* window = presenter_.mainWindow()) window->showWork(text);
     }
 
+    void deliver(std::function<void()> done) {
+        MainWindow* window = presenter_.mainWindow();
+        if (window) guard_.guarded([&] { window->post(std::move(done)); });
+    }
+
     bool askGiveUp(HostState state) { return !messages_.ask(giveUpQuestion(state)); }
 
     Apartment apartment_;
@@ -115,8 +121,9 @@ class Application {
     Win32Installations installations_;
     std::wstring waitingText_;
     Win32ReadingWatch readings_{[this](const std::wstring& text) { showWork(text); }};
+    Win32Worker worker_{[this](std::function<void()> done) { deliver(std::move(done)); }};
     Platform platform_{automation_, registry_, settings_, files_,    messages_,      fileDialogs_, desktop_,
-                       process_,    locale_,   help_,     readings_, installations_, gate_};
+                       process_,    locale_,   help_,     readings_, installations_, gate_,        worker_};
     Win32FormPresenter presenter_{guard_, gate_};
 };
 

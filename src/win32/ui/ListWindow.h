@@ -25,6 +25,8 @@ class ListWindow final : public ControlWindow, private ListViewListener {
     LRESULT notify(NMHDR& header);
     /// Where the menu asked for by keyboard belongs: at the selected row.
     POINT contextMenuByKey() const;
+    /// What the rows leave free below them; pixels within the window.
+    RECT roomBelowRows() const;
     bool editing() const { return labelEdit_.active(); }
 
   private:

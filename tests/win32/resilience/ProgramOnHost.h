@@ -112,7 +112,7 @@ class ProgramOnHost {
     Platform platform_{calls,          world.registry,    world.settings, files_,
                        world.messages, world.fileDialogs, world.desktop,  world.process,
                        world.locale,   world.help,        world.readings, installations_,
-                       client.gate};
+                       client.gate,    world.worker};
     bool painted_ = false;
 };
 
