@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ControlHost.h"
+#include "dialogs/frmErstellen.h"
 #include "res/DialogIds.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
@@ -192,6 +193,18 @@ TEST_F(DialogTest, EveryTextHasItsRoom) {
     list.add(L"L3", L"Blatt 2");
     list.selectAll();
     inDialog([this] { program.fMainForm->mnuFileRename_Click(); }, expectRoom);
+    inDialog(
+        [&] {
+            frmErstellen form(
+                {*program.views, list, program.autoCAD, program.general, program.help, world.platform},
+                program.tarvix, program.members, {});
+            form.Form_Load();
+            presenter.showModal(form);
+        },
+        [&] {
+            expectRoom();
+            EXPECT_EQ(textOf(GetFocus()), L"Layout1");
+        });
 }
 
 }  // namespace
