@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
+#include <utility>
 
 #include "platform/RuntimeError.h"
 
@@ -80,7 +82,9 @@ const std::vector<InstalledRelease>& HostChoice::installed() {
         installed_->push_back(
             {*release, product.name.empty() ? L"AutoCAD " + release->text() : product.name});
     }
-    std::ranges::sort(*installed_, std::ranges::greater(), &InstalledRelease::release);
+    std::ranges::sort(*installed_, std::greater(), [](const InstalledRelease& each) {
+        return std::pair(each.release.family, each.release.minor);
+    });
     return *installed_;
 }
 

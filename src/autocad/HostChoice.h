@@ -14,7 +14,7 @@ struct Release {
     int family = 0;
     int minor = 0;
 
-    auto operator<=>(const Release&) const = default;
+    friend bool operator==(const Release&, const Release&) = default;
     std::wstring text() const { return std::to_wstring(family) + L"." + std::to_wstring(minor); }
     /// The release at the beginning of a text ("24.3s (LMS Tech)"); none for any other text.
     static std::optional<Release> parse(std::wstring_view text);

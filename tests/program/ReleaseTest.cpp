@@ -247,7 +247,7 @@ class WithoutTarvix : public Operations {
         choose(L"mnuFileDelete");
     }
     /// Something happens directly before the n-th call of this member.
-    void before(std::wstring_view member, int n, std::function<void()> happens) {
+    void before(std::wstring_view member, int n, const std::function<void()>& happens) {
         calls.clear();
         calls.beforeCall([=, met = 0, this](std::size_t) mutable {
             if (calls.calls().back().name == member && ++met == n) happens();

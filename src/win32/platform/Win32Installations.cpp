@@ -4,6 +4,7 @@
 
 #include <objbase.h>
 
+#include <algorithm>
 #include <array>
 
 #include "win32/base/Handles.h"
@@ -35,7 +36,7 @@ std::vector<std::wstring> subKeys(HKEY key) {
 
 /// With the variables in it replaced; "" where there is none.
 std::wstring textValue(HKEY key, const wchar_t* name) {
-    std::array<wchar_t, 2 * MAX_PATH> text{};
+    std::array<wchar_t, std::size_t{2} * MAX_PATH> text{};
     auto bytes = static_cast<DWORD>(sizeof text);
     const LSTATUS result = RegGetValueW(key, nullptr, name, RRF_RT_REG_SZ, nullptr, text.data(), &bytes);
     return result == ERROR_SUCCESS ? text.data() : std::wstring();
@@ -85,11 +86,10 @@ std::wstring Win32Installations::classOf(const std::wstring& programName) {
 }
 
 bool Win32Installations::hasServer(const std::wstring& classId) {
-    for (const REGSAM view : views) {
+    return std::ranges::any_of(views, [&](REGSAM view) {
         const Key key = openKey(HKEY_CLASSES_ROOT, L"CLSID\\" + classId + L"\\LocalServer32", view);
-        if (key && hasProgram(textValue(key.get(), nullptr))) return true;
-    }
-    return false;
+        return key && hasProgram(textValue(key.get(), nullptr));
+    });
 }
 
 }  // namespace blattwart
