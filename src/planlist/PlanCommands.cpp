@@ -7,7 +7,10 @@ std::wstring showLayout(basAutoCAD& autoCAD, PlanReader& reader, const PlanList:
         autoCAD.activate(place.drawing->document);
         place.drawing->document.putActiveLayout(place.row->layout);
     } catch (const RuntimeError& error) {
-        return L"Das Layout „" + place.row->name + L"“ kann nicht angezeigt werden: " + error.description();
+        const bool closed = reader.isClosed(error);
+        return L"Das Layout „" + place.row->name + L"“ kann nicht angezeigt werden: " +
+               (closed ? L"„" + place.drawing->shownName + L"“ ist nicht mehr geöffnet."
+                       : error.description());
     }
     reader.readNames(*place.drawing, {});
     autoCAD.BringAutoCADToFront();

@@ -103,7 +103,10 @@ void frmPlanliste::buildCommands() {
 
 void frmPlanliste::connectEvents() {
     lvPlan.events = {
-        .doubleClick = items_.front()->click,
+        .doubleClick =
+            [this] {
+                if (items_.front()->enabled()) items_.front()->click();
+            },
         .contextMenu = [this] { window().popUpMenu(popupMenu); },
         .selectionChange =
             [this] {
@@ -134,17 +137,19 @@ void frmPlanliste::opened() {
     window().stepLater();
 }
 
-/// What is half done is put back first: nobody would see it any more. While a call waits none can be made;
-/// then it can be taken back as long as the program runs.
+/// What is half done is put back first: nobody would see it any more. While a call waits, which only the end
+/// of the program does not let be, none can be made, and what works with its answer is left as it is.
 void frmPlanliste::unload() {
-    if (work_ == Work::writing) {
-        writer_.stop();
-        while (writer_.step()) {
+    if (!platform_.gate.callPending()) {
+        if (work_ == Work::writing) {
+            writer_.stop();
+            while (writer_.step()) {
+            }
         }
+        work_ = Work::none;
+        reader_.stop();
+        plan_.letGo();
     }
-    work_ = Work::none;
-    reader_.stop();
-    plan_.letGo();
     storePlacement(window().placement(), platform_.settings);
     storeColumns(lvPlan, platform_.settings);
 }
