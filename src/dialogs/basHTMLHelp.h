@@ -14,6 +14,8 @@ inline constexpr std::wstring_view copyLayout = L"Tarvix_20";
 inline constexpr std::wstring_view renameLayouts = L"Tarvix_21";
 inline constexpr std::wstring_view information = L"Tarvix_30";
 inline constexpr std::wstring_view search = L"Tarvix_32";
+inline constexpr std::wstring_view planList = L"Tarvix_38";
+inline constexpr std::wstring_view renameByPattern = L"Tarvix_39";
 inline constexpr std::wstring_view withoutTarvix = L"Tarvix_46";
 }  // namespace helpTopic
 

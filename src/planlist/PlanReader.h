@@ -39,6 +39,8 @@ class PlanReader {
     /// "Zeichnung 3 von 10 wird gelesen …", or why the last reading is not complete; "" when it is.
     std::wstring statusText() const;
 
+    /// Whether an error of a drawing's means that the drawing alone is gone. One round trip when it may be.
+    bool isClosed(const RuntimeError& error);
     /// Reads the names of these rows (by their places) and the drawing's state anew, after they were changed
     /// from here. What the host does not tell stays as it is known.
     void readNames(PlanDrawing& drawing, std::span<const std::size_t> rows);
@@ -65,8 +67,6 @@ class PlanReader {
     std::optional<std::vector<PlanRow>> readRows(PlanDrawing& drawing, LongRead& watch);
     std::optional<PlanRow> readRow(PlanDrawing& drawing, const host::Layout& layout);
     void readState(PlanDrawing& drawing);
-    /// Whether an error of a drawing's means that the drawing alone is gone.
-    bool isClosed(const RuntimeError& error);
     void findPapers();
     void readNextPaper();
     void finish(State state);

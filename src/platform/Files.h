@@ -41,6 +41,9 @@ class Files {
     /// whose bytes would have to be fetched from elsewhere first (archived, in a cloud). Throws RuntimeError.
     /// May be called on any thread.
     virtual std::unique_ptr<FileReader> open(const std::wstring& path) = 0;
+    /// Writes a whole file: beside it at first, then in its place, so that there is always the old one or the
+    /// new one. Throws RuntimeError with the system's reason; the old one is untouched then.
+    virtual void writeAtomically(const std::wstring& path, const std::string& bytes) = 0;
     /// Deletes a file. Throws RuntimeError when that fails.
     virtual void remove(const std::wstring& path) = 0;
 };

@@ -10,6 +10,7 @@ basMain::basMain(Platform& platform, FormPresenter& presenter)
       members(autoCAD, platform),
       database(platform, registry, [this] { return general.GetTemplateFolder(); }),
       help(platform, [this] { return fMainForm->window().handle(); }),
+      planList(autoCAD, presenter, help, platform),
       platform_(platform),
       presenter_(presenter) {
     autoCAD.LoadTypes = [this] { database.LoadTypes(); };
@@ -52,7 +53,7 @@ void basMain::createMainWindow() {
     makeNavigator();
     modules_ = std::make_unique<Modules>(Modules{registry, general, autoCAD, tarvix, members, database,
                                                  records, *views, *files, *templates, *layouts, help,
-                                                 presenter_, gWasForeground, *this});
+                                                 planList, presenter_, gWasForeground, *this});
     fMainForm->connect(*modules_);
     fMainForm->setWindow(&presenter_.createMainWindow(*fMainForm));
 }

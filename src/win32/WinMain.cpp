@@ -10,6 +10,7 @@
 #include "win32/com/Apartment.h"
 #include "win32/com/ComAutomation.h"
 #include "win32/com/HostCaller.h"
+#include "win32/platform/Win32Clipboard.h"
 #include "win32/platform/Win32Desktop.h"
 #include "win32/platform/Win32FileDialogs.h"
 #include "win32/platform/Win32Files.h"
@@ -84,16 +85,12 @@ class Application {
         if (std::exchange(waitingText_, text).empty() && text.empty()) return;
         MainWindow* window = presenter_.mainWindow();
         const bool shown = window && IsWindowVisible(window->window());
-        if (shown) window->showWork(text);
+        if (shown) presenter_.showWork(text);
         if (shown || text.empty()) {
             notice_.hide();
         } else {
             notice_.show(text);
         }
-    }
-
-    void showWork(const std::wstring& text) {
-        if (MainWindow* window = presenter_.mainWindow()) window->showWork(text);
     }
 
     void deliver(std::function<void()> done) {
@@ -113,6 +110,7 @@ class Application {
     Win32Registry registry_;
     Win32Settings settings_;
     Win32Files files_;
+    Win32Clipboard clipboard_;
     Win32FileDialogs fileDialogs_;
     Win32Desktop desktop_;
     Win32Process process_;
@@ -120,10 +118,11 @@ class Application {
     Win32HelpViewer help_;
     Win32Installations installations_;
     std::wstring waitingText_;
-    Win32ReadingWatch readings_{[this](const std::wstring& text) { showWork(text); }};
+    Win32ReadingWatch readings_{[this](const std::wstring& text) { presenter_.showWork(text); }};
     Win32Worker worker_{[this](std::function<void()> done) { deliver(std::move(done)); }};
-    Platform platform_{automation_, registry_, settings_, files_,    messages_,      fileDialogs_, desktop_,
-                       process_,    locale_,   help_,     readings_, installations_, gate_,        worker_};
+    Platform platform_{automation_, registry_,    settings_,      files_,   clipboard_,
+                       messages_,   fileDialogs_, desktop_,       process_, locale_,
+                       help_,       readings_,    installations_, gate_,    worker_};
     Win32FormPresenter presenter_{guard_, gate_};
 };
 

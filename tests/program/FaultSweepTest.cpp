@@ -55,6 +55,25 @@ class FaultSweep : public Operations {
             dialog.txtLayout.setText(L"Neu");
             start(dialog);
         };
+        presenter.inPlanliste = [this](frmPlanliste& list) {
+            presenter.dialog.goOn();
+            std::vector<ListItem*> rows;
+            for (int i = 0; i < list.lvPlan.count(); ++i)
+                if (list.lvPlan.row(i).column(2) == L"Plan.dwg") rows.push_back(&list.lvPlan.row(i));
+            list.lvPlan.userSelects(rows, nullptr);
+            // Who is told that something failed does not go on here.
+            presenter.dialog.press({.key = Shortcut::enter}, &list.lvPlan);
+            if (world.messages.shown.empty())
+                presenter.dialog.press({.key = L'S', .control = true}, &list.lvPlan);
+            if (world.messages.shown.empty()) list.cmdCsv.userClicks();
+            presenter.dialog.goOn();
+            presenter.dialog.close();
+        };
+        presenter.inPlanUmbenennen = [](frmPlanUmbenennen& dialog) {
+            dialog.txtMuster.setText(L"Blatt <Nr>");
+            dialog.txtStellen.setText(L"1");
+            dialog.cmdUmbenennen.userClicks();
+        };
         presenter.inInfo = [](frmInfo& dialog) {
             dialog.cmdSysInfo.userClicks();
             dialog.cmdOK.userClicks();
@@ -75,6 +94,8 @@ class FaultSweep : public Operations {
                            leaveAndReturn();
                        },
                        always});
+        all.push_back({L"swap in the plan list, and back", [this](frmMain&) { swapInPlanList(); },
+                       [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
         all.push_back({L"start",
                        [this](frmMain&) {
                            main = std::make_unique<basMain>(world.platform, presenter);
@@ -82,6 +103,30 @@ class FaultSweep : public Operations {
                        },
                        always});
         return all;
+    }
+
+    /// Two layouts of each of two drawings change their names with one another, and back.
+    void swapInPlanList() {
+        const demo::DocumentPtr house = document(L"Haus.dwg");
+        if (!house->findLayout(L"Blatt 2")) house->drawing().addLayout(L"Blatt 2");
+        const auto user = std::exchange(presenter.inPlanliste, [this](frmPlanliste& list) { swap(list); });
+        form().item(L"mnuPlanList").click();
+        presenter.inPlanliste = user;
+    }
+
+    void swap(frmPlanliste& list) {
+        presenter.dialog.goOn();
+        list.lvPlan.setSortKey(0);
+        list.lvPlan.setSortOrder(SortOrder::descending);
+        std::vector<ListItem*> rows;
+        for (int i = 0; i < list.lvPlan.count(); ++i)
+            if (list.lvPlan.row(i).text().starts_with(L"Blatt")) rows.push_back(&list.lvPlan.row(i));
+        list.lvPlan.userSelects(rows, nullptr);
+        if (rows.size() == 4) list.cmdUmbenennen.userClicks();
+        presenter.dialog.goOn();
+        if (list.lblStatus.text() == L"4 Layouts umbenannt.") list.cmdRueckgaengig.userClicks();
+        presenter.dialog.goOn();
+        presenter.dialog.close();
     }
 
     // Preparing
@@ -230,7 +275,8 @@ class FaultSweep : public Operations {
 
     std::size_t questions() {
         return static_cast<std::size_t>(std::ranges::count_if(world.messages.shown, [](const ShownBox& box) {
-            return box.buttons == MessageButtons::yesNo && !box.text.starts_with(L"Soll AutoCAD gestartet");
+            return box.buttons == MessageButtons::yesNo && !box.text.starts_with(L"Soll AutoCAD gestartet") &&
+                   box.text.find(L"Soll der Rest") == std::wstring::npos;
         }));
     }
 
@@ -262,6 +308,8 @@ class FaultSweep : public Operations {
             EXPECT_TRUE(clean.stored.contains(name) && clean.stored.at(name).contains(value))
                 << testing::PrintToString(name);
         }
+        // What the host still takes is put back.
+        EXPECT_TRUE(fault.hostGone || started || parts[0].find(L"BLATTWART$") == std::wstring::npos);
         // Where the active drawing is not known, the user is asked whether to go to the one he wants.
         EXPECT_LE(questions(), std::max<std::size_t>(clean.questions, 1));
         expectFewMessages(clean.boxes + (fault.second ? 2 : 1));

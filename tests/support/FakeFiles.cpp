@@ -98,6 +98,11 @@ std::unique_ptr<FileReader> FakeFiles::open(const std::wstring& path) {
     return std::make_unique<FakeFileReader>(content.bytes, content.written);
 }
 
+void FakeFiles::writeAtomically(const std::wstring& path, const std::string& bytes) {
+    if (fails(L"Files.writeAtomically")) throwDenied();
+    fill(path, {bytes.begin(), bytes.end()});
+}
+
 void FakeFiles::remove(const std::wstring& path) {
     if (fails(L"Files.remove")) throwDenied();
     const auto file = find(path);

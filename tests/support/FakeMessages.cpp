@@ -36,8 +36,9 @@ MessageAnswer FakeMessages::show(const std::wstring& text, const std::wstring& c
         ADD_FAILURE() << "unexpected message box: " << testing::PrintToString(shown.back());
     }
     if (whileOpen) whileOpen(ShownBox(shown.back()));
-    return announced.answer.value_or(buttons != MessageButtons::ok ? MessageAnswer::no
-                                                                      : MessageAnswer::ok);
+    if (announced.answer) return *announced.answer;
+    if (buttons == MessageButtons::ok) return MessageAnswer::ok;
+    return buttons == MessageButtons::yesNoCancel ? MessageAnswer::cancel : MessageAnswer::no;
 }
 
 }  // namespace blattwart::test

@@ -4,6 +4,8 @@
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmKopieren.h"
 #include "dialogs/frmUmbenennen.h"
+#include "planlist/frmPlanliste.h"
+#include "planlist/frmPlanUmbenennen.h"
 #include "res/DialogIds.h"
 #include "win32/ui/FormDialog.h"
 
@@ -56,14 +58,55 @@ void Win32FormPresenter::showModal(frmInfo& form) {
     show(dialog, IDD_INFO);
 }
 
-void Win32FormPresenter::show(FormDialog& dialog, int templateId) {
+void Win32FormPresenter::showModal(frmPlanliste& form) {
+    FormDialog dialog(form,
+                      {{IDC_FILTER, &form.txtFilter, Anchors::topWide},
+                       {IDC_LISTE, &form.lvPlan, Anchors::all},
+                       {IDC_UMBENENNEN, &form.cmdUmbenennen, Anchors::topRight},
+                       {IDC_KOPIEREN, &form.cmdKopieren, Anchors::topRight},
+                       {IDC_CSV, &form.cmdCsv, Anchors::topRight},
+                       {IDC_RUECKGAENGIG, &form.cmdRueckgaengig, Anchors::topRight},
+                       {IDC_AKTUALISIEREN, &form.cmdAktualisieren, Anchors::topRight},
+                       {IDC_ZUSTAND, &form.lblStatus, Anchors::bottomWide},
+                       {IDCANCEL, &form.cmdClose, Anchors::bottomRight}},
+                      guard_, gate_);
+    constexpr SIZE smallest{340, 214};
+    show(dialog, IDD_PLANLISTE, smallest);
+}
+
+void Win32FormPresenter::showModal(frmPlanUmbenennen& form) {
+    FormDialog dialog(form,
+                      {{IDC_MUSTER, &form.txtMuster, Anchors::topWide},
+                       {IDC_SUCHEN, &form.txtSuchen},
+                       {IDC_ERSETZEN, &form.txtErsetzen, Anchors::topWide},
+                       {IDC_AB, &form.txtAb},
+                       {IDC_SCHRITT, &form.txtSchritt},
+                       {IDC_STELLEN, &form.txtStellen},
+                       {IDC_NEU_BEGINNEN, &form.chkNeuBeginnen},
+                       {IDC_LISTE, &form.lvVorschau, Anchors::all},
+                       {IDC_ZUSTAND, &form.lblStatus, Anchors::bottomWide},
+                       {IDOK, &form.cmdUmbenennen, Anchors::bottomRight},
+                       {IDCANCEL, &form.cmdCancel, Anchors::bottomRight}},
+                      guard_, gate_);
+    constexpr SIZE smallest{320, 200};
+    show(dialog, IDD_PLAN_UMBENENNEN, smallest);
+}
+
+void Win32FormPresenter::show(FormDialog& dialog, int templateId, SIZE smallest) {
     struct Entry {
-        std::vector<DialogWindow*>& dialogs;
+        std::vector<FormDialog*>& dialogs;
         ~Entry() { dialogs.pop_back(); }
     };
+    const HWND owner = dialogs_.empty() ? mainWindow_->window() : dialogs_.back()->window();
     dialogs_.push_back(&dialog);
     const Entry entry{dialogs_};
-    dialog.show(mainWindow_->window(), templateId);
+    dialog.show(owner, templateId, smallest);
+}
+
+void Win32FormPresenter::showWork(const std::wstring& text) {
+    for (auto dialog = dialogs_.rbegin(); dialog != dialogs_.rend(); ++dialog)
+        if ((*dialog)->showWork(text)) return;
+    if (mainWindow_) mainWindow_->showWork(text);
 }
 
 void Win32FormPresenter::closeDialogs() {

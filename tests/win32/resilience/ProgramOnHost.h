@@ -85,6 +85,10 @@ class ProgramOnHost {
     /// Presses the start button of the dialog that the action opens.
     void confirmDialog(const std::function<void()>& open);
 
+    /// Opens the plan list; once everything has been read `user` does something, and once that is done, too,
+    /// it is closed.
+    void inPlanList(std::function<void(frmPlanliste&)> user);
+
     /// Boxes with a question that have come since the messages were cleared.
     int questions();
     /// What stands under "Geladene Zeichnungen", as HostProgram::drawings tells it.
@@ -109,10 +113,9 @@ class ProgramOnHost {
 
     Win32Files files_;
     Win32Installations installations_;
-    Platform platform_{calls,          world.registry,    world.settings, files_,
-                       world.messages, world.fileDialogs, world.desktop,  world.process,
-                       world.locale,   world.help,        world.readings, installations_,
-                       client.gate,    world.worker};
+    Platform platform_{calls,          world.registry,    world.settings, files_,        world.clipboard,
+                       world.messages, world.fileDialogs, world.desktop,  world.process, world.locale,
+                       world.help,     world.readings,    installations_, client.gate,   world.worker};
     bool painted_ = false;
 };
 
