@@ -30,14 +30,6 @@ PlanList::Place PlanList::find(int rowNumber) {
     return {};
 }
 
-PlanList::Place PlanList::find(std::wstring_view key) {
-    for (PlanDrawing& drawing : drawings_) {
-        const auto found = std::ranges::find(drawing.rows, key, &PlanList::keyOf);
-        if (found != drawing.rows.end()) return {&drawing, &*found};
-    }
-    return {};
-}
-
 PlanRow* PlanList::findRow(PlanDrawing& drawing, std::wstring_view name) const {
     const auto found = std::ranges::find_if(
         drawing.rows, [&](const PlanRow& row) { return locale_.equalIgnoringCase(row.name, name); });

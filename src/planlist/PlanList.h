@@ -65,11 +65,12 @@ class PlanList {
     std::span<const PlanDrawing> drawings() const { return drawings_; }
     PlanDrawing* findDrawing(std::wstring_view identity);
     Place find(int rowNumber);
-    /// By the key of an item of the list.
-    Place find(std::wstring_view key);
     /// By the name of a layout of the drawing, case ignored.
     PlanRow* findRow(PlanDrawing& drawing, std::wstring_view name) const;
-    static std::wstring keyOf(const PlanRow& row) { return L"P" + std::to_wstring(row.number); }
+    static std::wstring keyOf(const PlanRow& row) { return keyOf(row.number); }
+    static std::wstring keyOf(int rowNumber) { return L"P" + std::to_wstring(rowNumber); }
+    /// Of the item with this key.
+    static int numberOf(const std::wstring& key) { return std::stoi(key.substr(1)); }
     /// Paper layouts of all complete drawings, hidden ones included.
     int layoutCount() const;
 

@@ -22,6 +22,29 @@ std::wstring PlanWriteResult::Refusal::text() const {
     return text + L"\nIn dieser Zeichnung heißen die Layouts jetzt: " + listed(namesNow) + L".";
 }
 
+PlanWriteResult PlanWriteResult::of(const PlanReader::Check& check) {
+    using Result = PlanReader::Check::Result;
+    PlanWriteResult result;
+    result.drawings = check.changed;
+    switch (check.result) {
+        case Result::asRead:
+            break;
+        case Result::commandRunning:
+            result.end = End::commandRunning;
+            break;
+        case Result::changed:
+            result.end = End::changedInHost;
+            break;
+        case Result::noAnswer:
+            result.end = End::noAnswer;
+            break;
+        case Result::cancelled:
+            result.end = End::cancelled;
+            break;
+    }
+    return result;
+}
+
 std::wstring PlanWriteResult::message() const {
     switch (end) {
         case End::commandRunning:

@@ -3,6 +3,8 @@
 #include <string>
 #include <vector>
 
+#include "planlist/PlanReader.h"
+
 namespace blattwart {
 
 /// How a group of changes ended.
@@ -26,6 +28,9 @@ struct PlanWriteResult {
 
         std::wstring text() const;
     };
+
+    /// What the check before a group came to: done when the group may begin.
+    static PlanWriteResult of(const PlanReader::Check& check);
 
     End end = End::done;
     bool undoing = false;

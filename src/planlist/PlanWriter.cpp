@@ -64,25 +64,13 @@ void PlanWriter::stop() {
 }
 
 void PlanWriter::checkAll() {
-    using End = PlanWriteResult::End;
     std::vector<std::wstring> drawings;
     for (const Job& job : jobs_) drawings.push_back(job.drawing);
-    const PlanReader::Check check = reader_.check(drawings);
-    result_.drawings = check.changed;
-    switch (check.result) {
-        case PlanReader::Check::Result::asRead:
-            undo_.push();
-            phase_ = Phase::write;
-            break;
-        case PlanReader::Check::Result::commandRunning:
-            return finish(End::commandRunning);
-        case PlanReader::Check::Result::changed:
-            return finish(End::changedInHost);
-        case PlanReader::Check::Result::noAnswer:
-            return finish(End::noAnswer);
-        case PlanReader::Check::Result::cancelled:
-            return finish(End::cancelled);
-    }
+    const PlanWriteResult check = PlanWriteResult::of(reader_.check(drawings));
+    result_.drawings = check.drawings;
+    if (check.end != PlanWriteResult::End::done) return finish(check.end);
+    undo_.push();
+    phase_ = Phase::write;
 }
 
 void PlanWriter::nextDrawing() {
@@ -103,12 +91,13 @@ void PlanWriter::finishWhenDone() {
 }
 
 std::vector<std::wstring> PlanWriter::unfit(Job& job) {
-    using Result = PlanReader::Check::Result;
-    const Result result = reader_.check(std::span(&job.drawing, 1)).result;
-    if (result == Result::commandRunning) finish(PlanWriteResult::End::commandRunning);
-    if (result == Result::noAnswer) finish(PlanWriteResult::End::noAnswer);
-    if (result == Result::cancelled) finish(PlanWriteResult::End::cancelled);
-    if (phase_ == Phase::idle) return {};
+    using End = PlanWriteResult::End;
+    const End end = PlanWriteResult::of(reader_.check(std::span(&job.drawing, 1))).end;
+    // A drawing that was changed may fit all the same.
+    if (end != End::done && end != End::changedInHost) {
+        finish(end);
+        return {};
+    }
     PlanDrawing* drawing = plan_.findDrawing(job.drawing);
     if (!drawing) return {L"„" + job.shownName + L"“ ist nicht mehr geöffnet."};
     DrawingNamesChanged& part = undo_.top().of(job.drawing, job.shownName);
