@@ -41,6 +41,10 @@ class Files {
     /// whose bytes would have to be fetched from elsewhere first (archived, in a cloud). Throws RuntimeError.
     /// May be called on any thread.
     virtual std::unique_ptr<FileReader> open(const std::wstring& path) = 0;
+    virtual bool folderExists(const std::wstring& path) = 0;
+    /// Gives a file another name in its folder. Throws RuntimeError when another has that name, or when a
+    /// program has the file open.
+    virtual void rename(const std::wstring& path, const std::wstring& newPath) = 0;
     /// Deletes a file. Throws RuntimeError when that fails.
     virtual void remove(const std::wstring& path) = 0;
 };
