@@ -21,6 +21,8 @@ class Control {
     float height() const { return height_; }
     bool visible() const { return visible_; }
     bool enabled() const { return enabled_; }
+    /// What is said where the mouse rests on the control; "" for nothing.
+    const std::wstring& toolTip() const { return toolTip_; }
 
     void setLeft(float twips) { change(left_, twips); }
     void setTop(float twips) { change(top_, twips); }
@@ -30,6 +32,7 @@ class Control {
     void setHeight(float twips);
     void setVisible(bool visible) { change(visible_, visible); }
     void setEnabled(bool enabled) { change(enabled_, enabled); }
+    void setToolTip(std::wstring text) { toolTip_ = std::move(text); }
 
     std::function<void()> changed;
 
@@ -48,6 +51,7 @@ class Control {
     float height_ = 0;
     bool visible_ = true;
     bool enabled_ = true;
+    std::wstring toolTip_;
 };
 
 class Label : public Control {

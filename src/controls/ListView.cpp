@@ -90,6 +90,10 @@ void ListView::selectAll() {
     for (ListItem* item : items_) markSelected(*item, true);
 }
 
+void ListView::ensureVisible(const ListItem& item) {
+    if (listener_) listener_->rowWanted(rowOf(item));
+}
+
 void ListView::clearColumns() {
     const Change change(*this);
     rememberColumns();

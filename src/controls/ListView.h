@@ -39,6 +39,7 @@ class ListViewListener {
     virtual void columnsChanged() = 0;
     virtual void sortChanged() = 0;  ///< sort column, order, sorting on or off
     virtual void modeChanged() = 0;
+    virtual void rowWanted(int row) = 0;  ///< the row at this displayed place is to be seen
     virtual void labelEditStarted(const ListItem& item) = 0;
     virtual void labelEditCancelled() = 0;
 };
@@ -83,6 +84,11 @@ class ListView : public Control {
     std::vector<ListItem*> selectedItems() const;
     void clearSelection();
     void selectAll();
+    /// Scrolls until the item is seen. Not to be called within an update.
+    void ensureVisible(const ListItem& item);
+    /// The first row that is seen, from 0; the window keeps it here for the next one on this list.
+    int topRow() const { return topRow_; }
+    void setTopRow(int row) { topRow_ = row; }
 
     const std::vector<ListColumn>& columns() const { return columns_; }
     void clearColumns();
@@ -204,6 +210,7 @@ class ListView : public Control {
     Arrangement arrangement_;
     ListViewMode mode_ = ListViewMode::largeIcons;
     ListItem* editedItem_ = nullptr;
+    int topRow_ = 0;
     Before before_;
     int updates_ = 0;
     bool deferred_ = false;  // order is made when it is asked for, not with each item

@@ -12,6 +12,9 @@ namespace blattwart {
 /// none.
 struct Shortcut {
     static constexpr std::uint16_t enter = 0x0D;
+    static constexpr std::uint16_t escape = 0x1B;
+    static constexpr std::uint16_t up = 0x26;
+    static constexpr std::uint16_t down = 0x28;
     static constexpr std::uint16_t del = 0x2E;
     static constexpr std::uint16_t f1 = 0x70;
     static constexpr std::uint16_t f2 = 0x71;
@@ -19,8 +22,11 @@ struct Shortcut {
 
     std::uint16_t key = 0;
     bool control = false;
+    bool alt = false;
 
-    /// As menus show it: "Strg+S", "Entf", "Eingabe", "F5".
+    friend bool operator==(const Shortcut&, const Shortcut&) = default;
+
+    /// As menus show it: "Strg+S", "Alt+Auf", "Entf", "Eingabe", "F5".
     std::wstring text() const;
 };
 

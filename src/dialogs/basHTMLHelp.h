@@ -14,6 +14,11 @@ inline constexpr std::wstring_view copyLayout = L"Tarvix_20";
 inline constexpr std::wstring_view renameLayouts = L"Tarvix_21";
 inline constexpr std::wstring_view information = L"Tarvix_30";
 inline constexpr std::wstring_view search = L"Tarvix_32";
+inline constexpr std::wstring_view planList = L"Tarvix_38";
+inline constexpr std::wstring_view renameByPattern = L"Tarvix_39";
+inline constexpr std::wstring_view orderLayouts = L"Tarvix_40";
+inline constexpr std::wstring_view carryPageSetup = L"Tarvix_41";
+inline constexpr std::wstring_view makePdf = L"Tarvix_42";
 }  // namespace helpTopic
 
 /// The help file.

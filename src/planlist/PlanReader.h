@@ -40,6 +40,8 @@ class PlanReader {
     /// "Zeichnung 3 von 10 wird gelesen …", or why the last reading is not complete; "" when it is.
     std::wstring statusText() const;
 
+    /// Whether an error of a drawing's means that the drawing alone is gone. One round trip when it may be.
+    bool isClosed(const RuntimeError& error);
     /// Reads the names of these rows (by their places) and the drawing's state anew, after they were changed
     /// from here. What the host does not tell stays as it is known.
     void readNames(PlanDrawing& drawing, std::span<const std::size_t> rows);
@@ -54,8 +56,6 @@ class PlanReader {
     /// their names and those of their layouts are as in the list; where not, they are read again, after which
     /// papers may be left to read by `step`. The rows' layouts are those of the host at this moment then.
     Check check(std::span<const std::wstring> drawings);
-    /// Whether an error of a drawing's means that the drawing alone is gone. Asks the host.
-    bool isClosed(const RuntimeError& error);
     /// The facts of a row that are shown, after they were changed from here. The paper's readable name may be
     /// left to read by `step`.
     void takePlotFacts(PlanRow& row, const PlotSettings& settings);

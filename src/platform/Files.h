@@ -45,6 +45,9 @@ class Files {
     /// Gives a file another name in its folder. Throws RuntimeError when another has that name, or when a
     /// program has the file open.
     virtual void rename(const std::wstring& path, const std::wstring& newPath) = 0;
+    /// Writes a whole file: beside it at first, then in its place, so that there is always the old one or the
+    /// new one. Throws RuntimeError with the system's reason; the old one is untouched then.
+    virtual void writeAtomically(const std::wstring& path, const std::string& bytes) = 0;
     /// Deletes a file. Throws RuntimeError when that fails.
     virtual void remove(const std::wstring& path) = 0;
 };

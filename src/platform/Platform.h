@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Automation.h"
+#include "platform/Clipboard.h"
 #include "platform/Desktop.h"
 #include "platform/FileDialogs.h"
 #include "platform/Files.h"
@@ -24,6 +25,7 @@ struct Platform {
     Registry& registry;
     Settings& settings;
     Files& files;
+    Clipboard& clipboard;
     MessageBoxes& messages;
     FileDialogs& fileDialogs;
     Desktop& desktop;

@@ -87,6 +87,8 @@ constexpr std::array table{
             .run = &frmMain::mnuViewRefresh_Click, .shortcut = key(Shortcut::f5), .separatorBefore = true},
     Command{.item = L"mnuViewRebuild", .menu = MenuId::view, .caption = L"&Baum neu aufbauen",
             .run = &frmMain::mnuViewRebuild_Click, .shortcut = {Shortcut::f5, true}},
+    Command{.item = L"mnuPlanList", .menu = MenuId::view, .caption = L"&Planliste...", .run = &frmMain::mnuPlanList_Click,
+            .enabling = Enabling::attached, .shortcut = control(L'L'), .separatorBefore = true},
 
     Command{.item = L"mnuActive", .menu = MenuId::layout, .caption = L"Ak&tivieren",
             .run = &frmMain::mnuActive_Click, .enabling = Enabling::notActive, .kinds = kindZ | kindL,

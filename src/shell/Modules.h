@@ -14,6 +14,8 @@
 
 namespace blattwart {
 
+class frmPlanliste;
+
 /// What the main window's handlers work with. basMain owns it all.
 struct Modules {
     basRegistry& registry;
@@ -27,6 +29,7 @@ struct Modules {
     TemplateCreation& templates;
     LayoutNames& layouts;
     basHTMLHelp& help;
+    frmPlanliste& planList;
     FormPresenter& presenter;
     /// 1 while the main window was the foreground window at the last look, else 0.
     std::int16_t& gWasForeground;

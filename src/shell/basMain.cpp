@@ -9,6 +9,7 @@ basMain::basMain(Platform& platform, FormPresenter& presenter)
       tarvix(autoCAD, platform),
       database(platform, registry, [this] { return general.GetTemplateFolder(); }),
       help(platform, [this] { return fMainForm->window().handle(); }),
+      planList(autoCAD, presenter, help, platform),
       platform_(platform),
       presenter_(presenter) {
     autoCAD.LoadTypes = [this] { database.LoadTypes(); };
@@ -50,8 +51,8 @@ void basMain::createMainWindow() {
     gCollection.clear();
     makeNavigator();
     modules_ = std::make_unique<Modules>(Modules{registry, general, autoCAD, tarvix, database, records,
-                                                 *views, *files, *templates, *layouts, help, presenter_,
-                                                 gWasForeground, *this});
+                                                 *views, *files, *templates, *layouts, help, planList,
+                                                 presenter_, gWasForeground, *this});
     fMainForm->connect(*modules_);
     fMainForm->setWindow(&presenter_.createMainWindow(*fMainForm));
 }

@@ -9,6 +9,7 @@
 #include "data/basDatenbank.h"
 #include "data/basRegistry.h"
 #include "dialogs/basHTMLHelp.h"
+#include "planlist/frmPlanliste.h"
 #include "shell/FormPresenter.h"
 #include "shell/frmMain.h"
 #include "shell/Modules.h"
@@ -37,6 +38,7 @@ class basMain : private NavigatorEvents {
     basTarvix tarvix;
     basDatenbank database;
     basHTMLHelp help;
+    frmPlanliste planList;
     std::unique_ptr<frmMain> fMainForm;
     // What works in the main window; made with it.
     std::unique_ptr<basViewControls> views;

@@ -101,6 +101,7 @@ class frmMain {
     void mnuViewStatusBar_Click();
     void mnuViewRefresh_Click();
     void mnuViewRebuild_Click();
+    void mnuPlanList_Click();
     void mnuEnd_Click();
     void mnuHelpContents_Click();
     void mnuHelpSearchForHelpOn_Click();

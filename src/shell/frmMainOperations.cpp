@@ -4,6 +4,7 @@
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmKopieren.h"
 #include "dialogs/frmUmbenennen.h"
+#include "planlist/frmPlanliste.h"
 #include "shell/frmMain.h"
 #include "shell/Modules.h"
 
@@ -195,6 +196,24 @@ void frmMain::mnuViewRefresh_Click() {
 void frmMain::mnuViewRebuild_Click() {
     modules_->autoCAD.ConnectAutoCAD();
     modules_->views.RebuildTree();
+}
+
+void frmMain::mnuPlanList_Click() {
+    const NodeKey key = modules_->views.tree.selectedKey();
+    const NavigatorRecords& records = modules_->records;
+    std::wstring drawing;
+    std::wstring layout;
+    ignoringErrors([&] {
+        const bool ofLayout = key.kind() == NodeKind::layout;
+        if (!ofLayout && key.kind() != NodeKind::drawing) return;
+        const auto record = (ofLayout ? records.LayoutRecords : records.DrawingRecords).Item(key);
+        drawing = record->drawing();
+        if (ofLayout) layout = record->Layout;
+    });
+    modules_->planList.Form_Load(drawing, layout);
+    modules_->presenter.showModal(modules_->planList);
+    // Whatever was changed meanwhile, here or in AutoCAD: the next tick reads it.
+    modules_->gWasForeground = 0;
 }
 
 void frmMain::mnuEnd_Click() {

@@ -10,6 +10,7 @@
 #include "win32/com/Apartment.h"
 #include "win32/com/ComAutomation.h"
 #include "win32/com/HostCaller.h"
+#include "win32/platform/Win32Clipboard.h"
 #include "win32/platform/Win32Desktop.h"
 #include "win32/platform/Win32FileDialogs.h"
 #include "win32/platform/Win32Files.h"
@@ -40,7 +41,7 @@ class Application {
                                  .takeInput =
                                      [this](MSG& message) {
                                          readings_.noteInput(message);
-                                         return notice_.takeInput(message);
+                                         return presenter_.takeInput(message) || notice_.takeInput(message);
                                      }});
     }
 
@@ -82,16 +83,12 @@ class Application {
         if (std::exchange(waitingText_, text).empty() && text.empty()) return;
         MainWindow* window = presenter_.mainWindow();
         const bool shown = window && IsWindowVisible(window->window());
-        if (shown) window->showWork(text);
+        if (shown) presenter_.showWork(text);
         if (shown || text.empty()) {
             notice_.hide();
         } else {
             notice_.show(text);
         }
-    }
-
-    void showWork(const std::wstring& text) {
-        if (MainWindow* window = presenter_.mainWindow()) window->showWork(text);
     }
 
     bool askGiveUp(HostState state) { return !messages_.ask(giveUpQuestion(state)); }
@@ -106,15 +103,16 @@ class Application {
     Win32Registry registry_;
     Win32Settings settings_;
     Win32Files files_;
+    Win32Clipboard clipboard_;
     Win32FileDialogs fileDialogs_;
     Win32Desktop desktop_;
     Win32Process process_;
     Win32Locale locale_;
     Win32HelpViewer help_;
     std::wstring waitingText_;
-    Win32ReadingWatch readings_{[this](const std::wstring& text) { showWork(text); }};
-    Platform platform_{automation_, registry_, settings_, files_, messages_, fileDialogs_,
-                       desktop_,    process_,  locale_,   help_,  readings_, gate_};
+    Win32ReadingWatch readings_{[this](const std::wstring& text) { presenter_.showWork(text); }};
+    Platform platform_{automation_, registry_, settings_, files_, clipboard_, messages_, fileDialogs_,
+                       desktop_,    process_,  locale_,   help_,  readings_,  gate_};
     Win32FormPresenter presenter_{guard_, gate_};
 };
 

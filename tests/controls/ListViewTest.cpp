@@ -21,6 +21,7 @@ class ListRecorder : public ListViewListener {
     void columnsChanged() override { log.push_back(L"columns"); }
     void sortChanged() override { log.push_back(L"sort"); }
     void modeChanged() override { log.push_back(L"mode"); }
+    void rowWanted(int row) override { log.push_back(L"wanted " + std::to_wstring(row)); }
     void labelEditStarted(const ListItem& item) override { log.push_back(L"edit " + item.key()); }
     void labelEditCancelled() override { log.push_back(L"edit cancelled"); }
 

@@ -3,6 +3,11 @@
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmKopieren.h"
 #include "dialogs/frmUmbenennen.h"
+#include "planlist/frmPlanEinstellungen.h"
+#include "planlist/frmPlanliste.h"
+#include "planlist/frmPlanPdf.h"
+#include "planlist/frmPlanReihenfolge.h"
+#include "planlist/frmPlanUmbenennen.h"
 #include "shell/FormPresenter.h"
 #include "shell/frmMain.h"
 #include "support/FakeDesktop.h"
@@ -44,10 +49,31 @@ class FakeWindow : public FormWindow {
 class FakeDialogWindow : public DialogWindow {
   public:
     bool closed = false;
-    const TextBox* focus = nullptr;
+    const Control* focus = nullptr;
+    bool stepAwaited = false;
+    int escapesForgotten = 0;
+    const MenuItem* poppedUp = nullptr;
+    DialogPlacement place;
+    Dialog* form = nullptr;
 
-    void setFocus(TextBox& field) override { focus = &field; }
-    void close() override { closed = true; }
+    void setFocus(Control& control) override { focus = &control; }
+    void close() override {
+        if (!std::exchange(closed, true) && form) form->unload();
+    }
+    void stepLater() override { stepAwaited = true; }
+    void forgetEscape() override { ++escapesForgotten; }
+    void popUpMenu(MenuItem& menu) override { poppedUp = &menu; }
+    DialogPlacement placement() const override { return place; }
+    void setPlacement(const DialogPlacement& placement) override { place = placement; }
+
+    /// Work that goes in steps goes on until it is done.
+    void goOn() {
+        while (!closed && std::exchange(stepAwaited, false)) form->step();
+    }
+    /// The user presses a key in a control.
+    void press(const Shortcut& key, const Control* focused) {
+        if (const auto command = form->commandOf(key, focused)) command();
+    }
 };
 
 /// Gives the main form its fake window and the measures that a real one has at 96 DPI.
@@ -67,6 +93,11 @@ class FakePresenter : public FormPresenter {
     std::function<void(frmKopieren&)> inKopieren;
     std::function<void(frmUmbenennen&)> inUmbenennen;
     std::function<void(frmInfo&)> inInfo;
+    std::function<void(frmPlanliste&)> inPlanliste;
+    std::function<void(frmPlanUmbenennen&)> inPlanUmbenennen;
+    std::function<void(frmPlanReihenfolge&)> inPlanReihenfolge;
+    std::function<void(frmPlanEinstellungen&)> inPlanEinstellungen;
+    std::function<void(frmPlanPdf&)> inPlanPdf;
 
     FormWindow& createMainWindow(frmMain& form) override {
         form.tbToolBar.setHeight(toolBarHeight);
@@ -78,16 +109,25 @@ class FakePresenter : public FormPresenter {
     void showModal(frmKopieren& form) override { show(form, inKopieren); }
     void showModal(frmUmbenennen& form) override { show(form, inUmbenennen); }
     void showModal(frmInfo& form) override { show(form, inInfo); }
+    void showModal(frmPlanliste& form) override { show(form, inPlanliste); }
+    void showModal(frmPlanUmbenennen& form) override { show(form, inPlanUmbenennen); }
+    void showModal(frmPlanReihenfolge& form) override { show(form, inPlanReihenfolge); }
+    void showModal(frmPlanEinstellungen& form) override { show(form, inPlanEinstellungen); }
+    void showModal(frmPlanPdf& form) override { show(form, inPlanPdf); }
     void closeDialogs() override { dialog.close(); }
 
   private:
     template <class Form>
     void show(Form& form, const std::function<void(Form&)>& user) {
         ++dialogsShown;
-        dialog = {};
+        const FakeDialogWindow below = std::exchange(dialog, {});
+        dialog.form = &form;
         form.setWindow(&dialog);
+        form.opened();
         if (user) user(form);
         form.setWindow(nullptr);
+        dialog.form = nullptr;
+        if (below.form) dialog = below;
     }
 };
 

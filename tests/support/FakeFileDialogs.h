@@ -22,6 +22,13 @@ class FakeFileDialogs : public FileDialogs {
         shown.push_back({title, filter});
         return chosen;
     }
+    std::optional<std::wstring> save(const std::wstring& title, const std::wstring& filter,
+                                     const std::wstring&) override {
+        return open(title, filter);
+    }
+    std::optional<std::wstring> folder(const std::wstring& title, const std::wstring&) override {
+        return open(title, {});
+    }
 };
 
 }  // namespace blattwart::test

@@ -111,6 +111,11 @@ void FakeFiles::rename(const std::wstring& path, const std::wstring& newPath) {
     contents_[locale_.upperCase(newPath)] = std::exchange(contents_[locale_.upperCase(path)], {});
 }
 
+void FakeFiles::writeAtomically(const std::wstring& path, const std::string& bytes) {
+    if (fails(L"Files.writeAtomically")) throwDenied();
+    fill(path, {bytes.begin(), bytes.end()});
+}
+
 void FakeFiles::remove(const std::wstring& path) {
     if (fails(L"Files.remove")) throwDenied();
     const auto file = find(path);

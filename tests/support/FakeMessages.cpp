@@ -36,8 +36,9 @@ MessageAnswer FakeMessages::show(const std::wstring& text, const std::wstring& c
         ADD_FAILURE() << "unexpected message box: " << testing::PrintToString(shown.back());
     }
     if (whileOpen) whileOpen(ShownBox(shown.back()));
-    return announced.answer.value_or(buttons == MessageButtons::yesNo ? MessageAnswer::no
-                                                                      : MessageAnswer::ok);
+    return announced.answer.value_or(buttons == MessageButtons::yesNo         ? MessageAnswer::no
+                                     : buttons == MessageButtons::yesNoCancel ? MessageAnswer::cancel
+                                                                              : MessageAnswer::ok);
 }
 
 }  // namespace blattwart::test

@@ -20,7 +20,7 @@ struct ShownBox {
 };
 void PrintTo(const ShownBox& box, std::ostream* stream);
 
-/// Records every box and answers it: as scripted, otherwise with OK or No.
+/// Records every box and answers it: as scripted, otherwise with OK, No or Cancel.
 class FakeMessages : public MessageBoxes {
   public:
     std::vector<ShownBox> shown;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Platform.h"
+#include "support/FakeClipboard.h"
 #include "support/FakeDesktop.h"
 #include "support/FakeFileDialogs.h"
 #include "support/FakeFiles.h"
@@ -17,14 +18,15 @@ namespace blattwart::test {
 /// A whole world of fakes round the given automation objects, which it does not own.
 struct TestPlatform {
     explicit TestPlatform(Automation& automation)
-        : platform{automation, registry, settings, files, messages, fileDialogs,
-                   desktop,    process,  locale,   help,  readings, gate} {}
+        : platform{automation, registry, settings, files, clipboard, messages, fileDialogs,
+                   desktop,    process,  locale,   help,  readings,  gate} {}
     TestPlatform(const TestPlatform&) = delete;
     TestPlatform& operator=(const TestPlatform&) = delete;
 
     FakeRegistry registry;
     FakeSettings settings;
     FakeFiles files;
+    FakeClipboard clipboard;
     FakeMessages messages;
     FakeFileDialogs fileDialogs;
     FakeDesktop desktop;

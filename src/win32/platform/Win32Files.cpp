@@ -179,6 +179,26 @@ void Win32Files::rename(const std::wstring& path, const std::wstring& newPath) {
     if (!MoveFileExW(path.c_str(), newPath.c_str(), 0)) throwSystemError();
 }
 
+void Win32Files::writeAtomically(const std::wstring& path, const std::string& bytes) {
+    const std::wstring beside = path + L"." + std::to_wstring(GetCurrentProcessId()) + L".tmp";
+    const HANDLE opened =
+        CreateFileW(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) throwSystemError();
+    Handle file(opened);
+    DWORD written = 0;
+    const bool whole = WriteFile(opened, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+                       FlushFileBuffers(opened);
+    DWORD error = GetLastError();
+    file.reset();
+    if (whole) {
+        if (MoveFileExW(beside.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+            return;
+        error = GetLastError();
+    }
+    DeleteFileW(beside.c_str());
+    throwSystemError(error);
+}
+
 void Win32Files::remove(const std::wstring& path) {
     if (!DeleteFileW(path.c_str())) throwSystemError();
 }

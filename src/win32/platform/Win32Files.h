@@ -18,6 +18,7 @@ class Win32Files : public Files {
     std::unique_ptr<FileReader> open(const std::wstring& path) override;
     bool folderExists(const std::wstring& path) override;
     void rename(const std::wstring& path, const std::wstring& newPath) override;
+    void writeAtomically(const std::wstring& path, const std::string& bytes) override;
     void remove(const std::wstring& path) override;
 
   private:

@@ -9,6 +9,8 @@ namespace blattwart {
 namespace {
 
 static_assert(static_cast<UINT>(MessageButtons::yesNo) == MB_YESNO);
+static_assert(static_cast<UINT>(MessageButtons::yesNoCancel) == MB_YESNOCANCEL);
+static_assert(static_cast<int>(MessageAnswer::cancel) == IDCANCEL);
 static_assert(static_cast<UINT>(MessageIcon::critical) == MB_ICONHAND);
 static_assert(static_cast<UINT>(MessageIcon::question) == MB_ICONQUESTION);
 static_assert(static_cast<UINT>(MessageIcon::exclamation) == MB_ICONEXCLAMATION);

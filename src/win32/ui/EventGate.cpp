@@ -9,7 +9,7 @@ void EventGate::run(const std::function<void()>& work) {
 }
 
 void EventGate::runCommand(const std::function<void()>& work) {
-    if (!busy()) run(work);
+    if (!busy()) handle(work);
 }
 
 void EventGate::hold(const std::function<void()>& work) {
@@ -26,7 +26,15 @@ void EventGate::runPosted() {
     if (busy() || posted_.empty()) return;
     const std::function<void()> work = std::move(posted_.front());
     posted_.pop_front();
-    run(work);
+    handle(work);
+}
+
+void EventGate::handle(const std::function<void()>& work) {
+    if (holds_) {
+        run([&] { hold(work); });
+    } else {
+        run(work);
+    }
 }
 
 void EventGate::wake() const {

@@ -17,8 +17,11 @@ class EventGate {
     /// Posted to the window whenever `runPosted` is to be called.
     static constexpr UINT message = WM_APP;
 
-    /// `outer` is the depth of events at which the window was opened: 0 but for dialogs.
-    EventGate(Guard& guard, Gate& gate, int outer = 0) : guard_(guard), gate_(gate), outer_(outer) {}
+    /// Of the main window, whose form handles what comes in as events by itself.
+    EventGate(Guard& guard, Gate& gate) : guard_(guard), gate_(gate) {}
+    /// Of a dialog opened at this depth of events: each command and each posted work is an event of its own.
+    EventGate(Guard& guard, Gate& gate, int outer)
+        : guard_(guard), gate_(gate), outer_(outer), holds_(true) {}
     EventGate(const EventGate&) = delete;
     EventGate& operator=(const EventGate&) = delete;
 
@@ -45,11 +48,13 @@ class EventGate {
     std::function<void()> afterEvent;
 
   private:
+    void handle(const std::function<void()>& work);
     void wake() const;
 
     Guard& guard_;
     Gate& gate_;
-    int outer_;
+    int outer_ = 0;
+    bool holds_ = false;
     HWND window_ = nullptr;
     std::deque<std::function<void()>> posted_;
 };

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "win32/ui/Dpi.h"
+#include "win32/ui/DragSource.h"
 
 namespace blattwart {
 
@@ -55,6 +56,7 @@ FrameControls::FrameControls(HWND frame, frmMain& form, EventGate& gate)
     for (Control* model : models()) model->changed = [this] { changed_ = true; };
     for (const HWND pane : {tree_.handle(), list_.handle()})
         SetWindowSubclass(pane, borderProcedure, borderSubclass, 0);
+    list_.dragged = dragText;
     for (const HWND title : {treeTitle_.handle(), listTitle_.handle()})
         SetWindowSubclass(title, titleProcedure, titleSubclass, 0);
 }

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "win32/base/Scope.h"
-#include "win32/ui/DragSource.h"
 
 namespace blattwart {
 
@@ -50,6 +49,7 @@ ListWindow::ListWindow(HWND parent, ListView& list, EventGate& gate)
 }
 
 ListWindow::~ListWindow() {
+    list_.setTopRow(ListView_GetTopIndex(handle()));
     list_.setListener(nullptr);
 }
 
@@ -99,6 +99,16 @@ void ListWindow::modeChanged() {
     if (view == LV_VIEW_ICON || view == LV_VIEW_SMALLICON) ListView_Arrange(handle(), LVA_DEFAULT);
     SendMessageW(handle(), WM_SETREDRAW, TRUE, 0);
     InvalidateRect(handle(), nullptr, TRUE);
+}
+
+void ListWindow::rowWanted(int row) {
+    ListView_EnsureVisible(handle(), row, FALSE);
+}
+
+/// The row at the top is the one that was when another window showed the list.
+void ListWindow::showTopRow() const {
+    ListView_EnsureVisible(handle(), list_.count() - 1, FALSE);
+    ListView_EnsureVisible(handle(), list_.topRow(), FALSE);
 }
 
 void ListWindow::showSelection() {
@@ -260,9 +270,9 @@ void ListWindow::doubleClicked(const NMITEMACTIVATE& click) {
 }
 
 void ListWindow::beginDrag(int row) {
-    if (row < 0 || row >= list_.count()) return;
-    gate_.post([key = list_.row(row).key()] {
-        if (GetKeyState(VK_LBUTTON) < 0) dragText(key);
+    if (!dragged || row < 0 || row >= list_.count()) return;
+    gate_.post([this, key = list_.row(row).key()] {
+        if (GetKeyState(VK_LBUTTON) < 0) dragged(key);
     });
 }
 

@@ -22,10 +22,15 @@ class ListWindow final : public ControlWindow, private ListViewListener {
     void setImages(HIMAGELIST large, HIMAGELIST small) const;
     /// Bold rows are drawn in `bold`, which must outlive its use here.
     void setFonts(HFONT normal, HFONT bold, int dpi);
+    /// Scrolls to where the list was when its last window went; once this one has its size.
+    void showTopRow() const;
     LRESULT notify(NMHDR& header);
     /// Where the menu asked for by keyboard belongs: at the selected row.
     POINT contextMenuByKey() const;
     bool editing() const { return labelEdit_.active(); }
+
+    /// The user drags the item with this key; without it nothing is dragged.
+    std::function<void(const std::wstring& key)> dragged;
 
   private:
     void rowsChanged() override;
@@ -34,6 +39,7 @@ class ListWindow final : public ControlWindow, private ListViewListener {
     void columnsChanged() override;
     void sortChanged() override { header_.showSorting(); }
     void modeChanged() override;
+    void rowWanted(int row) override;
     void labelEditStarted(const ListItem& item) override;
     void labelEditCancelled() override;
 

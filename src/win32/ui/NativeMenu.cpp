@@ -92,8 +92,7 @@ MenuItem* NativeMenu::item(int command) const {
 MenuItem* NativeMenu::item(const Shortcut& shortcut) const {
     const auto found = std::find_if(items_.begin(), items_.end(), [&](const MenuItem* item) {
         // Commands for different nodes share a key; at most one of them is enabled.
-        return item->enabled() && item->shortcut().key == shortcut.key &&
-               item->shortcut().control == shortcut.control;
+        return item->enabled() && item->shortcut() == shortcut;
     });
     return shortcut.key == 0 || found == items_.end() ? nullptr : *found;
 }

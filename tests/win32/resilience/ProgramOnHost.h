@@ -105,9 +105,9 @@ class ProgramOnHost {
     std::wstring busyPanel();
 
     Win32Files files_;
-    Platform platform_{calls,          world.registry,    world.settings, files_,
-                       world.messages, world.fileDialogs, world.desktop,  world.process,
-                       world.locale,   world.help,        world.readings, client.gate};
+    Platform platform_{calls,          world.registry,    world.settings, files_,        world.clipboard,
+                       world.messages, world.fileDialogs, world.desktop,  world.process, world.locale,
+                       world.help,     world.readings,    client.gate};
     bool painted_ = false;
 };
 

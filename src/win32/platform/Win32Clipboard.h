@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/Clipboard.h"
+
+namespace blattwart {
+
+class Win32Clipboard : public Clipboard {
+  public:
+    void put(const std::wstring& text, const std::string& html) override;
+};
+
+}  // namespace blattwart
