@@ -32,6 +32,13 @@ bool run(test::FakeSettings& settings) {
             "all controls have sizes");
     for (const ListColumn& column : form.lvListView.columns())
         require(column.width >= 0 && std::isfinite(column.width), "all columns have widths");
+    presenter.inPlanliste = [&](frmPlanliste& list) {
+        presenter.dialog.goOn();
+        list.cmdClose.userClicks();
+    };
+    form.item(L"mnuPlanList").click();
+    for (const ListColumn& column : program.planList.lvPlan.columns())
+        require(column.width >= 0 && std::isfinite(column.width), "so have the plan list's");
     form.Form_Unload();
     settings.values = world.settings.values;
     return true;

@@ -20,7 +20,9 @@ take_dialog_picture() {
     take_picture_of "$(xdotool getactivewindow)" "$1"
 }
 
-dialog_is_open() { [ "$(xdotool getactivewindow)" != "$window" ]; }
+is_open() { [ "$(xdotool getactivewindow)" = "$1" ]; }
+another_is_open() { ! is_open "$1"; }
+dialog_is_open() { another_is_open "$window"; }
 
 keys() { xdotool key --delay 200 "$@"; }
 
@@ -97,6 +99,27 @@ take_dialog_pictures() {
     keys Escape
 }
 
+# The plan list, and layouts in it about to be renamed by a pattern.
+take_plan_pictures() {
+    local list
+    keys Home Down Down
+    settle "$window"
+    keys ctrl+l
+    until_true 20 dialog_is_open
+    list=$(xdotool getactivewindow)
+    xdotool windowsize --sync "$list" 1000 400
+    take_picture_of "$list" planliste
+    keys ctrl+a F2
+    until_true 20 another_is_open "$list"
+    keys alt+m
+    xdotool type --delay 100 'A-<Nr> <Name>'
+    take_dialog_picture planliste-umbenennen
+    keys Escape
+    until_true 20 is_open "$list"
+    keys Escape
+    settle "$window"
+}
+
 # The host ends, and the program asks for it; "Nein" ends the program too.
 take_start_picture() {
     settle "$window"
@@ -119,6 +142,7 @@ take_document_pictures() {
     take_context_menu layouts Home Down Down
     take_context_menu vorlagen End
     take_dialog_pictures
+    take_plan_pictures
     take_start_picture
 }
 

@@ -138,6 +138,14 @@ Cost BenchProgram::clickLayout(std::wstring_view name) {
     return measure([&] { world_->tree().userClicks(*layout); });
 }
 
+Cost BenchProgram::openPlanList() {
+    world_->presenter.inPlanliste = [this](frmPlanliste& list) {
+        world_->presenter.dialog.goOn();
+        list.cmdClose.userClicks();
+    };
+    return measure([this] { world_->program.fMainForm->item(L"mnuPlanList").click(); });
+}
+
 Cost median(std::vector<Cost> costs) {
     std::ranges::sort(costs, {}, [](const Cost& cost) { return cost.milliseconds / cost.emptyCall; });
     return costs[costs.size() / 2];

@@ -48,6 +48,8 @@ class BenchProgram {
     /// A click on the tree's first drawing, or on the first layout of this name, until the list is filled.
     Cost clickDrawing();
     Cost clickLayout(std::wstring_view name);
+    /// The plan list opened, which reads everything, and closed.
+    Cost openPlanList();
 
   private:
     struct World;

@@ -60,6 +60,14 @@ int leastForRefresh(int drawings, int layouts) {
     return templateFolder + treeOf(drawings, layouts);
 }
 
+int leastForPlanList(int drawings, int layouts) {
+    // Current layout, changes, whether it is read only; the collection and the name of model space.
+    constexpr int ofDrawing = 3 * fact + fact + enumeration + fact;
+    // Name, number, plotter, paper, plot style. Readable names of papers are asked for once.
+    constexpr int ofLayout = 5 * fact;
+    return openDocuments + fullNames(drawings) + drawings * (ofDrawing + layouts * ofLayout);
+}
+
 int leastForClick(int drawings, int layouts) {
     constexpr int statusLine = fact;
     return openDocuments + fullNames(drawings) + layoutList(layouts) + activeLayoutName + statusLine;

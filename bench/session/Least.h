@@ -6,6 +6,7 @@ namespace blattwart::bench {
 /// derives it. Of so many drawings, the last one active, with so many paper layouts each; all are saved.
 int leastForStart(int drawings, int layouts);
 int leastForRefresh(int drawings, int layouts);
+int leastForPlanList(int drawings, int layouts);
 int leastForClick(int drawings, int layouts);
 
 }  // namespace blattwart::bench

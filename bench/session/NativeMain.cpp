@@ -31,6 +31,11 @@ Cost comeBack(demo::DemoAutomation& automation, int drawings) {
     return startProgram(automation)->comeBack();
 }
 
+Cost openPlanList(demo::DemoAutomation& automation, int drawings) {
+    addDrawings(automation.start(), drawings, layoutsEach);
+    return startProgram(automation)->openPlanList();
+}
+
 Cost clickDrawing(demo::DemoAutomation& automation, int layouts) {
     addDrawings(automation.start(), 1, layouts);
     return startProgram(automation)->clickDrawing();
@@ -45,6 +50,9 @@ void measureAll() {
     for (const int drawings : {10, 50})
         printLine("return to the window, " + std::to_string(drawings) + " drawings of 20 layouts",
                   comeBack(automation, drawings));
+    for (const int drawings : {10, 50})
+        printLine("plan list, " + std::to_string(drawings) + " drawings of 20 layouts",
+                  openPlanList(automation, drawings));
     for (const int layouts : {layoutsEach, mostLayouts})
         printLine("click on a drawing of " + std::to_string(layouts) + " layouts",
                   clickDrawing(automation, layouts));

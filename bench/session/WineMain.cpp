@@ -99,6 +99,7 @@ bool measure(int drawings, int layouts, const Wire& wire) {
     good &= print("return to the window", program->comeBack(), program->pressF5().messages + besideF5,
                   L"refresh");
     good &= print("click on a drawing", program->clickDrawing(), leastForClick(drawings, layouts), L"click");
+    good &= print("plan list", program->openPlanList(), leastForPlanList(drawings, layouts), L"plans");
     return good;
 }
 

@@ -12,6 +12,8 @@ Select Case WScript.Arguments(0)
         ReadLayout application.ActiveDocument
     Case "refresh"
         ReadTree False
+    Case "plans"
+        ReadPlans
     Case "click"
         ReadDrawing FindDrawing("C:\Projekte", "Plan 0.dwg")
 End Select
@@ -29,6 +31,19 @@ Sub ReadTree(first)
             If first Then text = layout.ObjectID
         Next
         If name = active Then text = document.ActiveLayout.Name
+    Next
+End Sub
+
+Sub ReadPlans()
+    Dim document, layout, text
+    For Each document In application.Documents
+        text = document.FullName & document.GetVariable("CTAB") & document.GetVariable("DBMOD") & document.ReadOnly
+        For Each layout In document.Layouts
+            text = layout.Name
+            If text <> "Model" Then
+                text = layout.TabOrder & layout.ConfigName & layout.CanonicalMediaName & layout.StyleSheet
+            End If
+        Next
     Next
 End Sub
 

@@ -40,6 +40,9 @@ class frmPlanliste : public Dialog {
     /// the first one, of the drawing with this full name; with "" for the drawing it stays where it was.
     void Form_Load(const std::wstring& drawing, const std::wstring& layout);
 
+    /// Whether something is being read or written, in steps.
+    bool working() const { return work_ != Work::none; }
+
     Control* firstField() override { return &lvPlan; }
     Label* workLabel() override { return &lblStatus; }
     void opened() override;

@@ -12,8 +12,7 @@ project, compiled = Path(sys.argv[1]), Path(sys.argv[2])
 sys.path.insert(0, str(project / "help"))
 from topics import read_topics  # noqa: E402
 
-# The plan list has no window yet, so its messages cannot be seen.
-SOURCES = [file for end in ("*.cpp", "*.h") for file in (project / "src").rglob(end) if "planlist" not in file.parts]
+SOURCES = [file for end in ("*.cpp", "*.h") for file in (project / "src").rglob(end)]
 DOCUMENTS = [*project.glob("*.md"), *(project / "docs").glob("*.md")]
 
 

@@ -55,6 +55,25 @@ class FaultSweep : public Operations {
             dialog.txtLayout.setText(L"Neu");
             start(dialog);
         };
+        presenter.inPlanliste = [this](frmPlanliste& list) {
+            presenter.dialog.goOn();
+            list.lvPlan.selectAll();
+            list.cmdAktualisieren.userClicks();
+            presenter.dialog.goOn();
+            for (const Shortcut key :
+                 {Shortcut{.key = Shortcut::enter}, Shortcut{.key = L'S', .control = true}})
+                presenter.dialog.press(key, &list.lvPlan);
+            list.cmdCsv.userClicks();
+            presenter.dialog.goOn();
+            presenter.dialog.close();
+        };
+        presenter.inPlanUmbenennen = [](frmPlanUmbenennen& dialog) {
+            // The host takes another case only by way of another name, as in a swap.
+            dialog.txtSuchen.setText(L"blatt");
+            dialog.txtErsetzen.setText(L"BLATT");
+            dialog.cmdUmbenennen.userClicks();
+            if (!dialog.cmdUmbenennen.enabled()) dialog.cmdCancel.userClicks();
+        };
         presenter.inInfo = [](frmInfo& dialog) {
             dialog.cmdSysInfo.userClicks();
             dialog.cmdOK.userClicks();
@@ -72,6 +91,15 @@ class FaultSweep : public Operations {
                            leaveAndReturn();
                        },
                        always});
+        all.push_back({L"rename in the plan list, and back",
+                       [this](frmMain& form) {
+                           const auto user = std::exchange(presenter.inPlanliste, [this](frmPlanliste& list) {
+                               renameAndTakeBack(list);
+                           });
+                           form.item(L"mnuPlanList").click();
+                           presenter.inPlanliste = user;
+                       },
+                       [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
         all.push_back({L"start",
                        [this](frmMain&) {
                            main = std::make_unique<basMain>(world.platform, presenter);
@@ -79,6 +107,16 @@ class FaultSweep : public Operations {
                        },
                        always});
         return all;
+    }
+
+    void renameAndTakeBack(frmPlanliste& list) {
+        presenter.dialog.goOn();
+        list.lvPlan.selectAll();
+        list.cmdUmbenennen.userClicks();
+        presenter.dialog.goOn();
+        if (list.lblStatus.text() == L"3 Layouts umbenannt.") list.cmdRueckgaengig.userClicks();
+        presenter.dialog.goOn();
+        presenter.dialog.close();
     }
 
     // Preparing
@@ -226,7 +264,8 @@ class FaultSweep : public Operations {
 
     std::size_t questions() {
         return static_cast<std::size_t>(std::ranges::count_if(world.messages.shown, [](const ShownBox& box) {
-            return box.buttons == MessageButtons::yesNo && !box.text.starts_with(L"Soll AutoCAD gestartet");
+            return box.buttons == MessageButtons::yesNo && !box.text.starts_with(L"Soll AutoCAD gestartet") &&
+                   box.text.find(L"Soll der Rest") == std::wstring::npos;
         }));
     }
 
@@ -257,6 +296,8 @@ class FaultSweep : public Operations {
             EXPECT_TRUE(clean.stored.contains(name) && clean.stored.at(name).contains(value))
                 << testing::PrintToString(name);
         }
+        // What the host still takes is put back.
+        EXPECT_TRUE(fault.hostGone || started || parts[0].find(L"BLATTWART$") == std::wstring::npos);
         // Where the active drawing is not known, the user is asked whether to go to the one he wants.
         EXPECT_LE(questions(), std::max<std::size_t>(clean.questions, 1));
         expectFewMessages(clean.boxes + (fault.second ? 2 : 1));

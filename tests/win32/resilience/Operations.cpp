@@ -61,6 +61,23 @@ const std::vector<Operation>& operations() {
              program.form().item(L"mnuLayoutImport").click();
              endEdit(program.tree(), L"Neu");
          }},
+        {"plan list",
+         L"Plan.dwg/Blatt 2",
+         {},
+         [](ProgramOnHost& program) {
+             program.inPlanList([](frmPlanliste& list) { list.cmdClose.userClicks(); });
+         }},
+        {"rename in the plan list",
+         L"Plan.dwg/Blatt 2",
+         {},
+         [](ProgramOnHost& program) {
+             program.inPlanList([](frmPlanliste& list) {
+                 std::vector<ListItem*> rows;
+                 for (int row = 0; row < list.lvPlan.count(); ++row) rows.push_back(&list.lvPlan.row(row));
+                 list.lvPlan.userSelects(rows, nullptr);
+                 list.cmdUmbenennen.userClicks();
+             });
+         }},
     };
     return all;
 }

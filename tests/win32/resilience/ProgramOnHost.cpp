@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "demo/host/Disk.h"
+#include "res/DialogIds.h"
 #include "ui/ControlHost.h"
 #include "win32/com/ComError.h"
 
@@ -196,6 +197,27 @@ void ProgramOnHost::confirmDialog(const std::function<void()>& open) {
         button = IDCANCEL;
     });
     open();
+    KillTimer(nullptr, timer);
+}
+
+void ProgramOnHost::inPlanList(std::function<void(frmPlanliste&)> user) {
+    static ProgramOnHost* program;
+    static std::function<void(frmPlanliste&)> next;
+    program = this;
+    next = std::move(user);
+    const UINT_PTR timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
+        const HWND window = FindWindowW(L"#32770", L"Planliste");
+        const HWND rename = FindWindowW(L"#32770", L"Layouts nach Muster umbenennen");
+        if (rename && IsWindowVisible(rename)) {
+            SetDlgItemTextW(rename, IDC_SUCHEN, L"Blatt");
+            SetDlgItemTextW(rename, IDC_ERSETZEN, L"Plan");
+            for (const WPARAM button : {IDOK, IDCANCEL}) PostMessageW(rename, WM_COMMAND, button, 0);
+        } else if (window && IsWindowEnabled(window) && !program->main->planList.working()) {
+            const auto doNext = std::exchange(next, [](frmPlanliste& list) { list.cmdClose.userClicks(); });
+            doNext(program->main->planList);
+        }
+    });
+    form().item(L"mnuPlanList").click();
     KillTimer(nullptr, timer);
 }
 

@@ -82,6 +82,10 @@ class ProgramOnHost {
     /// Presses the start button of the dialog that the action opens.
     void confirmDialog(const std::function<void()>& open);
 
+    /// Opens the plan list; once everything has been read `user` does something, and once that is done, too,
+    /// it is closed.
+    void inPlanList(std::function<void(frmPlanliste&)> user);
+
     /// Boxes with a question that have come since the messages were cleared.
     int questions();
     /// What stands under "Geladene Zeichnungen", as HostProgram::drawings tells it.

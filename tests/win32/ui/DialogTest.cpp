@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ControlHost.h"
+#include "planlist/frmPlanUmbenennen.h"
 #include "res/DialogIds.h"
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
@@ -70,6 +71,23 @@ class DialogTest : public testing::Test {
             if (IsDialogMessageW(dialog, &message)) continue;
             TranslateMessage(&message);
             DispatchMessageW(&message);
+        }
+    }
+    /// No text of the dialog is cut off.
+    void expectRoom() {
+        for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+            const std::wstring text = textOf(child);
+            const HDC dc = GetDC(child);
+            const HGDIOBJ before =
+                SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)));
+            SIZE size{};
+            GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+            SelectObject(dc, before);
+            ReleaseDC(child, dc);
+            RECT room{};
+            GetClientRect(child, &room);
+            EXPECT_LE(size.cx, room.right) << testing::PrintToString(text);
+            EXPECT_LE(size.cy, room.bottom) << testing::PrintToString(text);
         }
     }
     void type(int id, const wchar_t* text) { SetDlgItemTextW(dialog, id, text); }
@@ -160,23 +178,7 @@ TEST_F(DialogTest, AsksAFieldThatIsLeftButNotOnTheWayOut) {
 }
 
 TEST_F(DialogTest, EveryTextHasItsRoom) {
-    const auto expectRoom = [this] {
-        for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-            const std::wstring text = textOf(child);
-            const HDC dc = GetDC(child);
-            const HGDIOBJ before =
-                SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)));
-            SIZE size{};
-            GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-            SelectObject(dc, before);
-            ReleaseDC(child, dc);
-            RECT room{};
-            GetClientRect(child, &room);
-            EXPECT_LE(size.cx, room.right) << testing::PrintToString(text);
-            EXPECT_LE(size.cy, room.bottom) << testing::PrintToString(text);
-        }
-    };
-    copy(expectRoom);
+    copy([this] { expectRoom(); });
     inDialog([this] { program.fMainForm->mnuHelpAbout_Click(); },
              [&] {
                  expectRoom();
@@ -191,7 +193,146 @@ TEST_F(DialogTest, EveryTextHasItsRoom) {
     list.add(L"L2", L"Blatt 1");
     list.add(L"L3", L"Blatt 2");
     list.selectAll();
-    inDialog([this] { program.fMainForm->mnuFileRename_Click(); }, expectRoom);
+    inDialog([this] { program.fMainForm->mnuFileRename_Click(); }, [this] { expectRoom(); });
+}
+
+/// The plan list, in which a row stands though there is no host.
+class PlanListWindowTest : public DialogTest {
+  protected:
+    void inPlanList(const std::function<void()>& user) {
+        inDialog([this] { program.fMainForm->mnuPlanList_Click(); },
+                 [this, user] {
+                     while (form().working()) settleFor(20);
+                     form().lvPlan.add(L"P1", L"EG").setColumn(2, L"Haus.dwg");
+                     user();
+                 });
+    }
+    void settleFor(DWORD milliseconds) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, milliseconds, QS_ALLINPUT);
+        settle();
+    }
+    frmPlanliste& form() { return program.planList; }
+    HWND control(int id) { return GetDlgItem(dialog, id); }
+    RECT placeOf(int id) {
+        RECT place{};
+        GetWindowRect(control(id), &place);
+        MapWindowPoints(nullptr, dialog, reinterpret_cast<POINT*>(&place), 2);
+        return place;
+    }
+    SIZE client() {
+        RECT client{};
+        GetClientRect(dialog, &client);
+        return {client.right, client.bottom};
+    }
+    /// List, buttons and status line stand beside each other, all of them within the window.
+    void expectPlaced() {
+        const RECT list = placeOf(IDC_LISTE);
+        const RECT status = placeOf(IDC_ZUSTAND);
+        const RECT close = placeOf(IDCANCEL);
+        const RECT last = placeOf(IDC_AKTUALISIEREN);
+        EXPECT_LT(list.right, last.left);
+        EXPECT_LT(list.bottom, status.top);
+        EXPECT_LT(status.right, close.left);
+        EXPECT_LT(last.bottom, close.top);
+        EXPECT_LE(close.right, client().cx);
+        EXPECT_LE(close.bottom, client().cy);
+        expectRoom();
+    }
+};
+
+TEST_F(PlanListWindowTest, StandsRightInEverySizeAndResolution) {
+    inPlanList([this] {
+        expectPlaced();
+        const SIZE made = client();
+        const RECT list = placeOf(IDC_LISTE);
+        SetWindowPos(dialog, nullptr, 0, 0, 10, 10, SWP_NOZORDER | SWP_NOMOVE);
+        EXPECT_LT(client().cx, made.cx);
+        expectPlaced();
+        SetWindowPos(dialog, nullptr, 0, 0, 1200, 900, SWP_NOZORDER | SWP_NOMOVE);
+        EXPECT_EQ(placeOf(IDC_LISTE).right - list.right, client().cx - made.cx);
+        EXPECT_EQ(placeOf(IDC_LISTE).bottom - list.bottom, client().cy - made.cy);
+        expectPlaced();
+        constexpr UINT dpiChanged = 0x02E0;
+        const RECT suggested{0, 0, 1250, 950};
+        SendMessageW(dialog, dpiChanged, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
+        const LONG height = placeOf(IDCANCEL).bottom - placeOf(IDCANCEL).top;
+        expectPlaced();
+        SendMessageW(dialog, dpiChanged, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&suggested));
+        EXPECT_NEAR(height, (placeOf(IDCANCEL).bottom - placeOf(IDCANCEL).top) * 1.5, 1);
+        ShowWindow(dialog, SW_SHOWMAXIMIZED);
+        settle();
+        expectPlaced();
+        press(VK_ESCAPE);
+    });
+    EXPECT_EQ(world.settings.values.at(L"PlanMax"), L"1");
+    EXPECT_EQ(world.settings.values.at(L"PlanWidth"), L"18750") << "the normal one";
+    world.settings.values[L"PlanLeft"] = L"150000";
+    inPlanList([this] {
+        EXPECT_TRUE(IsZoomed(dialog));
+        EXPECT_TRUE(MonitorFromWindow(dialog, MONITOR_DEFAULTTONULL));
+        press(VK_ESCAPE);
+    });
+}
+
+TEST_F(PlanListWindowTest, IsDrivenByKeysAndNamedForScreenReaders) {
+    inPlanList([this] {
+        EXPECT_EQ(focused(), IDC_LISTE);
+        EXPECT_EQ(textOf(GetWindow(control(IDC_LISTE), GW_HWNDPREV)), L"&Layouts:");
+        presenter.showWork(L"AutoCAD ist beschäftigt");
+        EXPECT_EQ(textOf(control(IDC_ZUSTAND)), L"AutoCAD ist beschäftigt");
+        form().lblStatus.setText(L"1 Layout");
+        EXPECT_EQ(textOf(control(IDC_ZUSTAND)), L"AutoCAD ist beschäftigt");
+        presenter.showWork(L"");
+        EXPECT_EQ(textOf(control(IDC_ZUSTAND)), L"1 Layout");
+
+        std::array<BYTE, 256> keys{};
+        keys[VK_CONTROL] = 0x80;
+        SetKeyboardState(keys.data());
+        press(L'F');
+        EXPECT_EQ(focused(), IDC_FILTER);
+        keys[VK_CONTROL] = 0;
+        SetKeyboardState(keys.data());
+        type(IDC_FILTER, L"fehlt");
+        EXPECT_EQ(form().txtFilter.text(), L"fehlt");
+        press(VK_DOWN);
+        EXPECT_EQ(focused(), IDC_LISTE);
+        press(VK_ESCAPE);
+        EXPECT_EQ(textOf(control(IDC_FILTER)), L"");
+
+        form().lvPlan.add(L"P1", L"EG");
+        form().cmdKopieren.setEnabled(true);
+        focus(IDC_KOPIEREN);
+        form().cmdKopieren.setEnabled(false);
+        EXPECT_EQ(focused(), IDC_LISTE) << "no key would reach anything any more";
+        form().lvPlan.startLabelEdit(form().lvPlan.row(0));
+        press(VK_ESCAPE);
+        EXPECT_TRUE(IsWindowVisible(dialog)) << "the label's";
+        EXPECT_EQ(form().lvPlan.editedItem(), nullptr);
+        PostMessageW(GetFocus(), WM_KEYDOWN, VK_ESCAPE, 1 << 30);
+        settle();
+        EXPECT_TRUE(IsWindowVisible(dialog)) << "held down since before";
+        press(VK_ESCAPE);
+        EXPECT_FALSE(IsWindowVisible(dialog));
+    });
+}
+
+TEST_F(PlanListWindowTest, TheDialogForPatternsStandsOverIt) {
+    RenamePattern pattern;
+    PlanList plan(world.locale);
+    frmPlanUmbenennen rename(plan, {}, pattern, program.help, world.platform);
+    inDialog([&] { presenter.showModal(rename); },
+             [&] {
+                 EXPECT_EQ(focused(), IDC_MUSTER);
+                 expectRoom();
+                 EXPECT_FALSE(IsWindowEnabled(control(IDC_AB)));
+                 EXPECT_EQ(IsDlgButtonChecked(dialog, IDC_NEU_BEGINNEN), static_cast<UINT>(BST_CHECKED));
+                 type(IDC_MUSTER, L"<Nr>");
+                 EXPECT_TRUE(IsWindowEnabled(control(IDC_AB)));
+                 SendMessageW(control(IDC_NEU_BEGINNEN), BM_CLICK, 0, 0);
+                 EXPECT_FALSE(pattern.restartInEachDrawing);
+                 press(VK_ESCAPE);
+             });
+    EXPECT_TRUE(rename.names().empty());
 }
 
 }  // namespace

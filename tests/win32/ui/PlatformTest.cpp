@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "ControlHost.h"
+#include "win32/platform/Win32Clipboard.h"
 #include "win32/platform/Win32Desktop.h"
 #include "win32/platform/Win32Files.h"
 #include "win32/platform/Win32Locale.h"
@@ -99,6 +100,59 @@ TEST(Win32SettingsTest, KeepsTexts) {
     }
     EXPECT_NE(settings.location(L"MainLeft").find(L"Software\\Blattwart\\Settings"), std::wstring::npos);
     RegDeleteKeyValueW(HKEY_CURRENT_USER, L"Software\\Blattwart\\Settings", L"Test");
+}
+
+TEST(Win32FilesTest, WritesAFileWholeOrNotAtAll) {
+    Win32Files files;
+    std::array<wchar_t, MAX_PATH> temporary{};
+    GetTempPathW(MAX_PATH, temporary.data());
+    const std::wstring folder = std::wstring(temporary.data()) + L"Blattwart Pläne";
+    CreateDirectoryW(folder.c_str(), nullptr);
+    const std::wstring file = folder + L"\\Planliste.csv";
+    const auto content = [&] {
+        const auto bytes = files.open(file)->read(0, 100);
+        return std::string(bytes.begin(), bytes.end());
+    };
+    files.writeAtomically(file, "alt");
+    files.writeAtomically(file, "neu\r\n");
+    EXPECT_EQ(content(), "neu\r\n");
+    // As a spreadsheet has it open.
+    const HANDLE held =
+        CreateFileW(file.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    EXPECT_THROW(files.writeAtomically(file, "verloren"), RuntimeError);
+    EXPECT_EQ(content(), "neu\r\n");
+    CloseHandle(held);
+    EXPECT_EQ(files.list(folder + L"\\*.*"), std::vector<std::wstring>{L"Planliste.csv"});
+    EXPECT_THROW(files.writeAtomically(folder + L"\\fehlt\\x.csv", ""), RuntimeError);
+    files.remove(file);
+    RemoveDirectoryW(folder.c_str());
+}
+
+TEST(Win32ClipboardTest, HoldsTextAndTable) {
+    Win32Clipboard clipboard;
+    clipboard.put(L"Größe \U0001F4D0\tΩ\r\n", "<table>ä</table>");
+    const auto data = [](UINT format) { return GlobalLock(GetClipboardData(format)); };
+    ASSERT_TRUE(OpenClipboard(nullptr));
+    EXPECT_STREQ(static_cast<const wchar_t*>(data(CF_UNICODETEXT)), L"Größe \U0001F4D0\tΩ\r\n");
+    EXPECT_STREQ(static_cast<const char*>(data(RegisterClipboardFormatW(L"HTML Format"))),
+                 "<table>ä</table>");
+    CloseClipboard();
+    // Another program has it.
+    std::thread holder;
+    const HANDLE open = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    const HANDLE done = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    holder = std::thread([&] {
+        OpenClipboard(GetDesktopWindow());
+        SetEvent(open);
+        WaitForSingleObject(done, 5000);
+        CloseClipboard();
+    });
+    WaitForSingleObject(open, 5000);
+    EXPECT_THROW(clipboard.put(L"x", ""), RuntimeError);
+    SetEvent(done);
+    holder.join();
+    CloseHandle(open);
+    CloseHandle(done);
 }
 
 TEST(Win32FilesTest, ListsNormalFilesOnly) {
