@@ -91,11 +91,12 @@ std::function<void()> frmPlanPdf::commandOf(const Shortcut& key, const Control* 
 
 void frmPlanPdf::takeFields() {
     choice_ = {txtOrdner.text(), txtName.text(), chkAndere.checked()};
+    // A folder is looked at once it is typed.
+    if (choice_.folder.empty()) return lookAtFolders();
     plan();
 }
 
 void frmPlanPdf::lookAtFolders() {
-    folders_.clear();
     for (const PdfName& name : pdfNames(plan_, rows_, choice_.folder, choice_.pattern, platform_.locale))
         if (name.conflict.empty()) folderOf(folderPart(name.file));
     plan();
@@ -213,6 +214,7 @@ void frmPlanPdf::cmdDurchsuchen_Click() {
 }
 
 void frmPlanPdf::cmdPlotten_Click() {
+    folders_.clear();
     lookAtFolders();
     if (!possible()) return;
     ignoringErrors([&] {

@@ -112,7 +112,7 @@ void frmPlanliste::buildCommands() {
         MenuItem& item = popupMenu.add({}, command.caption, command.shortcut);
         item.click = [this, run = command.run] {
             handle([&] {
-                if (restore_.outstanding()) restore_.finish();
+                putHostBack();
                 (this->*run)();
             });
         };
@@ -169,13 +169,17 @@ void frmPlanliste::unload() {
             while (group_->step()) {
             }
         }
-        if (restore_.outstanding()) restore_.finish();
         work_ = Work::none;
         reader_.stop();
         plan_.letGo();
     }
+    putHostBack();
     storePlacement(window().placement(), platform_.settings);
     storeColumns(lvPlan, platform_.settings);
+}
+
+void frmPlanliste::putHostBack() {
+    if (restore_.outstanding() && !platform_.gate.callPending()) restore_.finish();
 }
 
 void frmPlanliste::showHelp() {

@@ -40,6 +40,8 @@ class frmPlanliste : public Dialog {
     /// the first one, of the drawing with this full name; with "" for the drawing it stays where it was.
     void Form_Load(const std::wstring& drawing, const std::wstring& layout);
 
+    /// Puts back what plotting has changed in the host and a busy host has kept; nothing while a call waits.
+    void putHostBack();
     /// Whether something is being read or written, in steps.
     bool working() const { return work_ != Work::none; }
 

@@ -225,11 +225,17 @@ void frmPlanliste::selectAll() {
 void frmPlanliste::undo() {
     if (!platform_.messages.ask(undo_.top().text() + L" rückgängig machen?")) return;
     const PlanUndoEntry& entry = undo_.top();
-    PlanGroup& group = !entry.orders.empty()     ? static_cast<PlanGroup&>(order_)
-                       : !entry.settings.empty() ? static_cast<PlanGroup&>(transfer_)
-                                                 : static_cast<PlanGroup&>(writer_);
-    group.beginUndo();
-    beginWriting(group, L"Der Vorgang wird rückgängig gemacht …");
+    PlanGroup* group = &writer_;
+    const wchar_t* text = L"Layouts werden umbenannt …";
+    if (!entry.orders.empty()) {
+        group = &order_;
+        text = L"Reihenfolge wird geändert …";
+    } else if (!entry.settings.empty()) {
+        group = &transfer_;
+        text = L"Seiteneinrichtung wird übertragen …";
+    }
+    group->beginUndo();
+    beginWriting(*group, text);
 }
 
 void frmPlanliste::refresh() {

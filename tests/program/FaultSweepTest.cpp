@@ -74,6 +74,26 @@ class FaultSweep : public Operations {
             dialog.cmdUmbenennen.userClicks();
             if (!dialog.cmdUmbenennen.enabled()) dialog.cmdCancel.userClicks();
         };
+        presenter.inPlanReihenfolge = [](frmPlanReihenfolge& dialog) {
+            dialog.cmdUnten.userClicks();
+            dialog.cmdNamen.userClicks();
+            for (int i = 0; i < dialog.lvLayouts.count() && !dialog.cmdOK.enabled(); ++i) {
+                dialog.lvLayouts.userSelects({&dialog.lvLayouts.row(i)}, nullptr);
+                dialog.cmdUnten.userClicks();
+            }
+            dialog.cmdOK.userClicks();
+        };
+        presenter.inPlanEinstellungen = [this](frmPlanEinstellungen& dialog) {
+            presenter.dialog.goOn();
+            dialog.cmdUebertragen.userClicks();
+            presenter.dialog.goOn();
+        };
+        presenter.inPlanPdf = [this](frmPlanPdf& dialog) {
+            dialog.txtOrdner.setText(L"C:\\Vorlagen");
+            if (!dialog.chkAndere.checked()) dialog.chkAndere.userClicks();
+            dialog.cmdPlotten.userClicks();
+            presenter.dialog.goOn();
+        };
         presenter.inInfo = [](frmInfo& dialog) {
             dialog.cmdSysInfo.userClicks();
             dialog.cmdOK.userClicks();
@@ -100,6 +120,15 @@ class FaultSweep : public Operations {
                            presenter.inPlanliste = user;
                        },
                        [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
+        all.push_back({L"order, set up and plot in the plan list",
+                       [this](frmMain& form) {
+                           const auto user = std::exchange(presenter.inPlanliste, [this](frmPlanliste& list) {
+                               orderSetUpAndPlot(list);
+                           });
+                           form.item(L"mnuPlanList").click();
+                           presenter.inPlanliste = user;
+                       },
+                       [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
         all.push_back({L"start",
                        [this](frmMain&) {
                            main = std::make_unique<basMain>(world.platform, presenter);
@@ -116,6 +145,22 @@ class FaultSweep : public Operations {
         presenter.dialog.goOn();
         if (list.lblStatus.text() == L"3 Layouts umbenannt.") list.cmdRueckgaengig.userClicks();
         presenter.dialog.goOn();
+        presenter.dialog.close();
+    }
+
+    void orderSetUpAndPlot(frmPlanliste& list) {
+        presenter.dialog.goOn();
+        list.lvPlan.selectAll();
+        for (Button* button : {&list.cmdReihenfolge, &list.cmdEinstellungen, &list.cmdPdf}) {
+            button->userClicks();
+            presenter.dialog.goOn();
+        }
+        while (list.cmdRueckgaengig.enabled()) {
+            const std::size_t before = calls.count();
+            list.cmdRueckgaengig.userClicks();
+            presenter.dialog.goOn();
+            if (calls.count() == before) break;
+        }
         presenter.dialog.close();
     }
 
@@ -308,6 +353,7 @@ class FaultSweep : public Operations {
         EXPECT_EQ(tree().find(L"D0"), nullptr);
         if (!fault.hostGone && !fault.second) {
             EXPECT_EQ(host().filedia(), 1);
+            EXPECT_EQ(host().options().profile->backgroundPlot, 2);
         }
     }
 
