@@ -35,10 +35,8 @@ host::XData arraysOf(const Collection<CXWert>& values) {
 
 }  // namespace
 
-void XDataReport::readingFailed() {
-    if (hasReadingFailed_) return;
-    hasReadingFailed_ = true;
-    messages_.reportError(L"Fehler beim Lesen der EED's!");
+void XDataReport::tellFailedReading() {
+    if (hasReadingFailed_) messages_.reportError(L"Fehler beim Lesen der EED's!");
 }
 
 void XDataReport::writingFailed() {

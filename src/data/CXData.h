@@ -11,15 +11,17 @@
 namespace blattwart {
 
 /// Tells the user that extended data could not be read: once, however many objects fail. Whoever reads many
-/// objects in one go makes one for all of them.
+/// objects in one go makes one for all of them, and tells when what he shows is complete.
 class XDataReport {
   public:
     explicit XDataReport(MessageBoxes& messages) : messages_(messages) {}
 
-    void readingFailed();
+    void readingFailed() { hasReadingFailed_ = true; }
     void writingFailed();
     /// Whether the data of an object could not be read so far.
     bool hasReadingFailed() const { return hasReadingFailed_; }
+    /// Shows the message when reading has failed.
+    void tellFailedReading();
 
   private:
     MessageBoxes& messages_;
@@ -48,7 +50,7 @@ class CXData {
 
     /// Writes the values to the object; nothing when there are none. The user is told when it fails.
     void SetXDataWerte();
-    /// Adds the object's stored values to the list. The user is told when it fails; values up to there stay.
+    /// Adds the object's stored values to the list. A failure is reported; values up to there stay.
     void GetXDataWerte();
     /// Puts Wert into the list as the value of DataTyp, in place of an earlier one; an empty Wert only
     /// removes that.

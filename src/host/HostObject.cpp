@@ -1,7 +1,5 @@
 #include "host/HostObject.h"
 
-#include "platform/Conversions.h"
-
 namespace blattwart::host {
 
 void throwTypeMismatch() {
@@ -42,10 +40,6 @@ std::int32_t HostObject::getNumber(const Member& member) const {
 
 double HostObject::getDouble(const Member& member) const {
     return hostNumber(object().get(member));
-}
-
-ObjectPtr HostObject::toObject(const Value& value) {
-    return blattwart::toObject(value);
 }
 
 }  // namespace blattwart::host

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/Automation.h"
+#include "platform/Conversions.h"
 
 namespace blattwart::host {
 
@@ -66,8 +67,6 @@ class HostObject {
         }
         return asking(ids);
     }
-
-    static ObjectPtr toObject(const Value& value);
 
     ObjectPtr object_;
     std::shared_ptr<HostManners> manners_;

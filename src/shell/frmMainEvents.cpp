@@ -60,7 +60,6 @@ void frmMain::tvTreeView_AfterLabelEdit(const std::wstring& newText) {
     }
     if (meaning == LabelEdit::newTemplate) {
         modules_->templates.CreateTemplateFromLayout(newText);
-        setDragMode();
         showStateOfSelection();
     }
     if (meaning == LabelEdit::renameLayout) modules_->layouts.RenameByLabelEdit(false, newText);

@@ -56,6 +56,12 @@ struct LayoutDetails::Contents {
 };
 
 void LayoutDetails::FillLayoutDetails() {
+    XDataReport report(context_.platform.messages);
+    fill(report);
+    report.tellFailedReading();
+}
+
+void LayoutDetails::fill(XDataReport& report) {
     const TreeNode* node = tree_.selected();
     const Update update(list_);
     list_.clear();  // within the update: a row that comes back keeps its selection
@@ -68,7 +74,7 @@ void LayoutDetails::FillLayoutDetails() {
     Contents contents;
     if (layout) {
         fillPlotSettings(layout);
-        contents = readContents(layout);
+        contents = readContents(layout, report);
     }
     addViewports(contents.viewports);
     for (std::size_t i = 0; i < slots.size(); ++i)
@@ -90,9 +96,8 @@ void LayoutDetails::fillPlotSettings(const host::Layout& layout) {
     ignoringErrors([&] { setValue(L"IPlotbereich", plotAreaText(layout.PlotType())); });
 }
 
-LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout) {
+LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout, XDataReport& report) {
     Contents contents;
-    XDataReport report(context_.platform.messages);
     ignoringErrors([&] {
         LongRead reading(context_.platform.readings);
         const auto goOn = [&] { return reading.goOn(); };

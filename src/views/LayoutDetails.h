@@ -24,7 +24,9 @@ class LayoutDetails {
 
     void addRows(const std::wstring& layoutName);
     void fillPlotSettings(const host::Layout& layout);
-    Contents readContents(const host::Layout& layout);
+    /// The rows, in one update of the list. Failed readings of extended data are reported.
+    void fill(XDataReport& report);
+    Contents readContents(const host::Layout& layout, XDataReport& report);
     void readEntity(const host::Entity& entity, XDataReport& report, Contents& contents);
     void addViewports(const std::vector<CAFenster>& viewports);
     /// Label and scale; "" when the host did not tell the scale.

@@ -80,7 +80,6 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
     const host::Document document = autoCAD_.GetDocumentByKey(drawingKey);
     if (!document) return false;
     autoCAD_.activate(document);
-    events_.ShowNodeStatus();
     markActive(drawingKey, document);
 
     const std::wstring path = records_.TemplateFolder + L"\\" + file;

@@ -169,6 +169,9 @@ TEST_F(DatabaseTest, ReadsBlocksAndPassesOverCellsWithoutValue) {
     EXPECT_EQ(0, gaps->FaktorX);
     EXPECT_EQ(3, gaps->FaktorY);
     EXPECT_EQ(L"Rahmen", database.blocks().Item(3)->Layer);
+    write(L"", L"(5, 1, 7, 'Stempel', '', 0, 0, 0, 1, 1, 1, 0, '')");
+    database.LoadBlocks();
+    EXPECT_EQ(1, database.blocks().Count());
 }
 
 TEST_F(DatabaseTest, AFailedOpenIsToldOnceAndKeepsThePreviousLists) {

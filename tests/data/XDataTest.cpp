@@ -155,6 +155,7 @@ TEST_F(XDataTest, KeepsWhatCameBeforeAnUnusableType) {
         CXData list({host::Document(document, manners), {}, own, locale});
         list.objId = 42;
         list.GetXDataWerte();
+        own.tellFailedReading();
         EXPECT_EQ((Contents{{5, L"eins"}}), contents(list));
         EXPECT_EQ(0U, messages.outstanding());
     }
@@ -169,8 +170,10 @@ TEST_F(XDataTest, AnOddElementAtTheEndIsLeftOut) {
 
 TEST_F(XDataTest, TellsFailedReadsOnceAndEveryFailedWrite) {
     entity->fails = true;
+    report.tellFailedReading();
     messages.expect(readFailed);
     for (int object = 0; object < 3; ++object) data().GetXDataWerte();
+    report.tellFailedReading();
     EXPECT_EQ((ShownBox{readFailed, L"Blattwart", MessageButtons::ok, MessageIcon::critical}),
               messages.shown[0]);
 
@@ -205,6 +208,10 @@ TEST_F(XDataTest, AViewportFillsItselfFromItsData) {
     EXPECT_EQ(L"A1", viewport.Bezeichnung);
     EXPECT_EQ(2, viewport.Uebersicht);
 
+    CAFenster found;
+    found.ObjektId = 42;
+    found.GetBezeichnung({host::Document(document, manners), {}, report, locale});
+    EXPECT_EQ(L"A1", found.Bezeichnung);
     CAFenster handed;
     handed.GetBezeichnung({{}, host::Entity(entity, manners), report, locale});
     EXPECT_EQ(L"A1", handed.Bezeichnung);

@@ -84,9 +84,11 @@ TEST_F(CommandTable, ToolBarHasItsOrderAndMenusTheirKeys) {
         L"anzeigen,Liste anzeigen,Details anzeigen,,Ascending,Descending,,Hilfe,Öffnen,Neu,Speichern,Suchen");
     const auto& buttons = form().tbToolBar.buttons();
     ASSERT_EQ(buttons.size(), keys.size());
+    int image = 0;
     for (std::size_t i = 0; i < keys.size(); ++i) {
         EXPECT_EQ(buttons[i].key, keys[i]);
         EXPECT_EQ(buttons[i].visible, i < 22);
+        EXPECT_EQ(buttons[i].image, keys[i].empty() ? ToolBarButton().image : ++image);
         using Style = ToolBarButton::Style;
         EXPECT_EQ(buttons[i].style, keys[i].empty()      ? Style::separator
                                     : i >= 13 && i <= 16 ? Style::check
@@ -104,6 +106,7 @@ TEST_F(CommandTable, ToolBarHasItsOrderAndMenusTheirKeys) {
 
     const auto checkAccessKeys = [](const MenuItem& menu) {
         std::set<wchar_t> taken;
+        EXPECT_FALSE(menu.items().front()->isSeparator() || menu.items().back()->isSeparator());
         for (const auto& entry : menu.items()) {
             if (entry->isSeparator()) continue;
             const std::size_t mark = entry->caption().find(L'&');
@@ -194,6 +197,11 @@ TEST_F(CommandTable, CommandsOfTheWindowItself) {
     EXPECT_EQ(list().row(0).key(), L"D7");
     choose(L"mnuEditSelectAll");
     EXPECT_EQ(list().selectedItems().size(), 2U);
+
+    demo.end();
+    demo.start();
+    choose(L"mnuViewRefresh");
+    EXPECT_TRUE(main->autoCAD.gAcadApp) << "who has started AutoCAD anew sees it by F5";
 
     // Each list keeps the order that the user has given it.
     form().tbToolBar.userClicks(L"Descending");

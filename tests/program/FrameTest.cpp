@@ -98,9 +98,9 @@ TEST_F(Frame, ViewModeIsShownEverywhereAndKept) {
 
 TEST_F(Frame, ClosingKeepsPlacementAndColumns) {
     window().place = {-150, 75.5F, 7200, 4800};
-    choose(L"mnuListViewMode(3)");
+    choose(L"mnuListViewMode(2)");
     form().Form_Unload();
-    EXPECT_EQ(world.settings.values[L"ViewMode"], L"3");
+    EXPECT_EQ(world.settings.values[L"ViewMode"], L"2");
     EXPECT_EQ(world.settings.values[L"MainLeft"], L"-150");
     EXPECT_EQ(world.settings.values[L"MainTop"], L"75.5");
     EXPECT_EQ(world.settings.values[L"MainWidth"], L"7200");

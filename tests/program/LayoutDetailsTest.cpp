@@ -217,6 +217,9 @@ TEST_F(Details, TellsUnreadableDataOnceForEachFilling) {
     addReference(L"TX_LEGENDE", marked(L"14"));
     for (const wchar_t* key : {L"L3", L"L2", L"L3"}) {
         world.messages.clear();
+        world.messages.whileOpen = [this](const ShownBox&) {
+            EXPECT_EQ(value(L"ILegende"), L"Legende groß") << "the list would not be painted behind the box";
+        };
         click(key);
         const bool unreadable = key == std::wstring_view(L"L3");
         EXPECT_EQ(world.messages.shown.size(), unreadable ? 1U : 0U);

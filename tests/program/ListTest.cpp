@@ -110,8 +110,10 @@ TEST_F(List, KeepsWidthsPerKindAndOverRestarts) {
         EXPECT_EQ(list().columns()[0].width, 0);
     };
     expectWidths();
+    list().userResizesColumn(2, 1234);
     restart();
     expectWidths();
+    EXPECT_EQ(list().columns()[1].width, 1234) << "also of the list that was shown at the end";
 
     // A negative width counts as none; one that no column can have does no harm.
     form().Form_Unload();

@@ -115,6 +115,11 @@ TEST_F(Navigator, RecordsOutliveTheirNodes) {
     EXPECT_EQ(tree().find(L"D6"), nullptr);
     EXPECT_EQ(hint(), L"");
 
+    host().close(plan);
+    leaveAndReturn();
+    host().addDocument(L"C:\\Haus 1", L"Plan.dwg", {L"Blatt 10"});
+    leaveAndReturn();
+    EXPECT_EQ(hint(), L"1 geladene Zeichnung fehlt im Baum: Strg+F5");
     world.files.addFolder(ownLibrary);
     demo.end();
     world.messages.answer(MessageAnswer::yes);
@@ -122,6 +127,7 @@ TEST_F(Navigator, RecordsOutliveTheirNodes) {
     leaveAndReturn();
     EXPECT_EQ(main->records.DrawingRecords.Count(), 0);
     EXPECT_TRUE(tree().node(L"A").children().empty());
+    EXPECT_EQ(hint(), L"");
     EXPECT_EQ(main->records.TemplateFolder, ownLibrary) << "not that of the host that is gone";
     demo.start();
     host().addDocument(L"C:\\Haus 2", L"Größe.dwg", {L"Übersicht"});
@@ -155,6 +161,13 @@ TEST_F(Navigator, DrawingsOfOneNameAreBothActive) {
     EXPECT_TRUE(tree().node(L"Z1").bold());
     EXPECT_TRUE(tree().node(L"Z6").bold());
     EXPECT_FALSE(tree().node(L"Z4").bold());
+    // Of one path there is one node, however often it is open.
+    const std::size_t nodes = tree().node(L"A").children().size();
+    host().addDocument(L"C:\\Haus 5", L"Doppelt.dwg", {L"Blatt 1"});
+    host().addDocument(L"C:\\Haus 5", L"Doppelt.dwg", {L"Blatt 1"});
+    host().activate(host().findDocument(L"C:\\Haus 3\\Plan.dwg"));
+    leaveAndReturn();
+    EXPECT_EQ(tree().node(L"A").children().size(), nodes + 1);
     // A name in other case is another name.
     host().addDocument(L"C:\\Haus 4", L"PLAN.DWG", {L"Blatt 1"});
     leaveAndReturn();

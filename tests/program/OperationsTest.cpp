@@ -120,6 +120,11 @@ TEST_F(DocumentOperations, MoveTheMarksAlsoWhenTheUserStays) {
     EXPECT_FALSE(tree().node(L"Z3").bold());
     refresh();
     EXPECT_TRUE(tree().node(L"Z3").bold());
+    click(L"A");
+    selectInList({L"Z1"});
+    choose(L"popDrawing");
+    EXPECT_TRUE(list().find(L"Z1")->bold());
+    EXPECT_FALSE(list().find(L"Z3")->bold());
 
     // The drawing that AutoCAD has active now counts, not the one of the last look.
     host().activate(document(L"Haus.dwg"));
@@ -228,7 +233,7 @@ TEST_F(DocumentOperations, ADocumentThatCannotBeNamedDoesNotHideTheOthers) {
     click(L"Z1");
     choose(L"mnuSave");
     EXPECT_EQ(hint(), L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet.");
-    click(L"Z3");
+    leaveAndReturn();
     EXPECT_EQ(hint(), L"");
     demo.end();
     EXPECT_EQ(main->autoCAD.find(L"C:\\Projekte\\Plan.dwg").outcome, Lookup::notOpen);
@@ -327,6 +332,12 @@ TEST_F(TemplateOperations, SaveTheLayoutUnderTheTypedName) {
         world.files.forget(file);
         EXPECT_TRUE(world.messages.shown.empty());
     }
+    // Each gets a number of its own, also before the folder is read again.
+    for (const wchar_t* name : {L"Eins", L"Zwei"}) {
+        begin(L"L4");
+        endTreeEdit(name);
+    }
+    EXPECT_EQ(tree().node(L"B").children().size(), 5U);
 }
 
 TEST_F(TemplateOperations, RefusedNamesLeaveNothing) {
@@ -552,7 +563,7 @@ TEST_F(LayoutOperations, WorkInFoldersWithASemicolon) {
         refresh();
         EXPECT_EQ(tree().node(key).text(), name);
     }
-    choose(L"mnuFileDelete");
+    form().tbToolBar.userClicks(L"Delete");
     EXPECT_EQ(layoutsOf(host().activeDocument()->drawing()), L"Decke");
     EXPECT_TRUE(world.messages.shown.empty());
 }

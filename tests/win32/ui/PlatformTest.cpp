@@ -11,6 +11,7 @@
 #include "win32/platform/Win32Clipboard.h"
 #include "win32/platform/Win32Desktop.h"
 #include "win32/platform/Win32Files.h"
+#include "win32/platform/Win32HelpViewer.h"
 #include "win32/platform/Win32Locale.h"
 #include "win32/platform/Win32MessageBoxes.h"
 #include "win32/platform/Win32Process.h"
@@ -183,6 +184,7 @@ TEST(Win32FilesTest, ListsNormalFilesOnly) {
     DeleteFileW((folder + L"\\versteckt.dwt").c_str());
     RemoveDirectoryW((folder + L"\\Ordner.dwt").c_str());
     RemoveDirectoryW(folder.c_str());
+    EXPECT_TRUE(files.silent({L"", folder, folder + L"\\fehlt"}).empty()) << "an answer of every kind is one";
     EXPECT_FALSE(files.applicationFolder().ends_with(L"\\"));
     EXPECT_TRUE(files.exists(files.applicationFolder() + L"\\ui_test.exe"));
 }
@@ -345,6 +347,16 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     EXPECT_EQ(desktop.foreground(), windowHandle(host.window()));
     ShowWindow(host.window(), SW_HIDE);
     EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), 0) << "still hidden";
+}
+
+TEST(HelpViewerTest, ShowsTheTopicInAWindowThatIsClosedAtTheEnd) {
+    const auto helpWindow = [] { return FindWindowW(L"HH Parent", L"Hilfe zu Blattwart"); };
+    Win32HelpViewer viewer;
+    viewer.closeAll();
+    viewer.displayTopic(0, "Z:" HELP_FILE, "Tarvix_2.htm");
+    EXPECT_TRUE(helpWindow());
+    viewer.closeAll();
+    EXPECT_FALSE(helpWindow());
 }
 
 TEST(ReadingWatch, EscEndsAReadingAlsoWhileACallWaits) {
