@@ -22,7 +22,7 @@ build_demonstration() {
 
 make_samples() {
     local stamp=build/samples.stamp
-    if [ ! "$stamp" -nt demo/samples/make_samples.py ]; then
+    if [ -n "$(find demo/samples -name '*.py' -newer "$stamp" 2>&1)" ]; then
         say "Writing the sample drawings"
         { /usr/bin/python3 demo/samples/make_samples.py build/samples && touch "$stamp"; } || return
     fi
@@ -114,7 +114,7 @@ take_pictures() {
     take_list_picture "$window" zeichnungen Home &&
         take_list_picture "$window" layouts Down &&
         take_list_picture "$window" layout-details Down &&
-        take_list_picture "$window" vorlage-details End &&
+        take_list_picture "$window" vorlage-details End Up Up Up &&
         take_list_picture "$window" vorlagen Left
 }
 

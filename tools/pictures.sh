@@ -42,7 +42,7 @@ take_list_pictures() {
     take_window_picture liste-zeichnungen
     keys Down Down
     take_window_picture layout-details
-    keys End
+    keys End Up Up Up
     take_window_picture vorlage-details
     keys Left
     take_window_picture liste-vorlagen

@@ -29,7 +29,16 @@ struct Record {
     Groups groups;
 };
 
-/// Takes the groups off the bytes of a file.
+/// What the preview picture at the beginning of a drawing file ends with.
+constexpr std::string_view pictureEnd = "\xE0\xDA\x92\xF8\x2B\xC9\xD7\xD7\x62\xA8\x35\xC0\x62\xBB\xEF\xD4";
+
+/// A file's text, without head and picture.
+std::string_view textOf(std::string_view file) {
+    const std::size_t end = file.starts_with("AC10") ? file.find(pictureEnd) : std::string_view::npos;
+    return end == std::string_view::npos ? file : file.substr(end + pictureEnd.size());
+}
+
+/// Takes the groups off the text of a file.
 class GroupReader {
   public:
     explicit GroupReader(std::string_view bytes) : rest_(bytes) {
@@ -92,7 +101,7 @@ class DrawingReader {
   public:
     Drawing read(std::istream& stream) {
         const std::string bytes(std::istreambuf_iterator<char>(stream), {});
-        for (const Record& record : GroupReader(bytes).records()) take(record);
+        for (const Record& record : GroupReader(textOf(bytes)).records()) take(record);
         makeLayouts();
         enterAll();
         return std::move(drawing_);

@@ -5,7 +5,8 @@
     make_samples.py FOLDER --benchmark DRAWINGS LAYOUTS ENTITIES
 
 Needs Debian's python3-ezdxf: a writer that shares no code with the host's reader. All files are ASCII DXF, also those
-that end in .dwg or .dwt. The same call always gives the same bytes.
+that end in .dwg or .dwt; those of the library begin with the head and the picture of a DWG, as the host writes them. The
+same call always gives the same bytes.
 """
 import argparse
 import os
@@ -15,6 +16,7 @@ from dataclasses import dataclass
 from pathlib import Path
 
 import ezdxf
+from preview import with_preview
 
 APPLICATION = "Tarvix"
 NO_DEVICE = "none_device"
@@ -100,6 +102,7 @@ PLANS = (
         Sheet("Entwurf", paper=A3, marks=(STAMP, LEGEND)), Sheet("Werkplan", paper=A1, rotation=1, shown=False)), "Entwurf"),
     Plan("Vorlagen/Rahmen A1.DWG", "R2013", (Sheet("Rahmen A1", paper=A1, marks=(STAMP, NORTH)),), "Rahmen A1"),
 )
+LIBRARY = "Vorlagen/"
 OTHER_FILES = {
     "Vorlagen/Alter Plot.dwf": "(DWF V06.00)\r\n",
     "Vorlagen/Hinweise.txt": "Diese Datei ist keine Vorlage.\r\n",
@@ -226,6 +229,8 @@ def write_samples(folder):
         doc.saveas(path)
         if not plan.sheets:
             remove_paper_layout(path, doc.output_encoding)
+        if plan.path.startswith(LIBRARY):
+            path.write_bytes(with_preview(doc, path.read_bytes()))
     for name, text in OTHER_FILES.items():
         (folder / name).write_text(text, encoding="cp1252")
 

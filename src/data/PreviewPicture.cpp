@@ -106,7 +106,7 @@ bool isSide(std::int64_t length) {
 }
 
 /// Sets the size of a sound DIB; false when it is none.
-bool measureDib(PreviewPicture& picture) {
+bool measureDib(EncodedPicture& picture) {
     const Bytes dib(picture.bytes);
     if (dib.size() < dibHeaderSize) return false;
     const auto width = static_cast<std::int32_t>(number32(dib, 4));
@@ -122,12 +122,13 @@ bool measureDib(PreviewPicture& picture) {
     const bool runs = compression == runLength8 || compression == runLength4;
     const std::uint64_t pixels = runs ? 1 : stride * static_cast<std::uint64_t>(height);
     if (*start + pixels > dib.size()) return false;
+    picture.pixels = static_cast<std::size_t>(*start);
     picture.width = width;
     picture.height = static_cast<std::int32_t>(height);
     return true;
 }
 
-bool measurePng(PreviewPicture& picture) {
+bool measurePng(EncodedPicture& picture) {
     const Bytes png(picture.bytes);
     if (png.size() < smallestPng || !std::ranges::equal(png.first(pngStart.size()), pngStart)) return false;
     const std::int64_t width = bigEndian32(png, pngWidth);
@@ -138,12 +139,12 @@ bool measurePng(PreviewPicture& picture) {
     return true;
 }
 
-std::optional<PreviewPicture> readPart(FileReader& file, std::uint8_t code, std::uint32_t start,
+std::optional<EncodedPicture> readPart(FileReader& file, std::uint8_t code, std::uint32_t start,
                                        std::uint32_t length) {
     if (code != dibCode && code != pngCode) return {};
     if (length > largestPicture || std::uint64_t{start} + length > file.size()) return {};
-    PreviewPicture picture;
-    picture.kind = code == pngCode ? PreviewPicture::Kind::png : PreviewPicture::Kind::dib;
+    EncodedPicture picture;
+    picture.kind = code == pngCode ? EncodedPicture::Kind::png : EncodedPicture::Kind::dib;
     picture.bytes = file.read(start, length);
     const bool sound = code == pngCode ? measurePng(picture) : measureDib(picture);
     if (!sound) return {};
@@ -152,7 +153,7 @@ std::optional<PreviewPicture> readPart(FileReader& file, std::uint8_t code, std:
 
 }  // namespace
 
-std::optional<PreviewPicture> readPreviewPicture(FileReader& file) {
+std::optional<EncodedPicture> readPreviewPicture(FileReader& file) {
     const std::vector<std::uint8_t> head = file.read(0, headSize);
     if (head.size() < headSize || !hasKnownRelease(head)) return {};
     const std::uint32_t pointer = number32(head, sectionPointer);

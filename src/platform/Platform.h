@@ -13,6 +13,7 @@
 #include "platform/ReadingWatch.h"
 #include "platform/Registry.h"
 #include "platform/Settings.h"
+#include "platform/Worker.h"
 
 namespace blattwart {
 
@@ -34,6 +35,7 @@ struct Platform {
     HelpViewer& help;
     ReadingWatch& readings;
     Gate& gate;
+    Worker& worker;
 };
 
 }  // namespace blattwart

@@ -61,7 +61,8 @@ void basMain::makeNavigator() {
     TreeView& treeView = fMainForm->tvTreeView;
     ListView& list = fMainForm->lvListView;
     const NavigatorContext context{autoCAD, database, general, records, platform_, *this};
-    views = std::make_unique<basViewControls>(treeView, list, fMainForm->lblTitle[1], context);
+    views = std::make_unique<basViewControls>(treeView, list, fMainForm->lblTitle[1], fMainForm->picPreview,
+                                              context);
     files = std::make_unique<basDateien>(views->tree, list, context);
     templates = std::make_unique<TemplateCreation>(views->tree, list, context);
     layouts = std::make_unique<LayoutNames>(views->tree, list, tarvix, context);

@@ -11,6 +11,7 @@
 #include "controls/Form.h"
 #include "controls/ListView.h"
 #include "controls/Menu.h"
+#include "controls/PictureBox.h"
 #include "controls/ToolBar.h"
 #include "controls/TreeView.h"
 #include "data/NodeKey.h"
@@ -28,7 +29,8 @@ class frmMain {
     explicit frmMain(Platform& platform);
 
     // Controls. The window that shows them sets the heights of tbToolBar, picTitles and sbStatusBar and the
-    // width of imgSplitter before Form_Load; everything else is laid out by SizeControls.
+    // width of imgSplitter before Form_Load; picPreview stands where the list has room below its rows;
+    // everything else is laid out by SizeControls.
     TreeView tvTreeView;
     ListView lvListView;
     Control picTitles;
@@ -37,6 +39,7 @@ class frmMain {
     StatusBar sbStatusBar;
     Control imgSplitter;
     Control picSplitter;
+    PictureBox picPreview;
     MenuItem menuBar;
     MenuItem popupTemplateMenu;
     MenuItem popupDrawingMenu;

@@ -4,7 +4,7 @@
 
 namespace blattwart {
 
-basViewControls::basViewControls(TreeView& treeView, ListView& list, Label& listTitle,
+basViewControls::basViewControls(TreeView& treeView, ListView& list, Label& listTitle, PictureBox& picture,
                                  const NavigatorContext& context)
     : tree(treeView, context.records, context.platform.locale),
       columns(list, listTitle, context.platform),
@@ -14,6 +14,7 @@ basViewControls::basViewControls(TreeView& treeView, ListView& list, Label& list
       drawings_(tree, context),
       templates_(tree, context),
       contents_(treeView, list, context),
+      pictures_(picture, context.platform),
       records_(context.records),
       platform_(context.platform),
       events_(context.events) {}
@@ -129,6 +130,15 @@ void basViewControls::showSelectedNode() {
     const Update update(list_);
     SelectListColumns();
     FillListForNode();
+    pictures_.show(selectedTemplate());
+}
+
+std::wstring basViewControls::selectedTemplate() const {
+    const NodeKey key = tree.selectedKey();
+    std::wstring file;
+    if (key.kind() == NodeKind::libraryFile)
+        ignoringErrors([&] { file = records_.TemplateRecords.Item(key)->Gesamt; });
+    return file;
 }
 
 void basViewControls::fill(ListKind kind) {

@@ -7,6 +7,7 @@
 #include "views/LoadedDrawings.h"
 #include "views/NavigatorTree.h"
 #include "views/TemplateLibrary.h"
+#include "views/TemplatePictures.h"
 
 namespace blattwart {
 
@@ -14,7 +15,8 @@ namespace blattwart {
 /// node.
 class basViewControls {
   public:
-    basViewControls(TreeView& tree, ListView& list, Label& listTitle, const NavigatorContext& context);
+    basViewControls(TreeView& tree, ListView& list, Label& listTitle, PictureBox& picture,
+                    const NavigatorContext& context);
 
     NavigatorTree tree;
     ListColumns columns;
@@ -28,7 +30,7 @@ class basViewControls {
     void SelectListColumns();
     /// Fills the list for the selected node.
     void FillListForNode();
-    /// The two list-filling steps as one event: the host is read once.
+    /// The two list-filling steps as one event: the host is read once. With a template its picture too.
     void showSelectedNode();
 
   private:
@@ -41,6 +43,8 @@ class basViewControls {
     std::wstring nameOf(const TreeNode& node) const;
     void SetListColumns(ListKind kind);
     void fill(ListKind kind);
+    /// The file of the selected template; "" when the selected node is none.
+    std::wstring selectedTemplate() const;
 
     ListView& list_;
     basAutoCAD& autoCAD_;
@@ -48,6 +52,7 @@ class basViewControls {
     LoadedDrawings drawings_;
     TemplateLibrary templates_;
     ListContents contents_;
+    TemplatePictures pictures_;
     NavigatorRecords& records_;
     Platform& platform_;
     NavigatorEvents& events_;

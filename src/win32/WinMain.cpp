@@ -21,6 +21,7 @@
 #include "win32/platform/Win32ReadingWatch.h"
 #include "win32/platform/Win32Registry.h"
 #include "win32/platform/Win32Settings.h"
+#include "win32/platform/Win32Worker.h"
 #include "win32/ui/Guard.h"
 #include "win32/ui/WaitingNotice.h"
 #include "win32/ui/Win32FormPresenter.h"
@@ -91,6 +92,11 @@ class Application {
         }
     }
 
+    void deliver(std::function<void()> done) {
+        MainWindow* window = presenter_.mainWindow();
+        if (window) guard_.guarded([&] { window->post(std::move(done)); });
+    }
+
     bool askGiveUp(HostState state) { return !messages_.ask(giveUpQuestion(state)); }
 
     Apartment apartment_;
@@ -111,8 +117,9 @@ class Application {
     Win32HelpViewer help_;
     std::wstring waitingText_;
     Win32ReadingWatch readings_{[this](const std::wstring& text) { presenter_.showWork(text); }};
+    Win32Worker worker_{[this](std::function<void()> done) { deliver(std::move(done)); }};
     Platform platform_{automation_, registry_, settings_, files_, clipboard_, messages_, fileDialogs_,
-                       desktop_,    process_,  locale_,   help_,  readings_,  gate_};
+                       desktop_,    process_,  locale_,   help_,  readings_,  gate_,     worker_};
     Win32FormPresenter presenter_{guard_, gate_};
 };
 

@@ -3,69 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <string>
 
+#include "support/DrawingFile.h"
 #include "support/FakeFiles.h"
 
 namespace blattwart::test {
 
 namespace {
 
-using Bytes = std::vector<std::uint8_t>;
-
-void put32(Bytes& bytes, std::size_t at, std::uint32_t number) {
-    for (std::size_t i = 0; i < 4; ++i) bytes.at(at + i) = static_cast<std::uint8_t>(number >> (8 * i));
-}
-
-/// Eight-bit, uncompressed, two rows of five pixels (eight bytes each).
-Bytes dib() {
-    Bytes bytes(40 + 1024 + 16, 7);
-    put32(bytes, 0, 40);
-    put32(bytes, 4, 5);
-    put32(bytes, 8, 2);
-    put32(bytes, 12, 8U << 16 | 1);
-    put32(bytes, 16, 0);
-    put32(bytes, 32, 0);
-    return bytes;
-}
-
-Bytes png() {
-    Bytes bytes(60, 0);
-    const std::string start = "\x89PNG\r\n\x1A\n";
-    std::copy(start.begin(), start.end(), bytes.begin());
-    bytes[11] = 13;
-    const std::string chunk = "IHDR";
-    std::copy(chunk.begin(), chunk.end(), bytes.begin() + 12);
-    bytes[18] = 1;  // 256 wide
-    bytes[23] = 94;
-    return bytes;
-}
-
-constexpr std::uint32_t section = 0x60;
-constexpr std::uint32_t firstPart = section + 21;
-constexpr std::uint32_t pictureAt = firstPart + 2 * 9;
-
-/// A file as the host writes it: head, sentinel, an empty header (code 1), the picture, something behind it.
-Bytes drawing(std::uint8_t code, const Bytes& picture) {
-    Bytes bytes(pictureAt, 0);
-    const std::string release = "AC1015";
-    std::copy(release.begin(), release.end(), bytes.begin());
-    put32(bytes, 0x0D, section);
-    constexpr std::uint8_t sentinel[] = {0x1F, 0x25, 0x6D, 0x07, 0xD4, 0x36, 0x28, 0x28,
-                                         0x9D, 0x57, 0xCA, 0x3F, 0x9D, 0x44, 0x10, 0x2B};
-    std::copy(std::begin(sentinel), std::end(sentinel), bytes.begin() + section);
-    bytes[section + 20] = 2;
-    bytes[firstPart] = 1;
-    put32(bytes, firstPart + 1, pictureAt);
-    bytes[firstPart + 9] = code;
-    put32(bytes, firstPart + 10, pictureAt);
-    put32(bytes, firstPart + 14, static_cast<std::uint32_t>(picture.size()));
-    bytes.insert(bytes.end(), picture.begin(), picture.end());
-    bytes.resize(bytes.size() + 100000);
-    return bytes;
-}
-
-std::optional<PreviewPicture> read(const Bytes& bytes) {
+std::optional<EncodedPicture> read(const Bytes& bytes) {
     FakeFileReader file(bytes);
     return readPreviewPicture(file);
 }
@@ -97,8 +43,9 @@ TEST(PreviewPicture, IsFoundWithItsSizeAndNoMoreIsReadThanItTakes) {
         FakeFileReader file(drawing(isPng ? 6 : 2, picture));
         const auto found = readPreviewPicture(file);
         ASSERT_TRUE(found);
-        EXPECT_EQ(found->kind, isPng ? PreviewPicture::Kind::png : PreviewPicture::Kind::dib);
+        EXPECT_EQ(found->kind, isPng ? EncodedPicture::Kind::png : EncodedPicture::Kind::dib);
         EXPECT_EQ(found->bytes, picture);
+        EXPECT_EQ(found->pixels, isPng ? 0u : 40u + 1024u);
         EXPECT_EQ(found->width, isPng ? 256 : 5);
         EXPECT_EQ(found->height, isPng ? 94 : 2);
         EXPECT_LE(file.bytesRead, 0x20 + 21 + 16 * 9 + picture.size());
@@ -150,7 +97,7 @@ TEST(PreviewPicture, MayBeUpsideDownRunLengthEncodedOrOfFewColours) {
     const auto reads = [](const Change& change) {
         Bytes bytes = drawing(2, dib());
         change.make(bytes);
-        return read(bytes).has_value();
+        return read(bytes);
     };
     EXPECT_TRUE(reads(number("upside down", pictureAt + 8, static_cast<std::uint32_t>(-2))));
     EXPECT_TRUE(reads({"runs", [](Bytes& b) {
@@ -161,10 +108,18 @@ TEST(PreviewPicture, MayBeUpsideDownRunLengthEncodedOrOfFewColours) {
                             put32(b, pictureAt + 16, 1);
                             put32(b, pictureAt + 8, static_cast<std::uint32_t>(-2));
                         }}));
-    EXPECT_TRUE(reads({"few colours", [](Bytes& b) {
-                           put32(b, pictureAt + 32, 16);
-                           put32(b, firstPart + 14, 40 + 64 + 16);
-                       }}));
+    const auto few = reads({"few colours", [](Bytes& b) {
+                                put32(b, pictureAt + 32, 16);
+                                put32(b, firstPart + 14, 40 + 64 + 16);
+                            }});
+    ASSERT_TRUE(few);
+    EXPECT_EQ(few->pixels, 40u + 64u);
+    const auto masks = reads({"masks", [](Bytes& b) {
+                                  put32(b, pictureAt + 12, 16U << 16 | 1);
+                                  put32(b, pictureAt + 16, 3);
+                              }});
+    ASSERT_TRUE(masks);
+    EXPECT_EQ(masks->pixels, 40u + 12u);
 }
 
 }  // namespace blattwart::test

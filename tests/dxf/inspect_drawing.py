@@ -6,11 +6,24 @@ With --all also their types, the extended data and the plot settings.
 """
 import re
 import sys
+import tempfile
+from pathlib import Path
 
 import ezdxf
 
 SETTINGS = ("page_setup_name plot_configuration_file paper_size paper_width paper_height left_margin plot_paper_units "
             "plot_rotation plot_type current_style_sheet limmax").split()
+
+
+PICTURE_END = bytes.fromhex("E0DA92F82BC9D7D762A835C062BBEFD4")
+
+
+def read(file):
+    """The drawing, also one that begins with the picture of a DWG."""
+    with tempfile.NamedTemporaryFile(suffix=".dxf") as text:
+        text.write(Path(file).read_bytes().rpartition(PICTURE_END)[2])
+        text.flush()
+        return ezdxf.readfile(text.name)
 
 
 def decoded(name):
@@ -25,7 +38,7 @@ def data_of(entity):
 everything = sys.argv[1] == "--all"
 sys.stdout.reconfigure(encoding="utf-8")
 for file in sys.argv[1 + everything:]:
-    doc = ezdxf.readfile(file)
+    doc = read(file)
     audit = doc.audit()
     print("faults:", *[fault.message for fault in audit.errors + audit.fixes])
     for name in doc.layouts.names_in_taborder():

@@ -2,6 +2,7 @@
 #include <numeric>
 
 #include "Program.h"
+#include "support/DrawingFile.h"
 
 namespace blattwart::test {
 namespace {
@@ -94,6 +95,81 @@ TEST_F(List, ShowsWhatIsSelected) {
         EXPECT_EQ(list().find(L"IDateiname")->column(2), tree().selected()->text());
         EXPECT_EQ(list().find(L"IOrdner")->column(2), L"C:\\Vorlagen");
     }
+}
+
+TEST_F(List, ShowsATemplatesPictureWhenItHasComeAndTheTemplateIsStillSelected) {
+    world.files.fill(L"C:\\Vorlagen\\Plan A3.dwt", drawing(2, dib()));
+    world.files.fill(L"C:\\Vorlagen\\Rahmen.dwg", drawing(6, png()));
+    const auto width = [this] {
+        const auto& picture = form().picPreview.picture();
+        return picture ? picture->width : 0;
+    };
+    click(L"D7");
+    EXPECT_EQ(width(), 0) << "it is being read";
+    click(L"D8");
+    EXPECT_EQ(world.worker.waiting(), 1u) << "what is not wanted any more waits nowhere";
+    world.worker.finishOne();
+    EXPECT_EQ(width(), 0) << "that is the other one's";
+    world.worker.finishOne();
+    EXPECT_EQ(width(), 256);
+    EXPECT_EQ(form().picPreview.name(), L"Vorschau von Rahmen.dwg");
+    click(L"D7");
+    EXPECT_EQ(width(), 5) << "read before";
+    click(L"B");
+    EXPECT_EQ(width(), 0);
+    world.worker.finishOne();
+    EXPECT_EQ(width(), 0);
+    EXPECT_EQ(world.worker.waiting(), 0u);
+
+    click(L"D8");
+    const auto before = form().picPreview.picture();
+    world.worker.finishOne();
+    EXPECT_EQ(form().picPreview.picture(), before) << "the same file is not read again";
+    world.files.fill(L"C:\\Vorlagen\\Rahmen.dwg", drawing(2, dib()));
+    refresh();
+    world.worker.finishOne();
+    EXPECT_EQ(width(), 5);
+    world.worker.refuses = true;
+    refresh();
+    EXPECT_EQ(width(), 5);
+    EXPECT_TRUE(world.messages.shown.empty());
+    world.worker.refuses = false;
+    for (const bool denied : {true, false}) {
+        world.files.fails = [denied](std::wstring_view call) { return denied && call == L"Files.open"; };
+        refresh();
+        EXPECT_EQ(width(), denied ? 5 : 0);
+        world.worker.finishOne();
+        EXPECT_EQ(width(), denied ? 0 : 5);
+    }
+}
+
+TEST_F(List, KeepsSoManyPicturesAndNoMore) {
+    PictureBox box;
+    TemplatePictures pictures(box, world.platform);
+    const auto file = [](int number) { return L"C:\\Viele\\" + std::to_wstring(number) + L".dwt"; };
+    const auto look = [&](int number) {
+        pictures.show(file(number));
+        const bool atOnce = box.picture() != nullptr;
+        world.worker.finishOne();
+        EXPECT_TRUE(box.picture());
+        return atOnce;
+    };
+    for (int i = 0; i < 65; ++i) {
+        world.files.fill(file(i), drawing(6, png()));
+        EXPECT_FALSE(look(i));
+        if (i > 0) {
+            EXPECT_TRUE(look(1)) << "used again and again";
+        }
+    }
+    EXPECT_FALSE(look(0)) << "the oldest of 65";
+    EXPECT_TRUE(look(64));
+    Bytes large = png();
+    large.resize(40U << 20);
+    for (const int i : {0, 1}) world.files.fill(file(i), drawing(6, large));
+    look(0);
+    look(1);
+    EXPECT_TRUE(look(1));
+    EXPECT_FALSE(look(0)) << "both together are too large";
 }
 
 TEST_F(List, KeepsWidthsPerKindAndOverRestarts) {

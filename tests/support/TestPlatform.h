@@ -11,6 +11,7 @@
 #include "support/FakeReadingWatch.h"
 #include "support/FakeRegistry.h"
 #include "support/FakeSettings.h"
+#include "support/FakeWorker.h"
 #include "support/GermanLocale.h"
 
 namespace blattwart::test {
@@ -19,7 +20,7 @@ namespace blattwart::test {
 struct TestPlatform {
     explicit TestPlatform(Automation& automation)
         : platform{automation, registry, settings, files, clipboard, messages, fileDialogs,
-                   desktop,    process,  locale,   help,  readings,  gate} {}
+                   desktop,    process,  locale,   help,  readings,  gate,     worker} {}
     TestPlatform(const TestPlatform&) = delete;
     TestPlatform& operator=(const TestPlatform&) = delete;
 
@@ -35,6 +36,7 @@ struct TestPlatform {
     FakeHelp help;
     FakeReadingWatch readings;
     Gate gate;
+    FakeWorker worker;
     Platform platform;
 };
 

@@ -35,6 +35,7 @@ struct ImageListDestroyer {
 using Handle = std::unique_ptr<void, HandleCloser>;
 using Key = std::unique_ptr<std::remove_pointer_t<HKEY>, KeyCloser>;
 using Search = std::unique_ptr<void, SearchCloser>;
+using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, GdiDeleter>;
 using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, GdiDeleter>;
 using Menu = std::unique_ptr<std::remove_pointer_t<HMENU>, MenuDestroyer>;
 using ImageList = std::unique_ptr<std::remove_pointer_t<HIMAGELIST>, ImageListDestroyer>;

@@ -50,6 +50,7 @@ FrameControls::FrameControls(HWND frame, frmMain& form, EventGate& gate)
       tree_(frame, form.tvTreeView, gate),
       listTitle_(frame, form.lblTitle[1], WC_STATICW, titleStyle),
       list_(frame, form.lvListView, gate),
+      preview_(list_.handle(), form.picPreview, gate.guard()),
       toolBar_(frame, form.tbToolBar, gate, firstToolBarCommand),
       statusBar_(frame, form.sbStatusBar) {
     form_.imgSplitter.setWidth(splitterWidth);
@@ -65,10 +66,10 @@ FrameControls::~FrameControls() {
     for (Control* model : models()) model->changed = nullptr;
 }
 
-std::array<Control*, 9> FrameControls::models() {
+std::array<Control*, 10> FrameControls::models() {
     auto& [treeTitle, listTitle] = form_.lblTitle;
     return {&form_.tvTreeView, &form_.lvListView, &form_.tbToolBar,   &form_.sbStatusBar, &form_.picTitles,
-            &treeTitle,        &listTitle,        &form_.imgSplitter, &form_.picSplitter};
+            &treeTitle,        &listTitle,        &form_.imgSplitter, &form_.picSplitter, &form_.picPreview};
 }
 
 void FrameControls::setDpi(int dpi) {
@@ -112,13 +113,16 @@ RECT FrameControls::splitterGap() const {
 }
 
 void FrameControls::layOut() {
-    if (!changed_) return;
-    alignToFrame();
-    setWindowText(treeTitle_.handle(), form_.lblTitle[0].text());
-    setWindowText(listTitle_.handle(), form_.lblTitle[1].text());
-    place();
-    statusBar_.show();
-    changed_ = false;
+    if (changed_) {
+        alignToFrame();
+        setWindowText(treeTitle_.handle(), form_.lblTitle[0].text());
+        setWindowText(listTitle_.handle(), form_.lblTitle[1].text());
+        place();
+        statusBar_.show();
+        changed_ = false;
+    }
+    // The rows move by more than the models tell.
+    preview_.show(form_.picPreview.picture() ? list_.roomBelowRows() : RECT{}, dpi_);
 }
 
 /// Toolbar and status bar stick to the frame's edges.

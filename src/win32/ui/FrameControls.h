@@ -11,6 +11,7 @@
 #include "win32/ui/Fonts.h"
 #include "win32/ui/ListWindow.h"
 #include "win32/ui/Pictures.h"
+#include "win32/ui/PictureWindow.h"
 #include "win32/ui/StatusBarWindow.h"
 #include "win32/ui/ToolBarWindow.h"
 #include "win32/ui/TreeWindow.h"
@@ -48,7 +49,7 @@ class FrameControls {
     bool editing() const { return tree_.editing() || list_.editing(); }
 
   private:
-    std::array<Control*, 9> models();
+    std::array<Control*, 10> models();
     void alignToFrame();
     void place();
 
@@ -65,6 +66,7 @@ class FrameControls {
     TreeWindow tree_;
     ControlWindow listTitle_;
     ListWindow list_;
+    PictureWindow preview_;
     ToolBarWindow toolBar_;
     StatusBarWindow statusBar_;
 };

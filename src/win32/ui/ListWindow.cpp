@@ -9,7 +9,7 @@ namespace blattwart {
 namespace {
 
 constexpr DWORD listStyle = WS_VISIBLE | WS_TABSTOP | LVS_OWNERDATA | LVS_REPORT | LVS_SHOWSELALWAYS |
-                            LVS_SHAREIMAGELISTS | LVS_EDITLABELS | LVS_AUTOARRANGE;
+                            LVS_SHAREIMAGELISTS | LVS_EDITLABELS | LVS_AUTOARRANGE | WS_CLIPCHILDREN;
 constexpr DWORD extendedListStyle =
     LVS_EX_FULLROWSELECT | LVS_EX_HEADERDRAGDROP | LVS_EX_DOUBLEBUFFER | LVS_EX_LABELTIP;
 
@@ -170,6 +170,17 @@ POINT ListWindow::contextMenuByKey() const {
         place = {label.left, label.bottom};
     ClientToScreen(handle(), &place);
     return place;
+}
+
+RECT ListWindow::roomBelowRows() const {
+    RECT room{};
+    GetClientRect(handle(), &room);
+    for (int row = 0; row < list_.count(); ++row) {
+        RECT place{};
+        ListView_GetItemRect(handle(), row, &place, LVIR_BOUNDS);
+        room.top = std::max(room.top, place.bottom);
+    }
+    return room;
 }
 
 LRESULT ListWindow::notify(NMHDR& header) {

@@ -27,6 +27,8 @@ class ListWindow final : public ControlWindow, private ListViewListener {
     LRESULT notify(NMHDR& header);
     /// Where the menu asked for by keyboard belongs: at the selected row.
     POINT contextMenuByKey() const;
+    /// What the rows leave free below them; pixels within the window.
+    RECT roomBelowRows() const;
     bool editing() const { return labelEdit_.active(); }
 
     /// The user drags the item with this key; without it nothing is dragged.

@@ -36,6 +36,8 @@ class MainWindow : public FormWindow {
     HWND window() const { return window_; }
     /// Carries out shortcuts and the keys that move the focus; true when the message is done with.
     bool translate(const MSG& message);
+    /// Runs the work as an event of its own, after those that are under way.
+    void post(std::function<void()> work) { gate_.post(std::move(work)); }
     /// Shows what the program waits for or what it is doing; "" when that is done.
     void showWork(const std::wstring& text);
 

@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <vector>
 
 #include "res/IconIds.h"
@@ -10,8 +9,6 @@
 namespace blattwart {
 
 namespace {
-
-using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, GdiDeleter>;
 
 /// Number of the largest strip that is not larger than the DPI asks for.
 int scaleOf(int dpi) {

@@ -115,7 +115,7 @@ class ProgramOnHost {
     Win32Files files_;
     Platform platform_{calls,          world.registry,    world.settings, files_,        world.clipboard,
                        world.messages, world.fileDialogs, world.desktop,  world.process, world.locale,
-                       world.help,     world.readings,    client.gate};
+                       world.help,     world.readings,    client.gate,    world.worker};
     bool painted_ = false;
 };
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <filesystem>
 #include <fstream>
 #include <thread>
@@ -18,6 +19,7 @@
 #include "win32/platform/Win32ReadingWatch.h"
 #include "win32/platform/Win32Registry.h"
 #include "win32/platform/Win32Settings.h"
+#include "win32/platform/Win32Worker.h"
 #include "win32/ui/Dpi.h"
 
 namespace blattwart::test {
@@ -347,6 +349,50 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     EXPECT_EQ(desktop.foreground(), windowHandle(host.window()));
     ShowWindow(host.window(), SW_HIDE);
     EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), 0) << "still hidden";
+}
+
+TEST(Win32WorkerTest, WorksBesideTheProgramAndHoldsItsEndUpForNothing) {
+    const DWORD own = GetCurrentThreadId();
+    std::vector<DWORD> workedOn;
+    std::vector<DWORD> doneOn;
+    const auto done = [&] { doneOn.push_back(GetCurrentThreadId()); };
+    const HANDLE pipe =
+        CreateNamedPipeW(L"\\\\.\\pipe\\BlattwartProbe", PIPE_ACCESS_OUTBOUND, 0, 1, 0, 0, 0, nullptr);
+    const HANDLE never = CreateEventW(nullptr, TRUE, FALSE, nullptr);
+    std::atomic<bool> readingEnded = false;
+    const auto readForEver = [&] {
+        const HANDLE end =
+            CreateFileW(L"\\\\.\\pipe\\BlattwartProbe", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr);
+        char byte = 0;
+        DWORD read = 0;
+        ReadFile(end, &byte, 1, &read, nullptr);
+        readingEnded = true;
+        CloseHandle(end);
+    };
+    const auto endsAtOnce = [&](const std::function<void()>& lastWork) {
+        auto worker = std::make_unique<Win32Worker>([](const std::function<void()>& work) { work(); });
+        const auto work = [&] { workedOn.push_back(GetCurrentThreadId()); };
+        workedOn.clear();
+        doneOn.clear();
+        worker->run([] { throw std::bad_alloc(); }, done);
+        worker->run(work, done);
+        for (int i = 0; i < 100 && doneOn.size() < 2; ++i) pumpFor(10);
+        EXPECT_EQ(doneOn, (std::vector<DWORD>{own, own}));
+        EXPECT_NE(workedOn, std::vector<DWORD>{own});
+        worker->run(lastWork, done);
+        pumpFor(50);
+        const ULONGLONG before = GetTickCount64();
+        worker.reset();
+        return GetTickCount64() - before < 1000;
+    };
+    EXPECT_TRUE(endsAtOnce(readForEver));
+    EXPECT_TRUE(readingEnded) << "broken off";
+    EXPECT_TRUE(endsAtOnce([never] { WaitForSingleObject(never, INFINITE); })) << "left behind";
+    SetEvent(never);
+    pumpFor(50);
+    EXPECT_EQ(doneOn.size(), 2u) << "nobody waits for it any more";
+    CloseHandle(never);
+    CloseHandle(pipe);
 }
 
 TEST(HelpViewerTest, ShowsTheTopicInAWindowThatIsClosedAtTheEnd) {
