@@ -27,7 +27,7 @@ std::wstring unreadNote(const PlotSettings& settings) {
     return note;
 }
 
-TransferPreviewRow rowOf(const PlanList::Place& place) {
+TransferPreviewRow untouchedRow(const PlanList::Place& place) {
     TransferPreviewRow row;
     row.row = place.row->number;
     row.drawing = place.drawing->shownName;
@@ -37,7 +37,7 @@ TransferPreviewRow rowOf(const PlanList::Place& place) {
 
 TransferPreviewRow sourceRowOf(const PlanList::Place& place, const PlotSettings& settings,
                                const Locale& locale) {
-    TransferPreviewRow row = rowOf(place);
+    TransferPreviewRow row = untouchedRow(place);
     for (std::size_t i = 0; i < shownProperties.size(); ++i)
         row.cells[i] = cellText(*place.row, settings, shownProperties[i], locale);
     row.note = L"Quelle";
@@ -49,7 +49,7 @@ TransferPreviewRow sourceRowOf(const PlanList::Place& place, const PlotSettings&
 TransferPreviewRow targetRowOf(const PlanList::Place& source, const PlotSettings& settings,
                                const PlanList::Place& place, const PlotSettings& present,
                                const Locale& locale) {
-    TransferPreviewRow row = rowOf(place);
+    TransferPreviewRow row = untouchedRow(place);
     const bool sameDrawing = source.drawing == place.drawing;
     const bool possible = sameDrawing || canCross(settings);
     const PlotSettings wanted = possible ? settingsToTake(settings, sameDrawing) : present;

@@ -57,7 +57,7 @@ class FaultSweep : public Operations {
         };
         presenter.inPlanliste = [this](frmPlanliste& list) {
             presenter.dialog.goOn();
-            list.lvPlan.selectAll();
+            markAll(list);
             list.cmdAktualisieren.userClicks();
             presenter.dialog.goOn();
             for (const Shortcut key :
@@ -82,11 +82,6 @@ class FaultSweep : public Operations {
                 dialog.cmdUnten.userClicks();
             }
             dialog.cmdOK.userClicks();
-        };
-        presenter.inPlanEinstellungen = [this](frmPlanEinstellungen& dialog) {
-            presenter.dialog.goOn();
-            dialog.cmdUebertragen.userClicks();
-            presenter.dialog.goOn();
         };
         presenter.inPlanPdf = [this](frmPlanPdf& dialog) {
             dialog.txtOrdner.setText(L"C:\\Vorlagen");
@@ -120,11 +115,10 @@ class FaultSweep : public Operations {
                            presenter.inPlanliste = user;
                        },
                        [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
-        all.push_back({L"order, set up and plot in the plan list",
+        all.push_back({L"order and plot in the plan list",
                        [this](frmMain& form) {
-                           const auto user = std::exchange(presenter.inPlanliste, [this](frmPlanliste& list) {
-                               orderSetUpAndPlot(list);
-                           });
+                           const auto user = std::exchange(
+                               presenter.inPlanliste, [this](frmPlanliste& list) { orderAndPlot(list); });
                            form.item(L"mnuPlanList").click();
                            presenter.inPlanliste = user;
                        },
@@ -138,9 +132,11 @@ class FaultSweep : public Operations {
         return all;
     }
 
+    void markAll(frmPlanliste& list) { presenter.dialog.press({.key = L'A', .control = true}, &list.lvPlan); }
+
     void renameAndTakeBack(frmPlanliste& list) {
         presenter.dialog.goOn();
-        list.lvPlan.selectAll();
+        markAll(list);
         list.cmdUmbenennen.userClicks();
         presenter.dialog.goOn();
         if (list.lblStatus.text() == L"3 Layouts umbenannt.") list.cmdRueckgaengig.userClicks();
@@ -148,10 +144,10 @@ class FaultSweep : public Operations {
         presenter.dialog.close();
     }
 
-    void orderSetUpAndPlot(frmPlanliste& list) {
+    void orderAndPlot(frmPlanliste& list) {
         presenter.dialog.goOn();
-        list.lvPlan.selectAll();
-        for (Button* button : {&list.cmdReihenfolge, &list.cmdEinstellungen, &list.cmdPdf}) {
+        markAll(list);
+        for (Button* button : {&list.cmdReihenfolge, &list.cmdPdf}) {
             button->userClicks();
             presenter.dialog.goOn();
         }
@@ -173,7 +169,12 @@ class FaultSweep : public Operations {
                 world.files.forget(file);
                 world.files.add(file);
             }
+            forgetPlots();
             restart();
+            host().options().writePlot = [this](const std::wstring& file, const std::string& bytes) {
+                world.files.fill(file, {bytes.begin(), bytes.end()});
+                return true;
+            };
             for (const auto& open : host().documents()) open->setModified();
             go(place);
             prepared_ = {place.attached ? place.node : L"", wholeState()};
@@ -189,6 +190,12 @@ class FaultSweep : public Operations {
         form().MnuOptAutoCheck();
         before_ = stored();
         calls.clear();
+    }
+
+    void forgetPlots() {
+        const std::vector<std::wstring> files = world.files.all();
+        for (const std::wstring& file : files)
+            if (file.ends_with(L".pdf")) world.files.forget(file);
     }
 
     bool isAsPrepared(const Place& place) {
