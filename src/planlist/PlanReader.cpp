@@ -26,7 +26,7 @@ void PlanReader::begin() {
 
 bool PlanReader::step() {
     if (state_ != State::reading) return false;
-    LongRead watch(platform_.readings);
+    LongRead watch(platform_.readings, L"Layouts werden gelesen");
     try {
         if (phase_ == Phase::names) {
             readOpenDrawings(watch);

@@ -74,10 +74,10 @@ void frmPlanliste::goOnReading() {
         window().stepLater();
     } else {
         work_ = Work::none;
-        wantedLayout_.clear();
         if (reader_.state() == PlanReader::State::stopped) window().forgetEscape();
     }
     fill();
+    if (work_ == Work::none) wantedDrawing_.clear();
     showState();
 }
 

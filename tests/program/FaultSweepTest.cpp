@@ -57,34 +57,31 @@ class FaultSweep : public Operations {
         };
         presenter.inPlanliste = [this](frmPlanliste& list) {
             presenter.dialog.goOn();
-            markAll(list);
-            list.cmdAktualisieren.userClicks();
-            presenter.dialog.goOn();
-            for (const Shortcut key :
-                 {Shortcut{.key = Shortcut::enter}, Shortcut{.key = L'S', .control = true}})
-                presenter.dialog.press(key, &list.lvPlan);
-            list.cmdCsv.userClicks();
+            std::vector<ListItem*> rows;
+            for (int i = 0; i < list.lvPlan.count(); ++i)
+                if (list.lvPlan.row(i).column(2) == L"Plan.dwg") rows.push_back(&list.lvPlan.row(i));
+            list.lvPlan.userSelects(rows, nullptr);
+            // Who is told that something failed does not go on here.
+            presenter.dialog.press({.key = Shortcut::enter}, &list.lvPlan);
+            if (world.messages.shown.empty())
+                presenter.dialog.press({.key = L'S', .control = true}, &list.lvPlan);
+            if (world.messages.shown.empty()) list.cmdCsv.userClicks();
             presenter.dialog.goOn();
             presenter.dialog.close();
         };
         presenter.inPlanUmbenennen = [](frmPlanUmbenennen& dialog) {
-            // The host takes another case only by way of another name, as in a swap.
-            dialog.txtSuchen.setText(L"blatt");
-            dialog.txtErsetzen.setText(L"BLATT");
+            dialog.txtMuster.setText(L"Blatt <Nr>");
+            dialog.txtStellen.setText(L"1");
             dialog.cmdUmbenennen.userClicks();
-            if (!dialog.cmdUmbenennen.enabled()) dialog.cmdCancel.userClicks();
         };
         presenter.inPlanReihenfolge = [](frmPlanReihenfolge& dialog) {
+            dialog.lvLayouts.userSelects({&dialog.lvLayouts.row(0)}, nullptr);
             dialog.cmdUnten.userClicks();
-            dialog.cmdNamen.userClicks();
-            for (int i = 0; i < dialog.lvLayouts.count() && !dialog.cmdOK.enabled(); ++i) {
-                dialog.lvLayouts.userSelects({&dialog.lvLayouts.row(i)}, nullptr);
-                dialog.cmdUnten.userClicks();
-            }
             dialog.cmdOK.userClicks();
         };
         presenter.inPlanPdf = [this](frmPlanPdf& dialog) {
             dialog.txtOrdner.setText(L"C:\\Vorlagen");
+            dialog.txtOrdner.events.validate();
             if (!dialog.chkAndere.checked()) dialog.chkAndere.userClicks();
             dialog.cmdPlotten.userClicks();
             presenter.dialog.goOn();
@@ -106,22 +103,9 @@ class FaultSweep : public Operations {
                            leaveAndReturn();
                        },
                        always});
-        all.push_back({L"rename in the plan list, and back",
-                       [this](frmMain& form) {
-                           const auto user = std::exchange(presenter.inPlanliste, [this](frmPlanliste& list) {
-                               renameAndTakeBack(list);
-                           });
-                           form.item(L"mnuPlanList").click();
-                           presenter.inPlanliste = user;
-                       },
+        all.push_back({L"swap in the plan list, and back", [this](frmMain&) { swapInPlanList(); },
                        [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
-        all.push_back({L"order and plot in the plan list",
-                       [this](frmMain& form) {
-                           const auto user = std::exchange(
-                               presenter.inPlanliste, [this](frmPlanliste& list) { orderAndPlot(list); });
-                           form.item(L"mnuPlanList").click();
-                           presenter.inPlanliste = user;
-                       },
+        all.push_back({L"order and plot in the plan list", [this](frmMain&) { orderAndPlot(); },
                        [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
         all.push_back({L"start",
                        [this](frmMain&) {
@@ -132,32 +116,45 @@ class FaultSweep : public Operations {
         return all;
     }
 
-    void markAll(frmPlanliste& list) { presenter.dialog.press({.key = L'A', .control = true}, &list.lvPlan); }
+    /// Two layouts of each of two drawings change their names with one another, and back.
+    void swapInPlanList() {
+        const demo::DocumentPtr house = document(L"Haus.dwg");
+        if (!house->findLayout(L"Blatt 2")) house->drawing().addLayout(L"Blatt 2");
+        const auto user = std::exchange(presenter.inPlanliste, [this](frmPlanliste& list) { swap(list); });
+        form().item(L"mnuPlanList").click();
+        presenter.inPlanliste = user;
+    }
 
-    void renameAndTakeBack(frmPlanliste& list) {
+    void swap(frmPlanliste& list) {
         presenter.dialog.goOn();
-        markAll(list);
-        list.cmdUmbenennen.userClicks();
+        list.lvPlan.setSortKey(0);
+        list.lvPlan.setSortOrder(SortOrder::descending);
+        std::vector<ListItem*> rows;
+        for (int i = 0; i < list.lvPlan.count(); ++i)
+            if (list.lvPlan.row(i).text().starts_with(L"Blatt")) rows.push_back(&list.lvPlan.row(i));
+        list.lvPlan.userSelects(rows, nullptr);
+        if (rows.size() == 4) list.cmdUmbenennen.userClicks();
         presenter.dialog.goOn();
-        if (list.lblStatus.text() == L"3 Layouts umbenannt.") list.cmdRueckgaengig.userClicks();
+        if (list.lblStatus.text() == L"4 Layouts umbenannt.") list.cmdRueckgaengig.userClicks();
         presenter.dialog.goOn();
         presenter.dialog.close();
     }
 
-    void orderAndPlot(frmPlanliste& list) {
-        presenter.dialog.goOn();
-        markAll(list);
-        for (Button* button : {&list.cmdReihenfolge, &list.cmdPdf}) {
-            button->userClicks();
+    void orderAndPlot() {
+        const auto user = std::exchange(presenter.inPlanliste, [this](frmPlanliste& list) {
             presenter.dialog.goOn();
-        }
-        while (list.cmdRueckgaengig.enabled()) {
-            const std::size_t before = calls.count();
-            list.cmdRueckgaengig.userClicks();
-            presenter.dialog.goOn();
-            if (calls.count() == before) break;
-        }
-        presenter.dialog.close();
+            std::vector<ListItem*> rows;
+            for (int i = 0; i < list.lvPlan.count(); ++i)
+                if (list.lvPlan.row(i).column(2) == L"Plan.dwg") rows.push_back(&list.lvPlan.row(i));
+            list.lvPlan.userSelects(rows, nullptr);
+            for (Button* button : {&list.cmdReihenfolge, &list.cmdPdf, &list.cmdRueckgaengig}) {
+                if (world.messages.shown.empty()) button->userClicks();
+                presenter.dialog.goOn();
+            }
+            presenter.dialog.close();
+        });
+        form().item(L"mnuPlanList").click();
+        presenter.inPlanliste = user;
     }
 
     // Preparing

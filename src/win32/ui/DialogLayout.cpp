@@ -27,6 +27,12 @@ RECT placeOf(HWND control) {
     return place;
 }
 
+SIZE inPixels(HWND dialog, SIZE units) {
+    RECT rectangle{0, 0, units.cx, units.cy};
+    MapDialogRect(dialog, &rectangle);
+    return {rectangle.right, rectangle.bottom};
+}
+
 SIZE clientOf(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
@@ -35,11 +41,12 @@ SIZE clientOf(HWND window) {
 
 }  // namespace
 
-DialogLayout::DialogLayout(HWND dialog, SIZE smallest)
-    : dialog_(dialog), made_(clientOf(dialog)), madeWith_(windowDpi(dialog)), dpi_(madeWith_) {
-    RECT units{0, 0, smallest.cx, smallest.cy};
-    MapDialogRect(dialog, &units);
-    smallest_ = units.right > 0 ? SIZE{units.right, units.bottom} : made_;
+DialogLayout::DialogLayout(HWND dialog, SIZE made, SIZE smallest)
+    : dialog_(dialog),
+      made_(inPixels(dialog, made)),
+      smallest_(inPixels(dialog, smallest)),
+      madeWith_(windowDpi(dialog)),
+      dpi_(madeWith_) {
     for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
         controls_.push_back({child, placeOf(child), topLeft});
 }

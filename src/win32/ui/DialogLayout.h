@@ -12,9 +12,10 @@ enum class Anchors { topLeft, topRight, bottomLeft, bottomRight, topWide, bottom
 /// Where the controls of a dialog stand when it has another size or resolution than it was made with.
 class DialogLayout {
   public:
-    /// Of a dialog whose controls stand as they were made. It gets no smaller than `smallest`, dialog units
-    /// of its client area; with zeros no smaller than it is.
-    DialogLayout(HWND dialog, SIZE smallest);
+    /// Of a dialog whose controls stand as they were made, for a client area of the size `made`; the dialog
+    /// itself may have been made smaller, as its screen is. It gets no smaller than `smallest`. Both are in
+    /// dialog units.
+    DialogLayout(HWND dialog, SIZE made, SIZE smallest);
 
     void anchor(HWND control, Anchors anchors);
     /// Moves the controls to their places for the dialog's present size.
@@ -35,8 +36,8 @@ class DialogLayout {
     LONG scaled(LONG pixels) const { return MulDiv(static_cast<int>(pixels), dpi_, madeWith_); }
 
     HWND dialog_;
+    SIZE made_;  // pixels, as the next
     SIZE smallest_;
-    SIZE made_{};  // pixels of the client area, as it was made
     int madeWith_;
     int dpi_;
     std::vector<Placed> controls_;

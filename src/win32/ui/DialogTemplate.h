@@ -12,9 +12,13 @@ class DialogTemplate {
   public:
     explicit DialogTemplate(int id);
 
+    /// Of the client area, dialog units.
+    SIZE size() const { return {words_[widthWord], words_[widthWord + 1]}; }
     const DLGTEMPLATE* get() const { return reinterpret_cast<const DLGTEMPLATE*>(words_.data()); }
 
   private:
+    static constexpr std::size_t widthWord = 11;  // of an extended template; the height follows
+
     std::vector<WORD> words_;
 };
 

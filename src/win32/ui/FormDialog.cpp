@@ -35,8 +35,9 @@ FormDialog::~FormDialog() {
 }
 
 void FormDialog::show(HWND owner, int templateId, SIZE smallest) {
-    smallest_ = smallest;
     const DialogTemplate description(templateId);
+    made_ = description.size();
+    smallest_ = smallest.cx > 0 ? smallest : made_;
     const INT_PTR result = DialogBoxIndirectParamW(GetModuleHandleW(nullptr), description.get(), owner,
                                                    procedure, reinterpret_cast<LPARAM>(this));
     if (result == -1) throwSystemError();

@@ -81,6 +81,7 @@ class FormDialog : public DialogWindow {
     Dialog& form_;
     std::vector<BoundControl> controls_;
     EventGate gate_;
+    SIZE made_{};  // dialog units, as the next
     SIZE smallest_{};
     HWND window_ = nullptr;
     Font font_;  // of another resolution than the dialog was made with

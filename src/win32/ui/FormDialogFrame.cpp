@@ -47,8 +47,9 @@ INT_PTR FormDialog::begin() {
     constexpr int disableAll = 1;
     if (setDpiBehavior) setDpiBehavior(window_, disableAll, disableAll);
     makeLists();
-    layout_.emplace(window_, smallest_);
+    layout_.emplace(window_, made_, smallest_);
     for (const BoundControl& bound : controls_) layout_->anchor(item(bound.id), bound.anchors);
+    layout_->place();
     layout_->fitScreen();
     centreOverOwner(window_);
     makeToolTips();

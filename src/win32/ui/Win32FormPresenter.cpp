@@ -73,7 +73,7 @@ void Win32FormPresenter::showModal(frmPlanUmbenennen& form) {
     FormDialog dialog(form,
                       {{IDC_MUSTER, &form.txtMuster, Anchors::topWide},
                        {IDC_SUCHEN, &form.txtSuchen},
-                       {IDC_ERSETZEN, &form.txtErsetzen},
+                       {IDC_ERSETZEN, &form.txtErsetzen, Anchors::topWide},
                        {IDC_AB, &form.txtAb},
                        {IDC_SCHRITT, &form.txtSchritt},
                        {IDC_STELLEN, &form.txtStellen},
@@ -83,7 +83,8 @@ void Win32FormPresenter::showModal(frmPlanUmbenennen& form) {
                        {IDOK, &form.cmdUmbenennen, Anchors::bottomRight},
                        {IDCANCEL, &form.cmdCancel, Anchors::bottomRight}},
                       guard_, gate_);
-    show(dialog, IDD_PLAN_UMBENENNEN);
+    constexpr SIZE smallest{320, 200};
+    show(dialog, IDD_PLAN_UMBENENNEN, smallest);
 }
 
 void Win32FormPresenter::showModal(frmPlanReihenfolge& form) {
