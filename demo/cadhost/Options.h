@@ -29,6 +29,8 @@ enum class Task { run, enter, remove, wait };
 ///     /novba                   without macros
 ///     /macros FILE             the macro project file
 ///     /strict                  refuses extended data of applications that are not registered
+///     /pagesetup               a layout that is shown for the first time asks for its page setup
+///     /plottime MS             how long a plot takes
 ///     /startup MS              how long starting takes
 ///     /silent                  dialogs are answered by commands only
 ///     /do COMMAND              a command (HostControl) carried out at the start, as often as given

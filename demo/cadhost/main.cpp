@@ -104,6 +104,7 @@ void serve(const Options& options) {
         if (host->ended()) PostQuitMessage(0);
         screen.update();
         screen.updateContent();
+        host->finishPlots();
         screen.showDialog();
     });
     host->quit();

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -15,6 +16,16 @@ enum class TabNumbers {
     shift,   ///< the layout moves to that place and the others make room
     store,   ///< kept as it is, even where another has it
     refuse,  ///< kept, unless another has it
+};
+
+/// What comes of plotting to a file. A file that exists already is never replaced.
+enum class Plots {
+    asAsked,
+    notAtAll,     ///< the client is told that it failed
+    nothing,      ///< the client is told that all went well
+    cutOff,       ///< the file ends in the midst of the page
+    asOtherKind,  ///< the file is none of the kind that its name says
+    late,         ///< the file is written later, as when plotting in the background
 };
 
 /// What the host keeps in the registry for its next session.
@@ -55,6 +66,11 @@ struct HostOptions {
     std::vector<std::wstring> plotDevices = {L"DWG To PDF.pc3"};
     /// The same for all instances that are made with these options.
     std::shared_ptr<Profile> profile = std::make_shared<Profile>();
+    Plots plots = Plots::asAsked;
+    /// How long a plot takes.
+    std::chrono::milliseconds plotTime{0};
+    /// Writes a plotted file; false where that fails. Without it the file is written to the disk.
+    std::function<bool(const std::wstring& path, const std::string& bytes)> writePlot{};
     /// How long it takes to ask the plot devices.
     std::chrono::milliseconds plotDeviceDelay{0};
 };

@@ -44,7 +44,7 @@ void OpenDocument::show(Layout& layout) {
     const bool asks = host_.options().profile->showsPageSetup && !layout.isModel() && !layout.sheetViewport();
     drawing_->setCurrentLayout(layout);
     shownAnew_ = true;
-    if (asks) host_.showDialog({DialogKind::pageSetup, L"Seiteneinrichtung", layout.name(), [](auto) {}});
+    if (asks) host_.showDialog({DialogKind::message, L"Seiteneinrichtung", layout.name(), [](auto) {}});
 }
 
 std::int16_t OpenDocument::changes() const {

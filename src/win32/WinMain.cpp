@@ -43,7 +43,7 @@ class Application {
                                  .takeInput =
                                      [this](MSG& message) {
                                          readings_.noteInput(message);
-                                         return notice_.takeInput(message);
+                                         return presenter_.takeInput(message) || notice_.takeInput(message);
                                      }});
     }
 

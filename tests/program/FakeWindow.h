@@ -4,7 +4,10 @@
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmKopieren.h"
 #include "dialogs/frmUmbenennen.h"
+#include "planlist/frmPlanEinstellungen.h"
 #include "planlist/frmPlanliste.h"
+#include "planlist/frmPlanPdf.h"
+#include "planlist/frmPlanReihenfolge.h"
 #include "planlist/frmPlanUmbenennen.h"
 #include "shell/FormPresenter.h"
 #include "shell/frmMain.h"
@@ -94,6 +97,9 @@ class FakePresenter : public FormPresenter {
     std::function<void(frmInfo&)> inInfo;
     std::function<void(frmPlanliste&)> inPlanliste;
     std::function<void(frmPlanUmbenennen&)> inPlanUmbenennen;
+    std::function<void(frmPlanReihenfolge&)> inPlanReihenfolge;
+    std::function<void(frmPlanEinstellungen&)> inPlanEinstellungen;
+    std::function<void(frmPlanPdf&)> inPlanPdf;
 
     FormWindow& createMainWindow(frmMain& form) override {
         form.tbToolBar.setHeight(toolBarHeight);
@@ -108,6 +114,9 @@ class FakePresenter : public FormPresenter {
     void showModal(frmInfo& form) override { show(form, inInfo); }
     void showModal(frmPlanliste& form) override { show(form, inPlanliste); }
     void showModal(frmPlanUmbenennen& form) override { show(form, inPlanUmbenennen); }
+    void showModal(frmPlanReihenfolge& form) override { show(form, inPlanReihenfolge); }
+    void showModal(frmPlanEinstellungen& form) override { show(form, inPlanEinstellungen); }
+    void showModal(frmPlanPdf& form) override { show(form, inPlanPdf); }
     void closeDialogs() override { dialog.close(); }
 
   private:

@@ -74,6 +74,18 @@ class FaultSweep : public Operations {
             dialog.txtStellen.setText(L"1");
             dialog.cmdUmbenennen.userClicks();
         };
+        presenter.inPlanReihenfolge = [](frmPlanReihenfolge& dialog) {
+            dialog.lvLayouts.userSelects({&dialog.lvLayouts.row(0)}, nullptr);
+            dialog.cmdUnten.userClicks();
+            dialog.cmdOK.userClicks();
+        };
+        presenter.inPlanPdf = [this](frmPlanPdf& dialog) {
+            dialog.txtOrdner.setText(L"C:\\Vorlagen");
+            dialog.txtOrdner.events.validate();
+            if (!dialog.chkAndere.checked()) dialog.chkAndere.userClicks();
+            dialog.cmdPlotten.userClicks();
+            presenter.dialog.goOn();
+        };
         presenter.inInfo = [](frmInfo& dialog) {
             dialog.cmdSysInfo.userClicks();
             dialog.cmdOK.userClicks();
@@ -95,6 +107,8 @@ class FaultSweep : public Operations {
                        },
                        always});
         all.push_back({L"swap in the plan list, and back", [this](frmMain&) { swapInPlanList(); },
+                       [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
+        all.push_back({L"order and plot in the plan list", [this](frmMain&) { orderAndPlot(); },
                        [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
         all.push_back({L"start",
                        [this](frmMain&) {
@@ -129,6 +143,23 @@ class FaultSweep : public Operations {
         presenter.dialog.close();
     }
 
+    void orderAndPlot() {
+        const auto user = std::exchange(presenter.inPlanliste, [this](frmPlanliste& list) {
+            presenter.dialog.goOn();
+            std::vector<ListItem*> rows;
+            for (int i = 0; i < list.lvPlan.count(); ++i)
+                if (list.lvPlan.row(i).column(2) == L"Plan.dwg") rows.push_back(&list.lvPlan.row(i));
+            list.lvPlan.userSelects(rows, nullptr);
+            for (Button* button : {&list.cmdReihenfolge, &list.cmdPdf, &list.cmdRueckgaengig}) {
+                if (world.messages.shown.empty()) button->userClicks();
+                presenter.dialog.goOn();
+            }
+            presenter.dialog.close();
+        });
+        form().item(L"mnuPlanList").click();
+        presenter.inPlanliste = user;
+    }
+
     // Preparing
 
     void prepare(const Place& place) {
@@ -138,7 +169,12 @@ class FaultSweep : public Operations {
                 world.files.forget(file);
                 world.files.add(file);
             }
+            forgetPlots();
             restart();
+            host().options().writePlot = [this](const std::wstring& file, const std::string& bytes) {
+                world.files.fill(file, {bytes.begin(), bytes.end()});
+                return true;
+            };
             for (const auto& open : host().documents()) open->setModified();
             go(place);
             prepared_ = {place.attached ? place.node : L"", wholeState()};
@@ -154,6 +190,12 @@ class FaultSweep : public Operations {
         form().MnuOptAutoCheck();
         before_ = stored();
         calls.clear();
+    }
+
+    void forgetPlots() {
+        const std::vector<std::wstring> files = world.files.all();
+        for (const std::wstring& file : files)
+            if (file.ends_with(L".pdf")) world.files.forget(file);
     }
 
     bool isAsPrepared(const Place& place) {
@@ -320,6 +362,7 @@ class FaultSweep : public Operations {
         EXPECT_EQ(tree().find(L"D0"), nullptr);
         if (!fault.hostGone && !fault.second) {
             EXPECT_EQ(host().filedia(), 1);
+            EXPECT_EQ(host().options().profile->backgroundPlot, 2);
         }
     }
 

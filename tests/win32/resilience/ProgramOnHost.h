@@ -44,6 +44,8 @@ class HostProgram {
     std::wstring typed() { return told(L"typed"); }
     /// Its drawings and layouts, "*" where active, a line each, sorted.
     std::wstring drawings();
+    /// BACKGROUNDPLOT and whether it asks for the page setup of new layouts, a line each.
+    std::wstring profile();
 
     static constexpr const wchar_t* name = L"AutoCAD.Application.18";
     static constexpr const wchar_t* window = L"CadHostWindow";
@@ -103,6 +105,8 @@ class ProgramOnHost {
     std::unique_ptr<basMain> main;
 
     std::vector<BusyMoment> busy;
+    /// What the user does while a call waits.
+    std::function<void(std::int32_t milliseconds)> whileBusy;
     bool impatient = true;  ///< he presses a key whenever the program waits
     int asked = 0;          ///< how often the user was asked whether to give up
     bool givesUp = false;   ///< his answer
