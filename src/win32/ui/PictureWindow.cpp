@@ -12,7 +12,7 @@ namespace blattwart {
 namespace {
 
 // Pixels at 96 dpi.
-constexpr int margin = 8;
+constexpr int pictureMargin = 8;
 constexpr int smallestRoom = 32;
 constexpr UINT_PTR paintSubclass = 1;
 
@@ -34,7 +34,7 @@ PictureWindow::~PictureWindow() {
 
 void PictureWindow::show(const RECT& room, int dpi) {
     takePicture();
-    const int gap = MulDiv(margin, dpi, USER_DEFAULT_SCREEN_DPI);
+    const int gap = MulDiv(pictureMargin, dpi, USER_DEFAULT_SCREEN_DPI);
     const RECT inner{room.left + gap, room.top + gap, room.right - gap, room.bottom - gap};
     const LONG least = MulDiv(smallestRoom, dpi, USER_DEFAULT_SCREEN_DPI);
     const bool fits = inner.right - inner.left >= least && inner.bottom - inner.top >= least;
