@@ -116,8 +116,31 @@ take_plan_pictures() {
     take_dialog_picture planliste-umbenennen
     keys Escape
     until_true 20 is_open "$list"
+    take_plan_dialogs "$list"
     keys Escape
     settle "$window"
+}
+
+# The dialogs of the plan list, whose window this is: tabs moved, a page setup about to be carried over, PDF
+# files about to be made.
+take_plan_dialogs() {
+    local list=$1
+    keys Home Down shift+Down alt+Up
+    until_true 20 another_is_open "$list"
+    take_dialog_picture planliste-reihenfolge
+    keys Escape
+    until_true 20 is_open "$list"
+    keys Home shift+Down shift+Down alt+s
+    until_true 20 another_is_open "$list"
+    xdotool windowsize --sync "$(xdotool getactivewindow)" 1000 300
+    take_dialog_picture planliste-seiteneinrichtung
+    keys Escape
+    until_true 20 is_open "$list"
+    keys ctrl+a ctrl+p
+    until_true 20 another_is_open "$list"
+    take_dialog_picture planliste-pdf
+    keys Escape
+    until_true 20 is_open "$list"
 }
 
 # The host ends, and the program asks for it; "Nein" ends the program too.

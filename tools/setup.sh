@@ -9,7 +9,7 @@ build_packages=(
     libgtest-dev googletest libbenchmark-dev
     wine wine64 xvfb openbox xdotool x11-utils
     librsvg2-bin imagemagick icoutils fp-utils libchm-bin
-    unixodbc unixodbc-dev odbc-mdbtools libsqliteodbc sqlite3 python3 python3-ezdxf
+    poppler-utils unixodbc unixodbc-dev odbc-mdbtools libsqliteodbc sqlite3 python3 python3-ezdxf
     wixl msitools zip
     clang-format git locales ca-certificates
 )

@@ -63,6 +63,8 @@ bool HostControl::obeyUser(const std::wstring& verb, const std::wstring& argumen
         writeTyped(argument);
     } else if (verb == L"drawings") {
         writeDrawings(argument);
+    } else if (verb == L"profile") {
+        writeProfile(argument);
     } else if (verb == L"quit") {
         host_.quit();
     } else {
@@ -111,6 +113,12 @@ void HostControl::writeTyped(const std::wstring& file) const {
         target << utf8(typed.document) << '\t' << typed.filedia << '\t' << utf8(onOneLine(typed.text))
                << '\n';
     }
+}
+
+void HostControl::writeProfile(const std::wstring& file) const {
+    const Profile& profile = *host_.options().profile;
+    std::ofstream(std::filesystem::path(file)) << profile.backgroundPlot << '\n'
+                                               << profile.showsPageSetup << '\n';
 }
 
 void HostControl::writeDrawings(const std::wstring& file) const {

@@ -15,6 +15,7 @@ namespace demo {
 /// - `ok`, `cancel`, `answer TEXT`: answers the open dialog
 /// - `typed FILE`: writes what clients typed: document, FILEDIA and text, a line each
 /// - `drawings FILE`: writes what is open: document and layout, with "*" where active, a line for each sheet
+/// - `profile FILE`: writes BACKGROUNDPLOT and whether new layouts ask for their page setup, a line each
 /// - `quit`: ends the host
 ///
 /// and the commands of the server's Behaviour.
@@ -31,6 +32,7 @@ class HostControl {
     bool answerDialog(const std::wstring& verb, const std::wstring& answer);
     void add(const std::wstring& description);
     void writeTyped(const std::wstring& file) const;
+    void writeProfile(const std::wstring& file) const;
     void writeDrawings(const std::wstring& file) const;
 
     Host& host_;

@@ -53,6 +53,7 @@ class Reader {
         {L"wait", [this] { options_.task = Task::wait; }},
         {L"Automation", [this] { options_.automation = true; }},
         {L"Embedding", [this] { options_.automation = true; }},
+        {L"release", [this] { options_.host = ofRelease(argument(), options_.host); }},
         {L"wide", [this] { options_.host.wideIds = true; }},
         {L"noshortids", [this] { options_.host.shortIds = false; }},
         {L"english", [this] { options_.host.language = Language::english; }},
@@ -62,6 +63,13 @@ class Reader {
         {L"novba", [this] { options_.host.vbaInstalled = false; }},
         {L"macros", [this] { options_.host.macroFile = argument(); }},
         {L"strict", [this] { options_.host.strictXData = true; }},
+        {L"pagesetup", [this] { options_.host.profile->showsPageSetup = true; }},
+        {L"plottime",
+         [this] {
+             std::int32_t milliseconds = 0;
+             std::wistringstream(argument()) >> milliseconds;
+             options_.host.plotTime = std::chrono::milliseconds(milliseconds);
+         }},
         {L"startup", [this] { std::wistringstream(argument()) >> options_.startupTime; }},
         {L"silent", [this] { options_.silent = true; }},
         {L"do", [this] { options_.commands.push_back(argument()); }},

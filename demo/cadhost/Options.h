@@ -19,6 +19,7 @@ enum class Task { run, enter, remove, wait };
 ///     /register, /unregister   enters the program in the registry, with the other options given; removes it
 ///     /wait                    ends when clients find a running host, or with 1 after half a minute
 ///     /Automation, -Embedding  started for a client: invisible
+///     /release NN.M            behaves and is entered as that release (before what changes single options)
 ///     /wide                    a 64-bit host
 ///     /noshortids              without 32-bit ids beside the wide ones
 ///     /english                 an English host
@@ -28,6 +29,8 @@ enum class Task { run, enter, remove, wait };
 ///     /novba                   without macros
 ///     /macros FILE             the macro project file
 ///     /strict                  refuses extended data of applications that are not registered
+///     /pagesetup               a layout that is shown for the first time asks for its page setup
+///     /plottime MS             how long a plot takes
 ///     /startup MS              how long starting takes
 ///     /silent                  dialogs are answered by commands only
 ///     /do COMMAND              a command (HostControl) carried out at the start, as often as given

@@ -18,9 +18,19 @@ void visitFields(Settings& settings, Visitor visit) {
     visit(7, settings.styleSheet);
     visit(44, settings.paperWidth);
     visit(45, settings.paperHeight);
+    visit(46, settings.offsetX);
+    visit(47, settings.offsetY);
+    visit(48, settings.windowLeft);
+    visit(49, settings.windowBottom);
+    visit(140, settings.windowRight);
+    visit(141, settings.windowTop);
+    visit(142, settings.scalePaper);
+    visit(143, settings.scaleDrawing);
+    visit(70, settings.flags);
     visit(72, settings.units);
     visit(73, settings.rotation);
     visit(74, settings.plotType);
+    visit(75, settings.standardScale);
 }
 
 struct FieldReader {

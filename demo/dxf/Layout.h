@@ -20,6 +20,19 @@ struct Block : Object {
     bool isLayout() const;
 };
 
+/// Bits of PlotSettings::flags.
+namespace plotFlag {
+inline constexpr std::int32_t viewportBorders = 1;
+inline constexpr std::int32_t showStyles = 2;
+inline constexpr std::int32_t centred = 4;
+inline constexpr std::int32_t hidden = 8;
+inline constexpr std::int32_t standardScale = 16;
+inline constexpr std::int32_t withStyles = 32;
+inline constexpr std::int32_t scaleLineweights = 64;
+inline constexpr std::int32_t lineweights = 128;
+inline constexpr std::int32_t viewportsFirst = 512;
+}  // namespace plotFlag
+
 /// Plot settings of a layout as the file holds them.
 struct PlotSettings {
     std::wstring pageSetup;
@@ -32,6 +45,17 @@ struct PlotSettings {
     std::int32_t units = 0;     ///< 0 inches, 1 millimetres, 2 pixels
     std::int32_t rotation = 0;  ///< 0 to 3: quarter turns anticlockwise
     std::int32_t plotType = 0;  ///< 0 display, 1 extents, 2 limits, 3 view, 4 window, 5 layout
+    /// Lower left and upper right corner, for plot type 4.
+    double windowLeft = 0;
+    double windowBottom = 0;
+    double windowRight = 0;
+    double windowTop = 0;
+    double offsetX = 0;              ///< millimetres from the corner of the margins
+    double offsetY = 0;              ///< millimetres
+    double scalePaper = 0;           ///< paper units that stand for `scaleDrawing` units of the drawing
+    double scaleDrawing = 0;         ///< 0 in files that do not say
+    std::int32_t standardScale = 0;  ///< 0 fits the paper, 16 is 1:1
+    std::int32_t flags = 0;          ///< see plotFlag
 
     friend bool operator==(const PlotSettings&, const PlotSettings&) = default;
 };

@@ -41,7 +41,10 @@ std::unique_ptr<Layout> newLayout(Block& block) {
                          {70, "688"},
                          {72, "1"},
                          {73, "0"},
-                         {74, "5"}};
+                         {74, "5"},
+                         {75, "16"},
+                         {142, "1"},
+                         {143, "1"}};
     const Groups sheet = {{70, "1"}, {10, "0"}, {20, "0"}, {11, "210"}, {21, "297"}};
     return std::make_unique<Layout>(Object("LAYOUT", plot), sheet, L"", block);
 }

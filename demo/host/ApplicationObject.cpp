@@ -110,7 +110,12 @@ Value ApplicationObject::quit(Arguments) {
 }
 
 std::vector<MemberSlot<PreferencesObject>> PreferencesObject::members() {
-    return {property(0x01, L"Files", &PreferencesObject::files)};
+    return {property(0x01, L"Files", &PreferencesObject::files),
+            property(0x02, L"Display", &PreferencesObject::display)};
+}
+
+Value PreferencesObject::display() {
+    return make<PreferencesDisplayObject>();
 }
 
 Value PreferencesObject::files() {
@@ -128,6 +133,19 @@ Value PreferencesFilesObject::templateFolder() {
 
 void PreferencesFilesObject::putTemplateFolder(const Value& value) {
     host().options().templateFolder = textOf(value);
+}
+
+std::vector<MemberSlot<PreferencesDisplayObject>> PreferencesDisplayObject::members() {
+    using Self = PreferencesDisplayObject;
+    return {property(0x60020038, L"LayoutShowPlotSetup", &Self::showsPageSetup, &Self::putShowsPageSetup)};
+}
+
+Value PreferencesDisplayObject::showsPageSetup() {
+    return options().profile->showsPageSetup;
+}
+
+void PreferencesDisplayObject::putShowsPageSetup(const Value& value) {
+    options().profile->showsPageSetup = boolOf(value);
 }
 
 }  // namespace demo

@@ -41,6 +41,7 @@ class PreferencesObject final : public HostClass<PreferencesObject> {
 
   private:
     blattwart::Value files();
+    blattwart::Value display();
 };
 
 class PreferencesFilesObject final : public HostClass<PreferencesFilesObject> {
@@ -51,6 +52,16 @@ class PreferencesFilesObject final : public HostClass<PreferencesFilesObject> {
   private:
     blattwart::Value templateFolder();
     void putTemplateFolder(const blattwart::Value& value);
+};
+
+class PreferencesDisplayObject final : public HostClass<PreferencesDisplayObject> {
+  public:
+    using HostClass::HostClass;
+    static std::vector<MemberSlot<PreferencesDisplayObject>> members();
+
+  private:
+    blattwart::Value showsPageSetup();
+    void putShowsPageSetup(const blattwart::Value& value);
 };
 
 }  // namespace demo

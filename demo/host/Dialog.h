@@ -6,7 +6,7 @@
 
 namespace demo {
 
-enum class DialogKind { openFile, saveFile, chooseLayouts, saveChanges };
+enum class DialogKind { openFile, saveFile, chooseLayouts, saveChanges, message };
 
 /// A modal dialog of the host, which is busy as long as it is shown.
 struct Dialog {

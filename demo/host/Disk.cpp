@@ -85,6 +85,15 @@ void Disk::save(const Drawing& drawing, const std::wstring& path) const {
     if (real.empty() || !stream) throwFileError(L"Die Datei kann nicht geschrieben werden: ", path);
 }
 
+bool Disk::writeNew(const std::wstring& path, const std::string& bytes) const {
+    const fs::path real = realPath(path);
+    if (real.empty() || exists(path)) return false;
+    std::ofstream stream(real, std::ios::binary);
+    stream << bytes;
+    stream.close();
+    return static_cast<bool>(stream);
+}
+
 std::wstring folderOf(const std::wstring& path) {
     const std::size_t end = path.find_last_of(L"\\/");
     return end == std::wstring::npos ? L"" : path.substr(0, end);

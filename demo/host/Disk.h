@@ -27,6 +27,9 @@ class Disk {
     /// Replaces an existing file. The folder must be there.
     void save(const Drawing& drawing, const std::wstring& path) const;
 
+    /// Writes a file that does not exist yet. Returns whether it did.
+    bool writeNew(const std::wstring& path, const std::string& bytes) const;
+
   private:
     std::filesystem::path root_;
 };

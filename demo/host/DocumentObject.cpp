@@ -3,6 +3,7 @@
 #include "demo/host/BlockObject.h"
 #include "demo/host/DrawingParts.h"
 #include "demo/host/LayoutObject.h"
+#include "demo/host/PlotObject.h"
 #include "demo/host/RegisteredApplicationsObject.h"
 #include "demo/host/Variables.h"
 
@@ -17,6 +18,7 @@ std::vector<MemberSlot<DocumentObject>> DocumentObject::members() {
         property(0x01, L"ActiveLayout", &Self::activeLayout, &Self::putActiveLayout),
         property(0x02, L"ActiveSpace", &Self::activeSpace, &Self::putActiveSpace),
         property(0x12, L"Layouts", &Self::layouts),
+        property(0x25, L"Plot", &Self::plot),
         property(0x19, L"RegisteredApplications", &Self::registeredApplications),
         method(0x2D, L"GetVariable", &Self::getVariable, 1),
         method(0x2E, L"SetVariable", &Self::setVariable, 2),
@@ -129,6 +131,10 @@ void DocumentObject::putActiveLayout(const Value& value) {
 
 Value DocumentObject::layouts() {
     return make<LayoutsObject>();
+}
+
+Value DocumentObject::plot() {
+    return make<PlotObject>();
 }
 
 Value DocumentObject::registeredApplications() {

@@ -34,6 +34,7 @@ class DocumentObject final : public HostClass<DocumentObject> {
     blattwart::Value activeLayout();
     void putActiveLayout(const blattwart::Value& value);
     blattwart::Value layouts();
+    blattwart::Value plot();
     blattwart::Value registeredApplications();
     blattwart::Value handleToObject(Arguments arguments);
     blattwart::Value objectIdToObject(Arguments arguments);

@@ -81,6 +81,14 @@ class Host : public std::enable_shared_from_this<Host> {
 
     Macros& macros() { return macros_; }
 
+    // Plotting
+
+    /// Plots what the active document shows to a file, by the device. Returns whether the client is told that
+    /// it succeeded.
+    bool plot(const std::wstring& file, const std::wstring& device);
+    /// Writes the files of the plots that go on behind the client's back.
+    void finishPlots();
+
     // Window
 
     bool visible() const { return visible_; }
@@ -98,6 +106,7 @@ class Host : public std::enable_shared_from_this<Host> {
   private:
     DocumentPtr add(Drawing drawing, const std::wstring& folder, const std::wstring& name);
     void endDialog(std::optional<std::wstring> answer);
+    bool writePlot(const std::wstring& file, const std::string& bytes) const;
 
     HostOptions options_;
     Disk disk_;
@@ -107,6 +116,7 @@ class Host : public std::enable_shared_from_this<Host> {
     std::vector<TypedText> typedTexts_;
     std::optional<Dialog> dialog_;
     Macros macros_;
+    std::vector<std::pair<std::wstring, std::string>> unfinishedPlots_;
     std::int64_t window_ = 0x10A0C;
     std::int32_t documentNumber_ = 0;
     std::int32_t newDrawings_ = 0;

@@ -2,6 +2,8 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -16,8 +18,26 @@ enum class TabNumbers {
     refuse,  ///< kept, unless another has it
 };
 
+/// What comes of plotting to a file. A file that exists already is never replaced.
+enum class Plots {
+    asAsked,
+    notAtAll,     ///< the client is told that it failed
+    nothing,      ///< the client is told that all went well
+    cutOff,       ///< the file ends in the midst of the page
+    asOtherKind,  ///< the file is none of the kind that its name says
+    late,         ///< the file is written later, as when plotting in the background
+};
+
+/// What the host keeps in the registry for its next session.
+struct Profile {
+    std::int16_t backgroundPlot = 2;  ///< the system variable: 1 and 3 plot behind the client's back
+    bool showsPageSetup = false;      ///< a layout that is shown for the first time asks for its page setup
+};
+
 /// What one installation of the host is like. The defaults are a German 32-bit host with VBA.
 struct HostOptions {
+    /// By whose names clients find it: "18" for the family, or a release ("24.3").
+    std::wstring release = L"18";
     /// A 64-bit host: object ids and window handles are 64 bits wide.
     bool wideIds = false;
     /// A 64-bit host offers 32-bit ids beside them; newer ones do not.
@@ -31,6 +51,8 @@ struct HostOptions {
     /// What the layout of model space is called.
     std::wstring modelName = L"Model";
     bool vbaInstalled = true;
+    /// Comes up with a start tab and no drawing.
+    bool startTab = false;
     /// The macro project file that can be loaded; "" takes any file of the project's name.
     std::wstring macroFile{};
     /// Extended data of an application that is not registered is refused; otherwise it is registered.
@@ -42,8 +64,22 @@ struct HostOptions {
     bool caseIsTaken = false;
     /// The plot devices that are installed.
     std::vector<std::wstring> plotDevices = {L"DWG To PDF.pc3"};
+    /// The same for all instances that are made with these options.
+    std::shared_ptr<Profile> profile = std::make_shared<Profile>();
+    Plots plots = Plots::asAsked;
+    /// How long a plot takes.
+    std::chrono::milliseconds plotTime{0};
+    /// Writes a plotted file; false where that fails. Without it the file is written to the disk.
+    std::function<bool(const std::wstring& path, const std::string& bytes)> writePlot{};
     /// How long it takes to ask the plot devices.
     std::chrono::milliseconds plotDeviceDelay{0};
 };
+
+/// The options of a release ("24.3") as it is delivered; those of "18" are the defaults. What does not depend
+/// on the release is as in `base`.
+HostOptions ofRelease(const std::wstring& release, HostOptions base = {});
+
+/// The program names under which a host of the release is registered, the most particular first.
+std::vector<std::wstring> programNames(const std::wstring& release);
 
 }  // namespace demo

@@ -41,8 +41,10 @@ void OpenDocument::saveAs(const std::wstring& path) {
 }
 
 void OpenDocument::show(Layout& layout) {
+    const bool asks = host_.options().profile->showsPageSetup && !layout.isModel() && !layout.sheetViewport();
     drawing_->setCurrentLayout(layout);
     shownAnew_ = true;
+    if (asks) host_.showDialog({DialogKind::message, L"Seiteneinrichtung", layout.name(), [](auto) {}});
 }
 
 std::int16_t OpenDocument::changes() const {

@@ -58,6 +58,9 @@ class OpenDocument : public std::enable_shared_from_this<OpenDocument> {
     /// All layouts in the order of their names, in which collections give them.
     std::vector<Layout*> layoutsByName() const;
 
+    /// Whether what goes wrong in plotting is noted in a log instead of shown in a message box.
+    bool quietPlotErrors = false;
+
     CommandLine& commandLine() { return commandLine_; }
 
     /// Running number of an object for making ids of it; the same as long as the document is open.

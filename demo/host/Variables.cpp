@@ -31,6 +31,10 @@ void setFiledia(Host& host, OpenDocument&, const Value& value) {
     host.setFiledia(shortOf(host, value, 1));
 }
 
+void setBackgroundPlot(Host& host, OpenDocument&, const Value& value) {
+    host.options().profile->backgroundPlot = shortOf(host, value, 3);
+}
+
 void setTilemode(Host& host, OpenDocument& document, const Value& value) {
     Drawing& drawing = document.drawing();
     Layout* layout = shortOf(host, value, 1) == 1 ? &drawing.modelLayout() : drawing.activePaperLayout();
@@ -52,6 +56,9 @@ struct Variable {
 };
 
 constexpr std::array variables{
+    Variable{L"BACKGROUNDPLOT",
+             [](Host& h, OpenDocument&) { return Value(h.options().profile->backgroundPlot); },
+             setBackgroundPlot},
     Variable{L"CMDACTIVE", [](Host&, OpenDocument& d) { return Value(d.commandLine().activity()); }, nullptr},
     Variable{L"CMDNAMES", [](Host&, OpenDocument& d) { return Value(d.commandLine().commandName()); },
              nullptr},

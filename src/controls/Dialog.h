@@ -49,6 +49,11 @@ class Dialog {
     virtual Control* firstField() { return nullptr; }
     /// The label that says what the program waits for meanwhile, in place of its own text; or null.
     virtual Label* workLabel() { return nullptr; }
+    /// The button that ends work of the form's which goes on in the host; null for none. It is clicked, or
+    /// Esc pressed, while a call waits.
+    virtual const Button* interruptButton() const { return nullptr; }
+    /// The user has done so. Must not call the host.
+    virtual void interrupt() {}
     /// The window stands and will be shown.
     virtual void opened() {}
     /// The window is about to close, because the form wants it or because the program ends. Calls to the

@@ -16,6 +16,10 @@ inline constexpr std::wstring_view information = L"Tarvix_30";
 inline constexpr std::wstring_view search = L"Tarvix_32";
 inline constexpr std::wstring_view planList = L"Tarvix_38";
 inline constexpr std::wstring_view renameByPattern = L"Tarvix_39";
+inline constexpr std::wstring_view orderLayouts = L"Tarvix_40";
+inline constexpr std::wstring_view carryPageSetup = L"Tarvix_41";
+inline constexpr std::wstring_view makePdf = L"Tarvix_42";
+inline constexpr std::wstring_view withoutTarvix = L"Tarvix_44";
 }  // namespace helpTopic
 
 /// The help file.

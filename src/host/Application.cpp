@@ -26,6 +26,10 @@ WindowHandle Application::HWND() const {
     return static_cast<WindowHandle>(static_cast<std::int64_t>(hostNumber(handle)));
 }
 
+std::wstring Application::Version() const {
+    return getText({application, L"Version"});
+}
+
 void Application::RunMacro(const std::wstring& macro) const {
     object().call({application, L"RunMacro"}, {Value(macro)});
 }
@@ -40,6 +44,19 @@ std::wstring Application::templateFolder() const {
     std::wstring folder = hostText(files->get({L"PreferencesFiles", L"TemplateDwgPath"}));
     if (folder.ends_with(L'\\')) folder.pop_back();
     return folder;
+}
+
+ObjectPtr Application::displayPreferences() const {
+    const ObjectPtr preferences = toObject(object().get({application, L"Preferences"}));
+    return toObject(preferences->get({L"Preferences", L"Display"}));
+}
+
+bool Application::showsPageSetup() const {
+    return hostNumber(displayPreferences()->get({L"PreferencesDisplay", L"LayoutShowPlotSetup"})) != 0;
+}
+
+void Application::putShowsPageSetup(bool shows) const {
+    displayPreferences()->put({L"PreferencesDisplay", L"LayoutShowPlotSetup"}, shows);
 }
 
 }  // namespace blattwart::host

@@ -33,6 +33,10 @@ host::Layouts Document::Layouts() const {
     return getObject<host::Layouts>({document, L"Layouts"});
 }
 
+host::Plot Document::Plot() const {
+    return getObject<host::Plot>({document, L"Plot"});
+}
+
 Layout Document::ActiveLayout() const {
     return getObject<Layout>({document, L"ActiveLayout"});
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/Layout.h"
+#include "host/Plot.h"
 
 namespace blattwart::host {
 
@@ -25,6 +26,7 @@ class Document : public HostObject {
     /// From the full name; three round trips for a drawing never saved, which has none.
     DrawingFile file() const;
     host::Layouts Layouts() const;
+    host::Plot Plot() const;
     Layout ActiveLayout() const;
     void putActiveLayout(const Layout& layout) const;
     void putActiveSpace(Space space) const;

@@ -2,13 +2,9 @@
 
 namespace blattwart::host {
 
-namespace {
-
-[[noreturn]] void throwTypeMismatch() {
+void throwTypeMismatch() {
     throw RuntimeError(errorNumber::typeMismatch, L"AutoCAD hat einen Wert von unerwartetem Typ geliefert.");
 }
-
-}  // namespace
 
 std::wstring hostText(const Value& value) {
     if (const auto* text = value.as<std::wstring>()) return *text;

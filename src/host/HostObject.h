@@ -73,6 +73,7 @@ class HostObject {
 };
 
 /// Numbers and texts as the host gives them. Throws type mismatch for anything else.
+[[noreturn]] void throwTypeMismatch();
 std::wstring hostText(const Value& value);
 double hostNumber(const Value& value);
 

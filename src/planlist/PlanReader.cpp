@@ -154,11 +154,24 @@ std::optional<PlanRow> PlanReader::readRow(PlanDrawing& drawing, const host::Lay
     readFact(row.device, [&] { return layout.ConfigName(); });
     readFact(row.canonicalPaper, [&] { return layout.CanonicalMediaName(); });
     readFact(row.styleSheet, [&] { return layout.StyleSheet(); });
+    nameKnownPaper(row);
+    row.layout = layout;
+    return row;
+}
+
+void PlanReader::nameKnownPaper(PlanRow& row) const {
     row.paper = row.canonicalPaper.value_or(L"");
     const auto known = papers_.find({row.device.value_or(L""), row.paper});
     if (known != papers_.end() && !known->second.empty()) row.paper = known->second;
-    row.layout = layout;
-    return row;
+}
+
+void PlanReader::takePlotFacts(PlanRow& row, const PlotSettings& settings) {
+    row.device = settings.device;
+    row.canonicalPaper = settings.paper;
+    row.styleSheet = settings.styleSheet;
+    nameKnownPaper(row);
+    papersWaiting_.clear();
+    findPapers();
 }
 
 void PlanReader::readState(PlanDrawing& drawing) {

@@ -7,6 +7,7 @@
 
 #include "autocad/basAutoCAD.h"
 #include "planlist/PlanList.h"
+#include "planlist/PlotSettings.h"
 
 namespace blattwart {
 
@@ -55,6 +56,9 @@ class PlanReader {
     /// their names and those of their layouts are as in the list; where not, they are read again, after which
     /// papers may be left to read by `step`. The rows' layouts are those of the host at this moment then.
     Check check(std::span<const std::wstring> drawings);
+    /// The facts of a row that are shown, after they were changed from here. The paper's readable name may be
+    /// left to read by `step`.
+    void takePlotFacts(PlanRow& row, const PlotSettings& settings);
 
   private:
     enum class Phase { names, drawings, papers };
@@ -66,6 +70,7 @@ class PlanReader {
     Outcome readDrawing(PlanDrawing& drawing, LongRead& watch);
     std::optional<std::vector<PlanRow>> readRows(PlanDrawing& drawing, LongRead& watch);
     std::optional<PlanRow> readRow(PlanDrawing& drawing, const host::Layout& layout);
+    void nameKnownPaper(PlanRow& row) const;
     void readState(PlanDrawing& drawing);
     void findPapers();
     void readNextPaper();

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "planlist/PlotSettings.h"
+
 namespace blattwart {
 
 /// What a layout was called and is called since.
@@ -24,12 +26,32 @@ struct DrawingNamesChanged {
     void note(const std::wstring& from, const std::wstring& to);
 };
 
-/// One operation that can be taken back: what has been done of it so far.
+/// What an operation did to the order of one drawing's layouts.
+struct OrderChanged {
+    std::wstring drawing;    ///< its identity in the PlanList
+    std::wstring shownName;  ///< for messages
+    std::vector<std::wstring> before;
+    std::vector<std::wstring> now;  ///< empty where it is not known
+};
+
+/// What an operation did to the plot settings of one layout.
+struct SettingsChanged {
+    std::wstring drawing;    ///< its identity in the PlanList
+    std::wstring shownName;  ///< of the drawing, for messages
+    std::wstring layout;
+    PlotSettings before;
+    std::optional<PlotSettings> now;  ///< none where it is not known
+};
+
+/// One operation that can be taken back: what has been done of it so far, of one of these kinds.
 struct PlanUndoEntry {
     std::vector<DrawingNamesChanged> names;
+    std::vector<OrderChanged> orders;
+    std::vector<SettingsChanged> settings;
 
     /// What it did to this drawing; added when it is the first.
     DrawingNamesChanged& of(const std::wstring& drawing, const std::wstring& shownName);
+    OrderChanged& orderOf(const std::wstring& drawing, const std::wstring& shownName);
     /// "12 Layouts umbenannt".
     std::wstring text() const;
 };

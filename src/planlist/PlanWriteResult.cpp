@@ -13,6 +13,12 @@ std::wstring listed(const std::vector<std::wstring>& names) {
     return names.size() > mostNames ? text + L" …" : text;
 }
 
+std::wstring lines(const std::vector<std::wstring>& reasons) {
+    std::wstring text;
+    for (const std::wstring& reason : reasons) text += L"\n" + reason;
+    return text;
+}
+
 }  // namespace
 
 std::wstring PlanWriteResult::Refusal::text() const {
@@ -50,7 +56,7 @@ std::wstring PlanWriteResult::message() const {
         case End::commandRunning:
             return L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!";
         case End::noAnswer:
-            return L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.";
+            return L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal." + lines(reasons);
         case End::changedInHost: {
             std::wstring names;
             for (const std::wstring& drawing : drawings) names += (names.empty() ? L"" : L", ") + drawing;
@@ -66,12 +72,13 @@ std::wstring PlanWriteResult::message() const {
                    std::to_wstring(chosen - done) + L".";
         }
         case End::partly: {
-            std::wstring text =
+            const std::wstring text =
                 done > 0 ? L"Rückgängig gemacht bis auf:"
                          : L"Der Vorgang kann nicht mehr rückgängig gemacht werden: " + what + L".";
-            for (const std::wstring& reason : reasons) text += L"\n" + reason;
-            return text;
+            return text + lines(reasons);
         }
+        case End::otherwise:
+            return lines(reasons).substr(1);
         default:
             return {};
     }
@@ -82,6 +89,7 @@ std::wstring PlanWriteResult::statusText() const {
         return L"Abgebrochen: " + std::to_wstring(done) + L" von " + std::to_wstring(chosen) + L" erledigt.";
     if (end != End::done) return {};
     if (undoing) return L"Rückgängig gemacht: " + what + L".";
+    if (!doneText.empty()) return doneText;
     return std::to_wstring(done) + (done == 1 ? L" Layout umbenannt." : L" Layouts umbenannt.");
 }
 

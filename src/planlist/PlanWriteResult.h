@@ -16,7 +16,8 @@ struct PlanWriteResult {
         noAnswer,        ///< nothing more was done: the host does not answer
         cancelled,       ///< the user ended it between two drawings, or before the first
         refused,         ///< a drawing could not be changed; see `refusal`
-        partly           ///< of taking back: some drawings do not fit; see `reasons`
+        partly,          ///< of taking back: some drawings do not fit; see `reasons`
+        otherwise        ///< done, but the host has made something else of it; see `reasons`
     };
     struct Refusal {
         std::wstring drawing;  ///< its shown name
@@ -34,12 +35,14 @@ struct PlanWriteResult {
 
     End end = End::done;
     bool undoing = false;
-    std::wstring what;  ///< the operation, as PlanUndoEntry::text says it
-    int done = 0;       ///< layouts
-    int chosen = 0;     ///< layouts that were to be changed
+    std::wstring what;      ///< the operation, as PlanUndoEntry::text says it
+    std::wstring doneText;  ///< what the status line says when all is done; "" counts renamed layouts
+    int done = 0;           ///< layouts
+    int chosen = 0;         ///< layouts that were to be changed
     std::vector<std::wstring> drawings;
     Refusal refusal;
-    std::vector<std::wstring> reasons;  ///< lines for the user: why drawings were left as they are
+    std::vector<std::wstring>
+        reasons;  ///< lines for the user: why drawings were left as they are, or what is
 
     /// What a message box says; "" when the status line is enough.
     std::wstring message() const;

@@ -4,18 +4,15 @@
 #include <string>
 #include <vector>
 
+#include "planlist/PlanGroup.h"
 #include "planlist/PlanReader.h"
 #include "planlist/PlanUndo.h"
-#include "planlist/PlanWriteResult.h"
 #include "planlist/RenamePlan.h"
 
 namespace blattwart {
 
-/// Changes the host's layouts in groups: checks first, then works drawing by drawing, so that a drawing is
-/// changed as a whole or not at all. A group goes in steps that each are to run in an event of their own:
-/// after a host that stayed busy, the next step then may ask it again. What is done can be taken back by way
-/// of PlanUndo.
-class PlanWriter {
+/// Renames layouts, a drawing a step, so that each is changed as a whole or not at all.
+class PlanWriter : public PlanGroup {
   public:
     PlanWriter(PlanReader& reader, PlanList& plan, PlanUndo& undo, Platform& platform)
         : reader_(reader), plan_(plan), undo_(undo), platform_(platform) {}
@@ -28,15 +25,9 @@ class PlanWriter {
     /// Begins to rename; RenamePreview::possible has been asked before. The first step checks. The first
     /// drawing that refuses ends the group: it gets its old names back, those before it keep the new ones.
     void beginRenaming(const std::vector<NewName>& names);
-    /// Begins to take back the last operation. Each drawing is checked for itself; where one does not fit,
-    /// or refuses, the reason is noted, its part of the operation stays, and the others go on.
-    void beginUndo();
-    /// Does the next step. Returns whether more is to come.
-    bool step();
-    /// Ends the group before its next drawing; a drawing that is to be put back still is.
-    void stop();
-    /// Once step() has returned false.
-    const PlanWriteResult& result() const { return result_; }
+    void beginUndo() override;
+    bool step() override;
+    void stop() override;
 
   private:
     struct Job {
@@ -78,7 +69,6 @@ class PlanWriter {
     Phase phase_ = Phase::idle;
     std::vector<Job> jobs_;  // the next one last
     Work work_;
-    PlanWriteResult result_;
 };
 
 }  // namespace blattwart

@@ -10,9 +10,6 @@ namespace blattwart {
 
 namespace {
 
-constexpr std::int32_t areaView = 3;
-constexpr std::int32_t areaWindow = 4;
-
 bool near(double a, double b) {
     constexpr double tolerance = 1e-6;
     return std::abs(a - b) <= tolerance * std::max({1.0, std::abs(a), std::abs(b)});
@@ -29,8 +26,8 @@ bool lacks(const std::optional<Fact>& wanted, const std::optional<Fact>& present
 
 bool areaDiffers(const PlotSettings& wanted, const PlotSettings& present) {
     if (lacks(wanted.area, present.area)) return true;
-    if (wanted.area == areaView) return lacks(wanted.view, present.view);
-    if (wanted.area != areaWindow || !wanted.window) return false;
+    if (wanted.area == plotArea::view) return lacks(wanted.view, present.view);
+    if (wanted.area != plotArea::window || !wanted.window) return false;
     if (!present.window) return true;
     for (std::size_t i = 0; i < wanted.window->size(); ++i)
         if (!near((*wanted.window)[i], (*present.window)[i])) return true;
@@ -90,6 +87,26 @@ std::vector<PlotProperty> differences(const PlotSettings& wanted, const PlotSett
     for (std::size_t i = 0; i < wanted.options.size(); ++i)
         options = options || lacks(wanted.options[i], present.options[i]);
     note(options, PlotProperty::options);
+    return found;
+}
+
+std::vector<PlotProperty> unread(const PlotSettings& settings) {
+    std::vector<PlotProperty> found;
+    const auto note = [&](bool known, PlotProperty property) {
+        if (!known) found.push_back(property);
+    };
+    const bool window = settings.area != plotArea::window || settings.window;
+    const bool view = settings.area != plotArea::view || settings.view;
+    const bool ratio = settings.standardScale && settings.ratio;
+    note(settings.device.has_value(), PlotProperty::device);
+    note(settings.paper.has_value(), PlotProperty::paper);
+    note(settings.paperUnits.has_value(), PlotProperty::units);
+    note(settings.rotation.has_value(), PlotProperty::orientation);
+    note(settings.area && window && view, PlotProperty::area);
+    note(settings.usesStandardScale && ratio, PlotProperty::scale);
+    note(settings.centred && settings.offset, PlotProperty::offset);
+    note(settings.styleSheet.has_value(), PlotProperty::style);
+    note(std::ranges::all_of(settings.options, &std::optional<bool>::has_value), PlotProperty::options);
     return found;
 }
 

@@ -13,6 +13,12 @@ namespace blattwart {
 /// What the user is told apart about a layout's plotting.
 enum class PlotProperty { device, paper, units, orientation, area, scale, offset, style, options };
 
+/// Values of PlotSettings::area that take more than themselves.
+namespace plotArea {
+inline constexpr std::int32_t view = 3;
+inline constexpr std::int32_t window = 4;
+}  // namespace plotArea
+
 /// How a layout is plotted. What could not be read is empty.
 struct PlotSettings {
     std::optional<std::wstring> device;
@@ -32,12 +38,16 @@ struct PlotSettings {
     /// styles shown.
     std::array<std::optional<bool>, 7> options;
 
+    bool hasDevice() const { return device && !device->empty() && *device != L"None"; }
     bool fitsPaper() const { return usesStandardScale == true && standardScale == 0; }
 };
 
 /// What a layout with the settings `present` still lacks of those `wanted`. What is not known of `wanted` is
 /// wanted of nobody; what is not known of `present` counts as different.
 std::vector<PlotProperty> differences(const PlotSettings& wanted, const PlotSettings& present);
+
+/// What could not be read.
+std::vector<PlotProperty> unread(const PlotSettings& settings);
 
 /// "Plotgerät", "Papierformat", ...
 std::wstring plotPropertyName(PlotProperty property);

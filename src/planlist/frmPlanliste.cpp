@@ -40,7 +40,11 @@ frmPlanliste::frmPlanliste(basAutoCAD& autoCAD, PlanDialogs& dialogs, basHTMLHel
       platform_(platform),
       plan_(platform.locale),
       reader_(autoCAD, platform, plan_),
-      writer_(reader_, plan_, undo_, platform) {
+      writer_(reader_, plan_, undo_, platform),
+      order_(autoCAD, reader_, plan_, undo_),
+      transfer_(reader_, plan_, undo_, platform.locale),
+      restore_(autoCAD, reader_),
+      pdf_(reader_, plan_, restore_, platform) {
     lvPlan.setMode(ListViewMode::details);
     std::vector<int> positions;
     for (const Column& column : columns) {
@@ -71,6 +75,20 @@ void frmPlanliste::buildCommands() {
          Needs::selection,
          L"Benennt die markierten Layouts nach einem Muster um, mit Vorschau (F2)",
          true},
+        {&cmdReihenfolge,
+         L"&Reihenfolge...",
+         {},
+         &frmPlanliste::order,
+         Needs::selection,
+         L"Ändert die Reihenfolge der Layouts in ihren Zeichnungen (Alt+Auf, Alt+Ab)"},
+        {&cmdEinstellungen,
+         L"&Seiteneinrichtung...",
+         {},
+         &frmPlanliste::carryPageSetup,
+         Needs::several,
+         L"Überträgt die Seiteneinrichtung des Layouts mit dem Fokus auf die anderen markierten"},
+        {&cmdPdf, L"P&DF erzeugen...", control(L'P'), &frmPlanliste::makePdf, Needs::selection,
+         L"Plottet die markierten Layouts in je eine PDF-Datei (Strg+P)"},
         {&cmdKopieren, L"&Kopieren", control(L'C'), &frmPlanliste::copy, Needs::rows,
          L"Kopiert die markierten oder alle sichtbaren Zeilen, zum Einfügen in Excel (Strg+C)", true},
         {&cmdCsv,
@@ -79,7 +97,7 @@ void frmPlanliste::buildCommands() {
          &frmPlanliste::saveCsv,
          Needs::rows,
          L"Speichert die markierten oder alle sichtbaren Zeilen als CSV-Datei"},
-        {nullptr, L"Zeichnungen &speichern", control(L'S'), &frmPlanliste::saveDrawings, Needs::selection,
+        {nullptr, L"Zeichnungen sp&eichern", control(L'S'), &frmPlanliste::saveDrawings, Needs::selection,
          L""},
         {nullptr, L"Alles &markieren", control(L'A'), &frmPlanliste::selectAll, Needs::rows, L"", true},
         {&cmdRueckgaengig, L"Rück&gängig", control(L'Z'), &frmPlanliste::undo, Needs::undo, L"", true},
@@ -92,7 +110,12 @@ void frmPlanliste::buildCommands() {
     for (const Command& command : commands_) {
         if (command.separatorBefore) popupMenu.addSeparator();
         MenuItem& item = popupMenu.add({}, command.caption, command.shortcut);
-        item.click = [this, run = command.run] { handle([&] { (this->*run)(); }); };
+        item.click = [this, run = command.run] {
+            handle([&] {
+                putHostBack();
+                (this->*run)();
+            });
+        };
         items_.push_back(&item);
         if (!command.button) continue;
         command.button->setToolTip(command.toolTip);
@@ -141,16 +164,21 @@ void frmPlanliste::opened() {
 void frmPlanliste::unload() {
     if (!platform_.gate.callPending()) {
         if (work_ == Work::writing) {
-            writer_.stop();
-            while (writer_.step()) {
+            group_->stop();
+            while (group_->step()) {
             }
         }
         work_ = Work::none;
         reader_.stop();
         plan_.letGo();
     }
+    putHostBack();
     storePlacement(window().placement(), platform_.settings);
     storeColumns(lvPlan, platform_.settings);
+}
+
+void frmPlanliste::putHostBack() {
+    if (restore_.outstanding() && !platform_.gate.callPending()) restore_.finish();
 }
 
 void frmPlanliste::showHelp() {
@@ -172,6 +200,8 @@ bool frmPlanliste::isPossible(Command::Needs needs) const {
             return lvPlan.count() > 0;
         case Needs::selection:
             return lvPlan.selected() != nullptr;
+        case Needs::several:
+            return lvPlan.selectedItems().size() > 1;
         default:
             return !undo_.empty();
     }

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "controls/Dialog.h"
 #include "dialogs/basHTMLHelp.h"
+#include "planlist/frmPlanPdf.h"
+#include "planlist/frmPlanReihenfolge.h"
 #include "planlist/PlanDialogs.h"
+#include "planlist/PlanTransfer.h"
 #include "planlist/PlanWriter.h"
 #include "planlist/RenamePattern.h"
 
@@ -22,6 +26,9 @@ class frmPlanliste : public Dialog {
     ListView lvPlan;
     Label lblStatus;
     Button cmdUmbenennen;
+    Button cmdReihenfolge;
+    Button cmdEinstellungen;
+    Button cmdPdf;
     Button cmdKopieren;
     Button cmdCsv;
     Button cmdRueckgaengig;
@@ -33,6 +40,8 @@ class frmPlanliste : public Dialog {
     /// the first one, of the drawing with this full name; with "" for the drawing it stays where it was.
     void Form_Load(const std::wstring& drawing, const std::wstring& layout);
 
+    /// Puts back what plotting has changed in the host and a busy host has kept; nothing while a call waits.
+    void putHostBack();
     /// Whether something is being read or written, in steps.
     bool working() const { return work_ != Work::none; }
 
@@ -48,7 +57,7 @@ class frmPlanliste : public Dialog {
     enum class Work { none, reading, writing };
     /// A command of the window: what offers it, and when.
     struct Command {
-        enum class Needs { nothing, rows, selection, undo };
+        enum class Needs { nothing, rows, selection, several, undo };
         Button* button;
         const wchar_t* caption;  // in the context menu
         Shortcut shortcut;
@@ -77,7 +86,8 @@ class frmPlanliste : public Dialog {
 
     void beginReading();
     void goOnReading();
-    void beginWriting(const wchar_t* text);
+    void beginWriting(PlanGroup& group, const wchar_t* text);
+    void goOnReadingPapers();
     void goOnWriting();
     void tell(const PlanWriteResult& result);
     void escape();
@@ -86,6 +96,10 @@ class frmPlanliste : public Dialog {
     // Commands.
     void showInAutoCAD();
     void rename();
+    void order(frmPlanReihenfolge::FirstStep step);
+    void order() { order(frmPlanReihenfolge::FirstStep::none); }
+    void carryPageSetup();
+    void makePdf();
     void copy();
     void saveCsv();
     void saveDrawings();
@@ -101,6 +115,12 @@ class frmPlanliste : public Dialog {
     PlanReader reader_;
     PlanUndo undo_;
     PlanWriter writer_;
+    PlanOrder order_;
+    PlanTransfer transfer_;
+    PlanRestore restore_;
+    PdfRun pdf_;
+    PlanGroup* group_ = &writer_;  // the one that is being or was done last
+    std::optional<PdfChoice> pdfChoice_;
     RenamePattern pattern_;
     std::vector<Command> commands_;
     std::vector<MenuItem*> items_;  // of the commands, in their order

@@ -1,5 +1,8 @@
 // What the commands of the plan list do, and the work that goes in steps.
 
+#include <algorithm>
+
+#include "planlist/frmPlanEinstellungen.h"
 #include "planlist/frmPlanliste.h"
 #include "planlist/frmPlanUmbenennen.h"
 #include "planlist/PlanCommands.h"
@@ -13,6 +16,13 @@ std::function<void()> frmPlanliste::commandOf(const Shortcut& key, const Control
     const bool down = key == Shortcut{.key = Shortcut::down};
     if (focused == &txtFilter && (down || key == Shortcut{.key = Shortcut::enter}))
         return [this] { window().setFocus(lvPlan); };
+    const bool up = key == Shortcut{.key = Shortcut::up, .alt = true};
+    if (focused == &lvPlan && (up || key == Shortcut{.key = Shortcut::down, .alt = true})) {
+        using Step = frmPlanReihenfolge::FirstStep;
+        return [this, step = up ? Step::up : Step::down] {
+            if (isPossible(Command::Needs::selection)) handle([&] { order(step); });
+        };
+    }
     for (std::size_t i = 0; i < commands_.size(); ++i) {
         if (commands_[i].shortcut != key || key.key == 0) continue;
         // In the filter these are for its text, on a button Enter presses it.
@@ -31,7 +41,7 @@ void frmPlanliste::escape() {
         reader_.stop();
         goOnReading();
     } else if (work_ == Work::writing) {
-        writer_.stop();
+        group_->stop();
         goOnWriting();
     } else if (!txtFilter.text().empty()) {
         return txtFilter.setText(L"");
@@ -45,7 +55,7 @@ void frmPlanliste::escape() {
 void frmPlanliste::close() {
     if (work_ != Work::writing) return window().close();
     closing_ = true;
-    writer_.stop();
+    group_->stop();
     goOnWriting();
 }
 
@@ -71,27 +81,31 @@ void frmPlanliste::goOnReading() {
     showState();
 }
 
-void frmPlanliste::beginWriting(const wchar_t* text) {
+/// What was read again may have papers whose names are not known.
+void frmPlanliste::goOnReadingPapers() {
+    if (reader_.state() != PlanReader::State::reading) return;
+    work_ = Work::reading;
+    window().stepLater();
+}
+
+void frmPlanliste::beginWriting(PlanGroup& group, const wchar_t* text) {
+    group_ = &group;
     work_ = Work::writing;
     workText_ = text;
     window().stepLater();
 }
 
 void frmPlanliste::goOnWriting() {
-    if (writer_.step()) {
+    if (group_->step()) {
         fill();
         return window().stepLater();
     }
     work_ = Work::none;
-    note_ = writer_.result().statusText();
-    if (reader_.state() == PlanReader::State::reading) {
-        // What was read again may have papers whose names are not known.
-        work_ = Work::reading;
-        window().stepLater();
-    }
+    note_ = group_->result().statusText();
+    goOnReadingPapers();
     fill();
     showState();
-    tell(writer_.result());
+    tell(group_->result());
     if (closing_) window().close();
 }
 
@@ -122,7 +136,40 @@ void frmPlanliste::rename() {
     const std::vector<PlanWriter::NewName> names = dialog.names();
     if (names.empty()) return;
     writer_.beginRenaming(names);
-    beginWriting(L"Layouts werden umbenannt …");
+    beginWriting(writer_, L"Layouts werden umbenannt …");
+}
+
+void frmPlanliste::order(frmPlanReihenfolge::FirstStep step) {
+    frmPlanReihenfolge dialog(plan_, selectedRows(), step, help_, platform_);
+    dialogs_.showModal(dialog);
+    if (dialog.orders().empty()) return;
+    order_.begin(dialog.orders());
+    beginWriting(order_, L"Reihenfolge wird geändert …");
+}
+
+/// From the row with the focus to the other selected ones.
+void frmPlanliste::carryPageSetup() {
+    const int source = PlanList::numberOf(lvPlan.selected()->key());
+    std::vector<int> rows{source};
+    std::ranges::copy_if(selectedRows(), std::back_inserter(rows), [&](int row) { return row != source; });
+    frmPlanEinstellungen dialog(plan_, transfer_, std::move(rows), help_, platform_);
+    dialogs_.showModal(dialog);
+    note_ = dialog.result().statusText();
+    fill();
+    goOnReadingPapers();
+}
+
+void frmPlanliste::makePdf() {
+    const PlanWriteResult check = PlanWriteResult::of(reader_.check(selectedDrawings()));
+    if (check.end == PlanWriteResult::End::done) {
+        if (!pdfChoice_) pdfChoice_ = storedPdfChoice(platform_.settings);
+        frmPlanPdf dialog(plan_, pdf_, selectedRows(), *pdfChoice_, help_, platform_);
+        dialogs_.showModal(dialog);
+    } else if (const std::wstring message = check.message(); !message.empty()) {
+        platform_.messages.warn(message);
+    }
+    fill();
+    goOnReadingPapers();
 }
 
 void frmPlanliste::afterLabelEdit(const std::wstring& name) {
@@ -135,7 +182,7 @@ void frmPlanliste::afterLabelEdit(const std::wstring& name) {
         return platform_.messages.warn(L"„" + row.oldName + L"“ kann nicht in „" + name +
                                        L"“ umbenannt werden: " + row.note);
     writer_.beginRenaming({{row.number, name}});
-    beginWriting(L"Layout wird umbenannt …");
+    beginWriting(writer_, L"Layout wird umbenannt …");
 }
 
 void frmPlanliste::copy() {
@@ -165,10 +212,7 @@ void frmPlanliste::saveDrawings() {
     const PlanSaveResult result = blattwart::saveDrawings(plan_, reader_, selectedDrawings());
     fill();
     note_ = result.statusText();
-    if (reader_.state() == PlanReader::State::reading) {
-        work_ = Work::reading;
-        window().stepLater();
-    }
+    goOnReadingPapers();
     showState();
     const std::wstring message = result.message();
     if (!message.empty()) platform_.messages.warn(message);
@@ -180,8 +224,18 @@ void frmPlanliste::selectAll() {
 
 void frmPlanliste::undo() {
     if (!platform_.messages.ask(undo_.top().text() + L" rückgängig machen?")) return;
-    writer_.beginUndo();
-    beginWriting(L"Layouts werden umbenannt …");
+    const PlanUndoEntry& entry = undo_.top();
+    PlanGroup* group = &writer_;
+    const wchar_t* text = L"Layouts werden umbenannt …";
+    if (!entry.orders.empty()) {
+        group = &order_;
+        text = L"Reihenfolge wird geändert …";
+    } else if (!entry.settings.empty()) {
+        group = &transfer_;
+        text = L"Seiteneinrichtung wird übertragen …";
+    }
+    group->beginUndo();
+    beginWriting(*group, text);
 }
 
 void frmPlanliste::refresh() {

@@ -41,6 +41,10 @@ class Files {
     /// whose bytes would have to be fetched from elsewhere first (archived, in a cloud). Throws RuntimeError.
     /// May be called on any thread.
     virtual std::unique_ptr<FileReader> open(const std::wstring& path) = 0;
+    virtual bool folderExists(const std::wstring& path) = 0;
+    /// Gives a file another name in its folder. Throws RuntimeError when another has that name, or when a
+    /// program has the file open.
+    virtual void rename(const std::wstring& path, const std::wstring& newPath) = 0;
     /// Writes a whole file: beside it at first, then in its place, so that there is always the old one or the
     /// new one. Throws RuntimeError with the system's reason; the old one is untouched then.
     virtual void writeAtomically(const std::wstring& path, const std::string& bytes) = 0;

@@ -42,6 +42,21 @@ class Gate {
         Gate& gate_;
     };
 
+    /// A call that may take as long as it likes: the user is not asked whether to wait on.
+    class Patience {
+      public:
+        explicit Patience(Gate& gate) : gate_(gate) { gate_.patient_ = true; }
+        Patience(const Patience&) = delete;
+        Patience& operator=(const Patience&) = delete;
+        ~Patience() { gate_.patient_ = false; }
+
+      private:
+        Gate& gate_;
+    };
+    bool patient() const { return patient_; }
+    /// The user wants an end: a call that goes on for long after that is not waited for without asking.
+    void endPatience() { patient_ = false; }
+
     /// How many events are being handled, one inside the other.
     int depth() const { return depth_; }
     bool callPending() const { return callPending_; }
@@ -56,6 +71,7 @@ class Gate {
   private:
     int depth_ = 0;
     bool callPending_ = false;
+    bool patient_ = false;
     std::optional<int> gaveUpAt_;
 };
 

@@ -1,5 +1,6 @@
 #include "shell/frmMain.h"
 
+#include "planlist/frmPlanliste.h"
 #include "platform/Conversions.h"
 #include "platform/NumberSetting.h"
 #include "shell/Modules.h"
@@ -162,6 +163,7 @@ void frmMain::Form_Unload() {
     ListColumns& columns = modules_->views.columns;
     columns.leave();
     modules_->presenter.closeDialogs();
+    modules_->planList.putHostBack();
     if (!window_->minimised()) {
         const Placement placement = window_->placement();
         const auto save = [this](std::wstring_view key, float twips) {

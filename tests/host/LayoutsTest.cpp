@@ -78,16 +78,93 @@ TEST_F(HostTest, PlotSettingsComeInMillimetres) {
     const auto mediaName = [&] { return call(a, L"GetLocaleMediaName", {get(a, L"CanonicalMediaName")}); };
     EXPECT_NE(errorOf(mediaName), 0) << "the device is not installed";
     put(a, L"ConfigName", L"DWG To PDF.pc3");
-    EXPECT_EQ(mediaName(), Value(L"ISO A3 (420.00 x 297.00 MM)"));
+    EXPECT_EQ(mediaName(), Value(L"ISO A4 (210.00 x 297.00 MM)")) << "another device has another paper";
+    EXPECT_EQ(get(a, L"PlotRotation"), Value(std::int32_t{0}));
+    put(a, L"CanonicalMediaName", L"ISO_A3_(420.00_x_297.00_MM)");
 
     call(a, L"RefreshPlotDeviceInfo");
     readSize();
     EXPECT_EQ(width, Value(420.0));
-    put(a, L"ConfigName", L"None");
-    EXPECT_EQ(get(a, L"ConfigName"), Value(L"None"));
+    for (const auto& [property, value] : {std::pair(L"ConfigName", L"None"),
+                                          {L"ConfigName", L"Plotter.pc3"},
+                                          {L"CanonicalMediaName", L"A3"},
+                                          {L"StyleSheet", L"acad.stb"}})
+        EXPECT_EQ(errorOf([&] { put(a, property, Value(value)); }), hostError::invalidInput) << value;
+    settings.device = L"none_device";
+    data.setPlotSettings(settings);
     call(a, L"RefreshPlotDeviceInfo");
     readSize();
     EXPECT_NE(width, Value(420.0)) << "asking no device spoils the paper";
+}
+
+TEST_F(HostTest, CopiedPlotSettingsLeaveNameAndTabAlone) {
+    open({L"A"}, L"Eins.dwg");
+    Layout& data = *host_->activeDocument()->findLayout(L"A");
+    PlotSettings settings = data.plotSettings();
+    settings.plotType = 4;
+    settings.offsetX = 5;
+    settings.standardScale = 17;
+    settings.scaleDrawing = 2;
+    settings.windowTop = 99.5;
+    data.setPlotSettings(settings);
+    const ObjectPtr a = layout(object(application_, L"ActiveDocument"), L"A");
+    const ObjectPtr document = open({L"B", L"C"}, L"Zwei.dwg");
+    const ObjectPtr c = layout(document, L"C");
+    call(c, L"CopyFrom", {Value(a)});
+    EXPECT_EQ(host_->activeDocument()->findLayout(L"C")->plotSettings(), settings);
+    EXPECT_EQ(get(c, L"Name"), Value(L"C"));
+    EXPECT_EQ(get(c, L"TabOrder"), Value(std::int32_t{2}));
+    Value lower;
+    Value upper;
+    call(c, L"GetWindowToPlot", {&lower, &upper});
+    EXPECT_EQ(upper, Value(blattwart::DoubleArray{0, 99.5}));
+    call(c, L"SetCustomScale", {Value(1.0), Value(33.0)});
+    EXPECT_EQ(get(c, L"UseStandardScale"), Value(false));
+    put(c, L"UseStandardScale", Value(true));
+    put(c, L"StandardScale", Value(std::int32_t{26}));
+    Value paper(0.0);
+    Value drawing(0.0);
+    call(c, L"GetCustomScale", {&paper, &drawing});
+    EXPECT_EQ(drawing, Value(50.0));
+    EXPECT_NE(errorOf([&] { call(c, L"CopyFrom", {Value(layout(document, L"Model"))}); }), 0);
+}
+
+/// What a tool of another maker makes of a file.
+std::string toldBy(const std::string& command) {
+    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
+    std::string text(4096, '\0');
+    text.resize(fread(text.data(), 1, text.size(), pipe.get()));
+    return text;
+}
+
+TEST_F(HostTest, APlotIsAPdfOfThePapersSizeWithTheLayoutsName) {
+    const ObjectPtr document = open({L"Grundriß Süd"});
+    PlotSettings settings = host_->activeDocument()->findLayout(L"Grundriß Süd")->plotSettings();
+    settings.device = L"DWG To PDF.pc3";
+    settings.paperWidth = 420;
+    settings.paperHeight = 297;
+    settings.rotation = 1;
+    host_->activeDocument()->findLayout(L"Grundriß Süd")->setPlotSettings(settings);
+    const ObjectPtr plot = object(document, L"Plot");
+    const std::wstring file = L"C:\\Projekte\\Plan.pdf";
+    EXPECT_EQ(call(plot, L"PlotToFile", {Value(file)}), Value(true));
+    const std::string real = "'" + host_->disk().realPath(file).string() + "'";
+    EXPECT_NE(toldBy("pdfinfo " + real).find("Page size:       841.89 x 1190.55 pts"), std::string::npos);
+    EXPECT_NE(toldBy("pdftotext " + real + " -").find("Plan.dwg - Grundriß Süd"), std::string::npos);
+
+    put(plot, L"QuietErrorMode", Value(true));
+    EXPECT_EQ(call(plot, L"PlotToFile", {Value(file)}), Value(false)) << "nothing is replaced";
+    put(document, L"ActiveLayout", Value(layout(document, L"Model")));
+    const ObjectPtr other = open({L"A"}, L"Zwei.dwg");
+    EXPECT_NE(errorOf([&] { call(plot, L"PlotToFile", {Value(L"C:\\Projekte\\B.pdf")}); }), 0)
+        << "another drawing is active";
+    call(other, L"SetVariable", {Value(L"BACKGROUNDPLOT"), Value(std::int16_t{3})});
+    call(document, L"Activate");
+    const std::wstring late = L"C:\\Projekte\\Spät.pdf";
+    EXPECT_EQ(call(plot, L"PlotToFile", {Value(late), Value(L"DWG To PDF.pc3")}), Value(true));
+    EXPECT_FALSE(host_->disk().exists(late));
+    host_->finishPlots();
+    EXPECT_TRUE(host_->disk().exists(late));
 }
 
 TEST_F(HostTest, ExtendedDataComeBackInTheirTypes) {

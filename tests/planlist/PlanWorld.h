@@ -2,8 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
+
 #include "demo/host/CallRecorder.h"
 #include "demo/host/DemoAutomation.h"
+#include "planlist/PdfRun.h"
+#include "planlist/PlanOrder.h"
+#include "planlist/PlanTransfer.h"
 #include "planlist/PlanWriter.h"
 #include "support/TestPlatform.h"
 
@@ -13,6 +19,7 @@ using Names = std::vector<std::wstring>;
 
 /// There is no main window.
 struct NoMainWindow : NavigatorEvents {
+    void hostChanged() override {}
     void RefreshTree() override {}
     void ShowNodeStatus() override {}
     void showSelectedNode() override {}
@@ -25,7 +32,7 @@ struct NoMainWindow : NavigatorEvents {
 /// The plan list on a demonstration host of its own, without its window.
 class PlanWorld {
   public:
-    explicit PlanWorld(demo::HostOptions options = {}) : demo(std::move(options)) {
+    explicit PlanWorld(demo::HostOptions options = {}) : demo(plottingToMemory(std::move(options))) {
         demo.start();
         autoCAD.ConnectAutoCAD();
     }
@@ -71,6 +78,27 @@ class PlanWorld {
         return names;
     }
 
+    /// The paper layouts in the order of the numbers that the host gives them.
+    static Names tabs(const demo::DocumentPtr& document) {
+        std::vector<std::pair<std::int32_t, std::wstring>> numbered;
+        for (const demo::Layout* layout : document->drawing().layouts())
+            if (!layout->isModel()) numbered.emplace_back(document->tabNumber(*layout), layout->name());
+        std::ranges::sort(numbered);
+        Names names;
+        for (const auto& [number, name] : numbered) names.push_back(name);
+        return names;
+    }
+    /// Lets each of the host's calls from `first` to `last` fail.
+    void failFrom(std::size_t first, std::size_t last, std::int32_t number, demo::Moment moment) {
+        for (std::size_t n = first; n <= last; ++n)
+            calls.failAt(n, RuntimeError(number, L"Ungültige Eingabe"), moment);
+    }
+    /// Lets a group do all its steps; `meanwhile` happens between them.
+    void run(
+        PlanGroup& group, const std::function<void()>& meanwhile = [] {}) {
+        while (group.step()) meanwhile();
+    }
+
     demo::DemoAutomation demo;
     demo::CallRecorder calls{demo};
     TestPlatform world{calls};
@@ -81,6 +109,21 @@ class PlanWorld {
     PlanReader reader{autoCAD, world.platform, plan};
     PlanUndo undo;
     PlanWriter writer{reader, plan, undo, world.platform};
+    PlanOrder order{autoCAD, reader, plan, undo};
+    PlanTransfer transfer{reader, plan, undo, world.locale};
+    PlanRestore restore{autoCAD, reader};
+    PdfRun pdf{reader, plan, restore, world.platform, std::chrono::milliseconds(5)};
+
+  private:
+    /// Plots go to the files that the program sees.
+    demo::HostOptions plottingToMemory(demo::HostOptions options) {
+        options.writePlot = [this](const std::wstring& path, const std::string& bytes) {
+            if (world.files.exists(path)) return false;
+            world.files.fill(path, {bytes.begin(), bytes.end()});
+            return true;
+        };
+        return options;
+    }
 };
 
 }  // namespace blattwart::test

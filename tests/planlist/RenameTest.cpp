@@ -113,11 +113,6 @@ class Renaming : public PlanWorld {
             if (list[i] == L"put Layout.Name") places.push_back(i + 1);
         return places;
     }
-    void failFrom(std::size_t first, std::size_t last, std::int32_t number, demo::Moment moment) {
-        for (std::size_t n = first; n <= last; ++n)
-            calls.failAt(n, RuntimeError(number, L"Ungültige Eingabe"), moment);
-    }
-
     std::vector<demo::DocumentPtr> documents;
 
   private:

@@ -1,3 +1,4 @@
+#include <array>
 #include <random>
 
 #include "planlist/TabOrderPlan.h"
@@ -7,32 +8,113 @@ namespace blattwart::test {
 
 namespace {
 
-TEST(TabOrderTest, EveryOrderIsReachedWhateverTheHostMakesOfDoubles) {
-    std::mt19937 random(7);
-    using demo::TabNumbers;
-    for (const TabNumbers manner : {TabNumbers::shift, TabNumbers::store, TabNumbers::refuse}) {
-        PlanWorld world({.tabNumbers = manner});
-        world.open(L"C:\\P", L"A.dwg", {L"a", L"b", L"c", L"d", L"e", L"f"});
-        world.read();
-        std::vector<host::Layout> order;
-        for (const PlanRow& row : world.plan.drawings().front().rows) order.push_back(row.layout);
-        const blattwart::TabNumbers numbers{
-            [&](std::size_t i, std::int32_t number) { order[i].putTabOrder(number); },
-            [&](std::size_t i) { return order[i].TabOrder(); }};
-        for (int turn = 0; turn < 20; ++turn) {
-            std::ranges::shuffle(order, random);
-            EXPECT_TRUE(writeTabOrder(order.size(), numbers));
-            Names wanted;
-            for (const host::Layout& layout : order) wanted.push_back(layout.Name());
-            world.read();
-            Names shown;
-            for (const PlanRow& row : world.plan.drawings().front().rows) shown.push_back(row.name);
-            EXPECT_EQ(shown, wanted);
-        }
-        world.calls.clear();
-        EXPECT_TRUE(writeTabOrder(order.size(), numbers));
-        EXPECT_EQ(world.calls.count(), 2 * order.size()) << "no repair where none is needed";
+/// Two drawings whose layouts are put in another order.
+class Ordering : public PlanWorld {
+  public:
+    explicit Ordering(demo::TabNumbers manner) : PlanWorld({.tabNumbers = manner}) {
+        documents = {open(L"C:\\P", L"A.dwg", {L"a", L"b", L"c", L"d", L"e", L"f"}),
+                     open(L"C:\\P", L"B.dwg", {L"x", L"y", L"z"})};
+        read();
+        calls.clear();
     }
+    std::vector<Names> now() const { return {tabs(documents[0]), tabs(documents[1])}; }
+    void begin(const std::vector<Names>& wanted) {
+        order.begin({{plan.drawings()[0].identity, wanted[0]}, {plan.drawings()[1].identity, wanted[1]}});
+    }
+    void takeBack() {
+        order.beginUndo();
+        run(order);
+    }
+    std::vector<Names> shown() {
+        std::vector<Names> names(2);
+        for (std::size_t d = 0; d < 2; ++d)
+            for (const PlanRow& row : plan.drawings()[d].rows) names[d].push_back(row.name);
+        return names;
+    }
+
+    std::vector<demo::DocumentPtr> documents;
+};
+
+constexpr std::array manners{demo::TabNumbers::shift, demo::TabNumbers::store, demo::TabNumbers::refuse};
+
+TEST(TabOrderTest, EveryOrderIsReachedAndGoesBackWhateverTheHostMakesOfDoubles) {
+    std::mt19937 random(7);
+    for (const demo::TabNumbers manner : manners) {
+        Ordering world(manner);
+        for (int turn = 0; turn < 20; ++turn) {
+            const std::vector<Names> before = world.now();
+            std::vector<Names> wanted = before;
+            for (Names& names : wanted) std::ranges::shuffle(names, random);
+            world.begin(wanted);
+            world.run(world.order);
+            EXPECT_EQ(world.now(), wanted);
+            EXPECT_EQ(world.shown(), wanted);
+            EXPECT_EQ(world.order.result().statusText(), L"Reihenfolge geändert.");
+            if (turn % 2 != 0 || world.undo.empty()) continue;
+            world.takeBack();
+            EXPECT_EQ(world.now(), before);
+        }
+        Names turned = world.now()[1];
+        std::ranges::reverse(turned);
+        world.calls.clear();
+        world.begin({world.now()[0], turned});
+        world.run(world.order);
+        EXPECT_TRUE(manner != demo::TabNumbers::store || world.calls.count(L"TabOrder") == 6)
+            << "no repair where none is needed";
+    }
+}
+
+TEST(TabOrderTest, AFailureAtAnyCallIsToldAndCanBeTakenBack) {
+    const std::vector<Names> wanted{{L"f", L"a", L"b", L"e", L"d", L"c"}, {L"z", L"x", L"y"}};
+    for (const demo::TabNumbers manner : manners) {
+        Ordering undisturbed(manner);
+        const std::vector<Names> before = undisturbed.now();
+        undisturbed.begin(wanted);
+        undisturbed.run(undisturbed.order);
+        const std::size_t all = undisturbed.calls.count();
+        for (std::size_t call = 1; call <= all; ++call) {
+            for (const std::size_t last : {call, call + 500}) {
+                SCOPED_TRACE(std::to_string(call) + " to " + std::to_string(last));
+                Ordering world(manner);
+                world.begin(wanted);
+                world.failFrom(call, last, hresult::callCanceled, demo::Moment::after);
+                world.run(world.order);
+                world.calls.heal();
+                EXPECT_TRUE(world.now() == wanted || !world.order.result().message().empty());
+                if (!world.undo.empty()) world.takeBack();
+                EXPECT_EQ(world.now(), before);
+                EXPECT_TRUE(world.undo.empty());
+            }
+        }
+    }
+}
+
+TEST(TabOrderTest, WhatIsNotAsWishedIsTold) {
+    Ordering world(demo::TabNumbers::store);
+    std::vector<Names> wanted = world.now();
+    std::ranges::reverse(wanted[1]);
+    // The host does nothing of what it is told, as where another client holds the drawing.
+    world.calls.beforeCall([&](std::size_t number) {
+        if (world.calls.calls()[number - 1].kind == demo::RecordedCall::Kind::put)
+            world.calls.failAt(number, RuntimeError(-1, L"gesperrt"));
+    });
+    world.begin(wanted);
+    world.run(world.order);
+    EXPECT_EQ(world.order.result().message(),
+              L"AutoCAD hat die Reihenfolge in „B.dwg“ nicht wie gewünscht übernommen. Die Planliste zeigt "
+              L"den jetzigen Stand.");
+    EXPECT_TRUE(world.undo.empty());
+    world.calls.beforeCall([](std::size_t) {});
+    world.calls.heal();
+
+    world.begin(wanted);
+    world.run(world.order);
+    world.documents[1]->putTabNumber(*world.documents[1]->findLayout(L"x"), 9);
+    world.documents[1]->putTabNumber(*world.documents[1]->findLayout(L"y"), 10);
+    world.takeBack();
+    EXPECT_EQ(world.order.result().message(),
+              L"Der Vorgang kann nicht mehr rückgängig gemacht werden: Reihenfolge in 1 Zeichnung "
+              L"geändert.\nDie Reihenfolge in „B.dwg“ wurde inzwischen geändert.");
 }
 
 TEST(TabOrderTest, ChosenLayoutsMoveTogetherAndStopAtTheEdge) {

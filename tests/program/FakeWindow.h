@@ -1,9 +1,13 @@
 #pragma once
 
+#include "dialogs/frmErstellen.h"
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmKopieren.h"
 #include "dialogs/frmUmbenennen.h"
+#include "planlist/frmPlanEinstellungen.h"
 #include "planlist/frmPlanliste.h"
+#include "planlist/frmPlanPdf.h"
+#include "planlist/frmPlanReihenfolge.h"
 #include "planlist/frmPlanUmbenennen.h"
 #include "shell/FormPresenter.h"
 #include "shell/frmMain.h"
@@ -89,9 +93,13 @@ class FakePresenter : public FormPresenter {
     // What the user does in each form while it is open.
     std::function<void(frmKopieren&)> inKopieren;
     std::function<void(frmUmbenennen&)> inUmbenennen;
+    std::function<void(frmErstellen&)> inErstellen;
     std::function<void(frmInfo&)> inInfo;
     std::function<void(frmPlanliste&)> inPlanliste;
     std::function<void(frmPlanUmbenennen&)> inPlanUmbenennen;
+    std::function<void(frmPlanReihenfolge&)> inPlanReihenfolge;
+    std::function<void(frmPlanEinstellungen&)> inPlanEinstellungen;
+    std::function<void(frmPlanPdf&)> inPlanPdf;
 
     FormWindow& createMainWindow(frmMain& form) override {
         form.tbToolBar.setHeight(toolBarHeight);
@@ -102,9 +110,13 @@ class FakePresenter : public FormPresenter {
     }
     void showModal(frmKopieren& form) override { show(form, inKopieren); }
     void showModal(frmUmbenennen& form) override { show(form, inUmbenennen); }
+    void showModal(frmErstellen& form) override { show(form, inErstellen); }
     void showModal(frmInfo& form) override { show(form, inInfo); }
     void showModal(frmPlanliste& form) override { show(form, inPlanliste); }
     void showModal(frmPlanUmbenennen& form) override { show(form, inPlanUmbenennen); }
+    void showModal(frmPlanReihenfolge& form) override { show(form, inPlanReihenfolge); }
+    void showModal(frmPlanEinstellungen& form) override { show(form, inPlanEinstellungen); }
+    void showModal(frmPlanPdf& form) override { show(form, inPlanPdf); }
     void closeDialogs() override { dialog.close(); }
 
   private:

@@ -74,13 +74,28 @@ class FaultSweep : public Operations {
             dialog.txtStellen.setText(L"1");
             dialog.cmdUmbenennen.userClicks();
         };
+        presenter.inPlanReihenfolge = [](frmPlanReihenfolge& dialog) {
+            dialog.lvLayouts.userSelects({&dialog.lvLayouts.row(0)}, nullptr);
+            dialog.cmdUnten.userClicks();
+            dialog.cmdOK.userClicks();
+        };
+        presenter.inPlanPdf = [this](frmPlanPdf& dialog) {
+            dialog.txtOrdner.setText(L"C:\\Vorlagen");
+            dialog.txtOrdner.events.validate();
+            if (!dialog.chkAndere.checked()) dialog.chkAndere.userClicks();
+            dialog.cmdPlotten.userClicks();
+            presenter.dialog.goOn();
+        };
         presenter.inInfo = [](frmInfo& dialog) {
             dialog.cmdSysInfo.userClicks();
             dialog.cmdOK.userClicks();
         };
     }
 
-    std::vector<Action> allActions() {
+    /// Once the user has come back to a host that lives.
+    virtual void expectSettingsAreBack() {}
+
+    virtual std::vector<Action> allActions() {
         const auto always = [](frmMain&) { return true; };
         std::vector<Action> all = actions();
         all.push_back({L"return", [this](frmMain&) { leaveAndReturn(); }, always});
@@ -92,6 +107,8 @@ class FaultSweep : public Operations {
                        },
                        always});
         all.push_back({L"swap in the plan list, and back", [this](frmMain&) { swapInPlanList(); },
+                       [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
+        all.push_back({L"order and plot in the plan list", [this](frmMain&) { orderAndPlot(); },
                        [](frmMain& form) { return form.item(L"mnuPlanList").enabled(); }});
         all.push_back({L"start",
                        [this](frmMain&) {
@@ -126,6 +143,23 @@ class FaultSweep : public Operations {
         presenter.dialog.close();
     }
 
+    void orderAndPlot() {
+        const auto user = std::exchange(presenter.inPlanliste, [this](frmPlanliste& list) {
+            presenter.dialog.goOn();
+            std::vector<ListItem*> rows;
+            for (int i = 0; i < list.lvPlan.count(); ++i)
+                if (list.lvPlan.row(i).column(2) == L"Plan.dwg") rows.push_back(&list.lvPlan.row(i));
+            list.lvPlan.userSelects(rows, nullptr);
+            for (Button* button : {&list.cmdReihenfolge, &list.cmdPdf, &list.cmdRueckgaengig}) {
+                if (world.messages.shown.empty()) button->userClicks();
+                presenter.dialog.goOn();
+            }
+            presenter.dialog.close();
+        });
+        form().item(L"mnuPlanList").click();
+        presenter.inPlanliste = user;
+    }
+
     // Preparing
 
     void prepare(const Place& place) {
@@ -135,13 +169,18 @@ class FaultSweep : public Operations {
                 world.files.forget(file);
                 world.files.add(file);
             }
+            forgetPlots();
             restart();
+            host().options().writePlot = [this](const std::wstring& file, const std::string& bytes) {
+                world.files.fill(file, {bytes.begin(), bytes.end()});
+                return true;
+            };
             for (const auto& open : host().documents()) open->setModified();
             go(place);
             prepared_ = {place.attached ? place.node : L"", wholeState()};
         }
         host().forgetTypedTexts();
-        host().macros().load(L"Tarvix.dvb");
+        ignoringErrors([this] { host().macros().load(L"Tarvix.dvb"); });
         world.messages.clear();
         for (int i = 0; i < 3; ++i) world.messages.answer(MessageAnswer::yes);
         world.fileDialogs.chosen = L"C:\\Vorlagen\\Plan A3.dwt";
@@ -151,6 +190,12 @@ class FaultSweep : public Operations {
         form().MnuOptAutoCheck();
         before_ = stored();
         calls.clear();
+    }
+
+    void forgetPlots() {
+        const std::vector<std::wstring> files = world.files.all();
+        for (const std::wstring& file : files)
+            if (file.ends_with(L".pdf")) world.files.forget(file);
     }
 
     bool isAsPrepared(const Place& place) {
@@ -213,6 +258,7 @@ class FaultSweep : public Operations {
         for (const ListItem* item : list().selectedItems()) items.push_back(item->text());
 
         TestPlatform other(demo);
+        other.installations = world.installations;
         other.files = world.files;
         other.files.fails = [](std::wstring_view) { return false; };
         other.registry.storeText(RegistryRoot::localMachine, registryKey, "DefDB",
@@ -294,12 +340,13 @@ class FaultSweep : public Operations {
         const bool started = std::ranges::any_of(calls.calls(), [](const demo::RecordedCall& call) {
             return call.ofHost && call.kind == demo::RecordedCall::Kind::create;
         });
-        for (std::size_t i = 0; i < parts.size() && !started; ++i)
+        // Who cannot be told to open no page setup opens it.
+        for (std::size_t i = 0; i < parts.size() - (opensDialogs ? 1 : 0) && !started; ++i)
             EXPECT_TRUE(clean.states.at(i).contains(parts.at(i)))
                 << i << ": " << testing::PrintToString(parts.at(i));
         for (const auto& [name, value] : stored()) {
-            // The columns are remembered whenever the list changes its kind.
-            if (name.starts_with(L"ColOrder")) continue;
+            // The columns are remembered whenever the list changes its kind; what a host is owed until it has it.
+            if (name.starts_with(L"ColOrder") || name == L"PlanRestore") continue;
             EXPECT_TRUE(clean.stored.contains(name) && clean.stored.at(name).contains(value))
                 << testing::PrintToString(name);
         }
@@ -315,6 +362,7 @@ class FaultSweep : public Operations {
         EXPECT_EQ(tree().find(L"D0"), nullptr);
         if (!fault.hostGone && !fault.second) {
             EXPECT_EQ(host().filedia(), 1);
+            EXPECT_EQ(host().options().profile->backgroundPlot, 2);
         }
     }
 
@@ -322,8 +370,9 @@ class FaultSweep : public Operations {
     /// to be started is a question, not a failure.
     void expectFewMessages(std::size_t most) {
         std::vector<std::wstring> texts = world.messages.texts();
-        std::erase_if(texts,
-                      [](const std::wstring& text) { return text.starts_with(L"Soll AutoCAD gestartet"); });
+        std::erase_if(texts, [](const std::wstring& text) {
+            return text.starts_with(L"Soll AutoCAD gestartet") || text.ends_with(L" starten?");
+        });
         for (const wchar_t* text : {L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!",
                                     L"Vorlagen-Ordner kann nicht gelesen werden!"}) {
             const auto ofRefresh = std::ranges::find(texts, text);
@@ -340,6 +389,7 @@ class FaultSweep : public Operations {
         EXPECT_TRUE(world.messages.shown.empty()) << testing::PrintToString(world.messages.shown);
         EXPECT_EQ(calls.deadObjects(), 0U);
         EXPECT_EQ(host().filedia(), 1);
+        expectSettingsAreBack();
         const auto parts = hostParts();
         std::wstring key = parts[0] + parts[1] + parts[3];
         for (const TreeNode* node = tree().selected(); node; node = node->parent())
@@ -402,10 +452,14 @@ class FaultSweep : public Operations {
         }
     }
 
+    void everyCallFailsOnce();
+    void theHostGoesAtEveryCall();
+
     static int failures() {
         return testing::UnitTest::GetInstance()->current_test_info()->result()->total_part_count();
     }
 
+    bool opensDialogs = false;  ///< the host does, at layouts that are shown first
     std::pair<std::wstring, std::wstring> prepared_;
     std::map<std::wstring, std::wstring> before_;
     std::map<std::wstring, std::wstring> freshPictures_;
@@ -420,7 +474,7 @@ bool acts(const demo::RecordedCall& call) {
     return call.ofHost && (call.kind == Kind::put || (call.kind == Kind::call && call.name != L"Item"));
 }
 
-TEST_F(FaultSweep, EveryCallFailsOnce) {
+void FaultSweep::everyCallFailsOnce() {
     forEveryOperation([this](const Place& place, const Action& action, const CleanRun& clean) {
         for (std::size_t n = 1; n <= clean.calls.size(); ++n) {
             if (!isNew(action, clean, n)) continue;
@@ -431,7 +485,7 @@ TEST_F(FaultSweep, EveryCallFailsOnce) {
     RecordProperty("runs", runs_);
 }
 
-TEST_F(FaultSweep, TheHostGoesAtEveryCall) {
+void FaultSweep::theHostGoesAtEveryCall() {
     forEveryOperation([this](const Place& place, const Action& action, const CleanRun& clean) {
         for (std::size_t n = 1; n <= clean.calls.size(); ++n) {
             const demo::RecordedCall& call = clean.calls[n - 1];
@@ -442,6 +496,14 @@ TEST_F(FaultSweep, TheHostGoesAtEveryCall) {
         }
     });
     RecordProperty("runs", runs_);
+}
+
+TEST_F(FaultSweep, EveryCallFailsOnce) {
+    everyCallFailsOnce();
+}
+
+TEST_F(FaultSweep, TheHostGoesAtEveryCall) {
+    theHostGoesAtEveryCall();
 }
 
 TEST_F(FaultSweep, TwoCallsOfTheShortOperationsFail) {
@@ -456,6 +518,40 @@ TEST_F(FaultSweep, TwoCallsOfTheShortOperationsFail) {
         }
     });
     RecordProperty("runs", runs_);
+}
+
+/// What is done otherwise with a newer host without the macro project, whose layouts open the page setup.
+class FaultSweepWithoutTarvix : public FaultSweep {
+  protected:
+    FaultSweepWithoutTarvix() {
+        demo::HostOptions options = demo::ofRelease(L"24.3");
+        options.vbaInstalled = false;
+        options.profile->showsPageSetup = true;
+        useHost(options);
+        restart();
+        opensDialogs = true;
+        presenter.inErstellen = [this](frmErstellen& dialog) {
+            dialog.cmdStart.userClicks();
+            if (!presenter.dialog.closed) dialog.cmdCancel.userClicks();
+        };
+    }
+
+    std::vector<Action> allActions() override {
+        std::vector<Action> all;
+        for (const wchar_t* item : {L"mnuFileDelete", L"mnuCreate", L"mnuRelease(24.3)"})
+            all.push_back({item, [item](frmMain& form) { form.item(item).click(); },
+                           [item](frmMain& form) { return form.item(item).enabled(); }});
+        return all;
+    }
+    void expectSettingsAreBack() override { EXPECT_TRUE(host().options().profile->showsPageSetup); }
+};
+
+TEST_F(FaultSweepWithoutTarvix, EveryCallFailsOnce) {
+    everyCallFailsOnce();
+}
+
+TEST_F(FaultSweepWithoutTarvix, TheHostGoesAtEveryCall) {
+    theHostGoesAtEveryCall();
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "support/FakeFiles.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/RuntimeError.h"
 
@@ -96,6 +97,18 @@ std::unique_ptr<FileReader> FakeFiles::open(const std::wstring& path) {
     if (find(path) == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
     const Content& content = contents_[locale_.upperCase(path)];
     return std::make_unique<FakeFileReader>(content.bytes, content.written);
+}
+
+bool FakeFiles::folderExists(const std::wstring& path) {
+    return folders_.contains(locale_.upperCase(path));
+}
+
+void FakeFiles::rename(const std::wstring& path, const std::wstring& newPath) {
+    if (fails(L"Files.rename") || find(newPath) != files_.end()) throwDenied();
+    const auto file = find(path);
+    if (file == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
+    *file = newPath;
+    contents_[locale_.upperCase(newPath)] = std::exchange(contents_[locale_.upperCase(path)], {});
 }
 
 void FakeFiles::writeAtomically(const std::wstring& path, const std::string& bytes) {

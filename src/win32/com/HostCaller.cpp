@@ -14,6 +14,8 @@ constexpr auto slowPause = 100ms;
 constexpr auto quickPhase = 1000ms;
 /// After so long the user is told.
 constexpr auto noticeable = 1000ms;
+/// How long a call that may take its time has left once the user wants an end.
+constexpr auto patience = 2min;
 /// What a user does in this time he does without having seen that the program waits; it stays for afterwards.
 constexpr auto typedAhead = 500ms;
 
@@ -133,6 +135,11 @@ bool HostCaller::goesOn(HostState state, Milliseconds time) {
     reportWaiting(state, time);
     // A system that does not cancel the call must not have the user asked again.
     if (ended_ || gate_.gaveUp()) return false;
+    if (gate_.patient()) {
+        askAt_ = time + patience;
+        impatient_ = false;
+        return true;
+    }
     if (time < askAt_ || !impatient_ || !handlers_.askGiveUp) return true;
     // The waiting goes on while the question is open.
     const auto asked = Clock::now();

@@ -170,6 +170,15 @@ std::unique_ptr<FileReader> Win32Files::open(const std::wstring& path) {
     return std::make_unique<Win32FileReader>(std::move(file), about);
 }
 
+bool Win32Files::folderExists(const std::wstring& path) {
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+void Win32Files::rename(const std::wstring& path, const std::wstring& newPath) {
+    if (!MoveFileExW(path.c_str(), newPath.c_str(), 0)) throwSystemError();
+}
+
 void Win32Files::writeAtomically(const std::wstring& path, const std::string& bytes) {
     const std::wstring beside = path + L"." + std::to_wstring(GetCurrentProcessId()) + L".tmp";
     const HANDLE opened =

@@ -16,6 +16,8 @@ class Win32Files : public Files {
     std::vector<std::wstring> silent(const std::vector<std::wstring>& paths) override;
     std::wstring shortPath(const std::wstring& path) override;
     std::unique_ptr<FileReader> open(const std::wstring& path) override;
+    bool folderExists(const std::wstring& path) override;
+    void rename(const std::wstring& path, const std::wstring& newPath) override;
     void writeAtomically(const std::wstring& path, const std::string& bytes) override;
     void remove(const std::wstring& path) override;
 

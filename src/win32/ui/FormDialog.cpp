@@ -91,6 +91,18 @@ bool FormDialog::showWork(const std::wstring& text) {
     return true;
 }
 
+bool FormDialog::takeInput(const MSG& message) {
+    const Button* button = form_.interruptButton();
+    if (!button) return false;
+    const bool onButton = message.hwnd == windowOf(*button);
+    const bool key = message.message == WM_KEYDOWN &&
+                     (message.wParam == VK_ESCAPE || (onButton && message.wParam == VK_SPACE));
+    const bool click = (message.message == WM_LBUTTONDOWN && onButton) ||
+                       (message.message == WM_NCLBUTTONDOWN && message.wParam == HTCLOSE);
+    if (key || click) form_.interrupt();
+    return key || click;
+}
+
 INT_PTR CALLBACK FormDialog::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_INITDIALOG) {
         reinterpret_cast<FormDialog*>(lParam)->window_ = window;

@@ -45,6 +45,8 @@ class FormDialog : public DialogWindow {
     /// Says what the program waits for or is doing, where the form has a place for it; "" when that is done.
     /// Returns whether it has.
     bool showWork(const std::wstring& text);
+    /// Input that comes while a call waits: true where it ends the form's work, which is told to the form.
+    bool takeInput(const MSG& message);
 
     void setFocus(Control& control) override;
     void close() override;

@@ -22,13 +22,19 @@ class Win32FormPresenter : public FormPresenter {
     }
     void showModal(frmKopieren& form) override;
     void showModal(frmUmbenennen& form) override;
+    void showModal(frmErstellen& form) override;
     void showModal(frmInfo& form) override;
     void showModal(frmPlanliste& form) override;
     void showModal(frmPlanUmbenennen& form) override;
+    void showModal(frmPlanReihenfolge& form) override;
+    void showModal(frmPlanEinstellungen& form) override;
+    void showModal(frmPlanPdf& form) override;
     void closeDialogs() override;
     /// Says what the program waits for or is doing, in the window on top that has a place for it; "" when
     /// that is done.
     void showWork(const std::wstring& text);
+    /// Input that comes while a call waits; true where the dialog on top ends its work with it.
+    bool takeInput(const MSG& message);
 
     /// The main window, or null before it is made.
     MainWindow* mainWindow() const { return mainWindow_.get(); }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Operations.h"
+#include "res/DialogIds.h"
 
 namespace blattwart::test {
 namespace {
@@ -116,6 +117,42 @@ TEST_P(BusyOperations, AreGivenUpOnceWhenTheHostStaysBusy) {
             EXPECT_EQ(program.main->autoCAD.gAcadDoc.GetVariable(L"FILEDIA"), 1);
         }
     }
+}
+
+TEST_F(BusyHostTest, WhatItDoesNotTakeBackAfterPlottingComesBackLater) {
+    begin(plotting());
+    const std::wstring before = host.drawings();
+    program.givesUp = true;
+    program.calls.beforeCall([this](std::size_t number) {
+        const demo::RecordedCall& call = program.calls.calls()[number - 1];
+        const bool last = program.calls.count(L"PlotToFile") == 4;
+        if (last && call.name == L"QuietErrorMode") host->obey(L"refuse for -1");
+    });
+    run(plotting());
+    program.calls.beforeCall({});
+    EXPECT_TRUE(program.world.messages.texts().back().starts_with(
+        L"AutoCAD hat nicht alle Einstellungen zurückgenommen: "));
+    EXPECT_NE(host.profile(), L"2\n0\n");
+    program.inPlanList([](frmPlanliste& list) { list.cmdClose.userClicks(); });
+    EXPECT_EQ(host.profile(), L"2\n0\n");
+    EXPECT_EQ(host.drawings(), before);
+}
+
+/// A plot takes its time.
+TEST_F(BusyHostTest, TheUserEndsPlottingInTheMiddleWithoutBeingAsked) {
+    begin(plotting());
+    host.start(program.client, L"/plottime 1500");
+    program.leaveAndReturn();
+    prepare(program, plotting());
+    program.whileBusy = [](std::int32_t milliseconds) {
+        const HWND dialog = FindWindowW(L"#32770", L"PDF erzeugen");
+        if (dialog && milliseconds > 600)
+            PostMessageW(GetDlgItem(dialog, IDCANCEL), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(3, 3));
+    };
+    run(plotting());
+    EXPECT_EQ(program.calls.count(L"PlotToFile"), 1U);
+    EXPECT_EQ(program.asked, 0);
+    EXPECT_EQ(host.profile(), L"2\n0\n");
 }
 
 /// With the program's own patience.

@@ -19,7 +19,22 @@ void click(ProgramOnHost& program, const wchar_t* path) {
     program.tree().userClicks(*program.node(path));
 }
 
+void forAllPlans(ProgramOnHost& program, Button frmPlanliste::*button) {
+    program.inPlanList([button](frmPlanliste& list) {
+        std::vector<ListItem*> rows;
+        for (int row = 0; row < list.lvPlan.count(); ++row) rows.push_back(&list.lvPlan.row(row));
+        list.lvPlan.userSelects(rows, nullptr);
+        (list.*button).userClicks();
+    });
+}
+
 }  // namespace
+
+Operation plotting() {
+    return {"plot to PDF files", L"Plan.dwg/Blatt 2", {}, [](ProgramOnHost& program) {
+                forAllPlans(program, &frmPlanliste::cmdPdf);
+            }};
+}
 
 const std::vector<Operation>& operations() {
     static const std::vector<Operation> all{
@@ -70,14 +85,8 @@ const std::vector<Operation>& operations() {
         {"rename in the plan list",
          L"Plan.dwg/Blatt 2",
          {},
-         [](ProgramOnHost& program) {
-             program.inPlanList([](frmPlanliste& list) {
-                 std::vector<ListItem*> rows;
-                 for (int row = 0; row < list.lvPlan.count(); ++row) rows.push_back(&list.lvPlan.row(row));
-                 list.lvPlan.userSelects(rows, nullptr);
-                 list.cmdUmbenennen.userClicks();
-             });
-         }},
+         [](ProgramOnHost& program) { forAllPlans(program, &frmPlanliste::cmdUmbenennen); }},
+        plotting(),
     };
     return all;
 }

@@ -19,6 +19,8 @@ struct Operation {
 
 /// All operations that have to do with the host. Each answers one question with Yes at most.
 const std::vector<Operation>& operations();
+/// One of them: all layouts are plotted, four of two drawings.
+Operation plotting();
 
 /// The same in parts, each for a test of its own.
 inline constexpr std::size_t operationParts = 5;

@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "demo/host/Disk.h"
+#include "demo/host/HostOptions.h"
 #include "res/DialogIds.h"
 #include "ui/ControlHost.h"
 #include "win32/com/ComError.h"
@@ -69,20 +70,24 @@ std::wstring marked(const TreeNode& node) {
 
 const std::wstring HostProgram::database = temporaryFile(L"Tarvix.mdb");
 
-HostProgram::HostProgram() {
+HostProgram::HostProgram(std::wstring release)
+    : release_(std::move(release)), window_(window + (release_ == L"18" ? std::wstring() : release_)) {
     registerAdo();
     fs::remove(database);
     if (runProgram(DATABASE_MAKER, L"/still \"" + database + L"\"") != 0)
         throw std::runtime_error("the database cannot be made");
-    runProgram(CADHOST, L"/register /silent");
+    runProgram(CADHOST, L"/release " + release_ + L" /register /silent");
 }
 
 void HostProgram::start(Client& client, const std::wstring& options) {
     kill();
     writeFiles();
-    program_.emplace(CADHOST, L"/silent " + options + L" C:\\Projekte\\Haus.dwg C:\\Projekte\\Plan.dwg",
-                     window);
-    if (!attach(client, name)) throw std::runtime_error("the host does not come up");
+    program_.emplace(
+        CADHOST,
+        L"/release " + release_ + L" /silent " + options + L" C:\\Projekte\\Haus.dwg C:\\Projekte\\Plan.dwg",
+        window_.c_str());
+    if (!attach(client, demo::programNames(release_).front().c_str()))
+        throw std::runtime_error("the host does not come up");
 }
 
 int HostProgram::messages() {
@@ -95,6 +100,10 @@ std::wstring HostProgram::drawings() {
     std::vector<std::wstring> lines;
     for (std::wstring line; std::getline(text, line);) lines.push_back(line);
     return sortedLines(std::move(lines));
+}
+
+std::wstring HostProgram::profile() {
+    return told(L"profile");
 }
 
 std::wstring HostProgram::told(const std::wstring& command) {
@@ -111,7 +120,8 @@ ProgramOnHost::ProgramOnHost(std::chrono::milliseconds askAfter) : client(askAft
              [this](HostState) {
                  ++asked;
                  return givesUp;
-             }});
+             },
+         .takeInput = [this](MSG& message) { return presenter.takeInput(message); }});
     const std::string file(HostProgram::database.begin(), HostProgram::database.end());
     world.registry.storeText(RegistryRoot::localMachine, "SOFTWARE\\Ormeda\\Tarvix 2.1", "DefDB", file);
 }
@@ -144,6 +154,7 @@ void ProgramOnHost::noteBusy(HostState state, std::int32_t milliseconds) {
         PostMessageW(window ? window->window() : nullptr, WM_KEYDOWN, VK_RETURN, 0);
     if (!window) return;
     window->showWork(statusText(state, milliseconds));
+    if (whileBusy) whileBusy(milliseconds);
     busy.push_back({milliseconds, busyPanel(), std::exchange(painted_, false)});
     InvalidateRect(window->window(), nullptr, FALSE);
 }
@@ -208,7 +219,15 @@ void ProgramOnHost::inPlanList(std::function<void(frmPlanliste&)> user) {
     const UINT_PTR timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
         const HWND window = FindWindowW(L"#32770", L"Planliste");
         const HWND rename = FindWindowW(L"#32770", L"Layouts nach Muster umbenennen");
-        if (rename && IsWindowVisible(rename)) {
+        const HWND pdf = FindWindowW(L"#32770", L"PDF erzeugen");
+        if (pdf && IsWindowVisible(pdf)) {
+            const std::wstring end = textOf(GetDlgItem(pdf, IDCANCEL));
+            if (end == L"Schließen") PostMessageW(pdf, WM_COMMAND, IDCANCEL, 0);
+            if (end != L"Abbrechen") return;
+            SendDlgItemMessageW(pdf, IDC_ANDERE, BM_SETCHECK, BST_CHECKED, 0);
+            PostMessageW(pdf, WM_COMMAND, IDC_ANDERE, 0);
+            PostMessageW(pdf, WM_COMMAND, IDOK, 0);
+        } else if (rename && IsWindowVisible(rename)) {
             SetDlgItemTextW(rename, IDC_SUCHEN, L"Blatt");
             SetDlgItemTextW(rename, IDC_ERSETZEN, L"Plan");
             for (const WPARAM button : {IDOK, IDCANCEL}) PostMessageW(rename, WM_COMMAND, button, 0);

@@ -1,0 +1,261 @@
+#include <algorithm>
+
+#include "planlist/PlotSettings.h"
+#include "Program.h"
+
+namespace blattwart::test {
+namespace {
+
+using Texts = std::vector<std::wstring>;
+
+/// What the plan list's dialogs do with Haus.dwg (EG, OG 10, OG 2) and Plan.dwg (Schnitt, EG), which is
+/// active: the order of tabs, page setups, PDF files.
+class PlanPlotTest : public Program {
+  protected:
+    PlanPlotTest() {
+        house = host().addDocument(L"C:\\Haus", L"Haus.dwg", {L"EG", L"OG 10", L"OG 2"});
+        plan = host().addDocument(L"C:\\Haus", L"Plan.dwg", {L"Schnitt", L"EG"});
+        host().options().writePlot = [this](const std::wstring& path, const std::string& bytes) {
+            world.files.fill(path, {bytes.begin(), bytes.end()});
+            return true;
+        };
+        world.files.addFolder(L"C:\\Haus");
+        start();
+        world.messages.strict = true;
+    }
+
+    void open(std::function<void()> user) {
+        presenter.inPlanliste = [this, user = std::move(user)](frmPlanliste&) {
+            window().goOn();
+            user();
+            if (!window().closed) list().cmdClose.userClicks();
+        };
+        choose(L"mnuPlanList");
+        EXPECT_EQ(world.messages.outstanding(), 0U);
+    }
+    /// Selects these ("Haus.dwg/EG"), the first one with the focus.
+    void select(const Texts& rows) {
+        std::vector<ListItem*> items;
+        for (const std::wstring& row : rows)
+            for (int i = 0; i < list().lvPlan.count(); ++i) {
+                ListItem& item = list().lvPlan.row(i);
+                if (item.column(2) + L"/" + item.text() == row) items.push_back(&item);
+            }
+        EXPECT_EQ(items.size(), rows.size());
+        list().lvPlan.userSelects(items, items.front());
+    }
+    void undo() {
+        world.messages.answer(MessageAnswer::yes);
+        window().press({.key = L'Z', .control = true}, &list().lvPlan);
+        window().goOn();
+    }
+    void change(const demo::DocumentPtr& document, const wchar_t* layout,
+                const std::function<void(demo::PlotSettings&)>& how) {
+        demo::PlotSettings settings = settingsOf(document, layout);
+        how(settings);
+        document->findLayout(layout)->setPlotSettings(settings);
+    }
+    static demo::PlotSettings settingsOf(const demo::DocumentPtr& document, const wchar_t* layout) {
+        return document->findLayout(layout)->plotSettings();
+    }
+    static Texts layouts(const demo::DocumentPtr& document) {
+        Texts names;
+        for (const demo::Layout* layout : document->drawing().layouts())
+            if (!layout->isModel()) names.push_back(layout->name());
+        return names;
+    }
+    static Texts columnOf(const ListView& shown, int column) {
+        Texts texts;
+        for (int i = 0; i < shown.count(); ++i)
+            texts.push_back(column == 1 ? shown.row(i).text() : shown.row(i).column(column));
+        return texts;
+    }
+    void makePdfOf(const Texts& rows, std::function<void(frmPlanPdf&)> user) {
+        select(rows);
+        presenter.inPlanPdf = std::move(user);
+        list().cmdPdf.userClicks();
+        window().goOn();
+    }
+
+    frmPlanliste& list() { return main->planList; }
+    FakeDialogWindow& window() { return presenter.dialog; }
+    std::wstring status() { return list().lblStatus.text(); }
+
+    demo::DocumentPtr house;
+    demo::DocumentPtr plan;
+};
+
+TEST_F(PlanPlotTest, TabsStandAsTheUserHasMovedThemAndGoBack) {
+    open([this] {
+        select({L"Haus.dwg/OG 2", L"Plan.dwg/EG"});
+        presenter.inPlanReihenfolge = [this](frmPlanReihenfolge& form) {
+            EXPECT_EQ(columnOf(form.lvLayouts, 1), (Texts{L"EG", L"OG 2", L"OG 10", L"EG", L"Schnitt"}));
+            EXPECT_EQ(columnOf(form.lvLayouts, 3), (Texts{L"1", L"3", L"2", L"2", L"1"}));
+            EXPECT_EQ(columnOf(form.lvLayouts, 4), (Texts{L"1", L"2", L"3", L"1", L"2"}));
+            EXPECT_EQ(form.lvLayouts.selectedItems().size(), 2U);
+            window().press({.key = Shortcut::down, .alt = true}, &form.lvLayouts);
+            EXPECT_FALSE(form.cmdOK.enabled());
+            form.cmdOben.userClicks();
+            form.cmdOben.userClicks();
+            EXPECT_FALSE(form.cmdOben.enabled());
+            form.cmdNamen.userClicks();
+            form.cmdOK.userClicks();
+        };
+        window().press({.key = Shortcut::up, .alt = true}, &list().lvPlan);
+        window().goOn();
+        EXPECT_EQ(layouts(house), (Texts{L"EG", L"OG 2", L"OG 10"}));
+        EXPECT_EQ(layouts(plan), (Texts{L"EG", L"Schnitt"}));
+        EXPECT_EQ(status(), L"Reihenfolge geändert.");
+        EXPECT_EQ(list().lvPlan.row(1).text(), L"OG 2");
+        EXPECT_EQ(list().lvPlan.row(1).column(3), L"2");
+        EXPECT_EQ(list().cmdRueckgaengig.toolTip(),
+                  L"Macht rückgängig: Reihenfolge in 2 Zeichnungen geändert (Strg+Z)");
+        undo();
+        EXPECT_EQ(layouts(house), (Texts{L"EG", L"OG 10", L"OG 2"}));
+        EXPECT_EQ(layouts(plan), (Texts{L"Schnitt", L"EG"}));
+        EXPECT_FALSE(list().cmdRueckgaengig.enabled());
+    });
+}
+
+TEST_F(PlanPlotTest, APageSetupIsShownBeforeItIsCarriedOver) {
+    for (const auto& [document, layout] : {std::pair(house, L"EG"), {house, L"OG 2"}, {plan, L"EG"}})
+        change(document, layout, [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
+    change(house, L"OG 2", [](demo::PlotSettings& s) {
+        s.paper = L"ISO_A3_(420.00_x_297.00_MM)";
+        s.rotation = 1;
+    });
+    const demo::PlotSettings before = settingsOf(house, L"EG");
+    open([this, &before] {
+        select({L"Haus.dwg/EG"});
+        EXPECT_FALSE(list().cmdEinstellungen.enabled());
+        select({L"Haus.dwg/EG", L"Haus.dwg/OG 2", L"Plan.dwg/EG"});
+        presenter.inPlanEinstellungen = [this](frmPlanEinstellungen& form) {
+            EXPECT_EQ(form.lblStatus.text(), L"Seiteneinrichtung 1 von 3 wird gelesen … (Esc bricht ab)");
+            window().goOn();
+            EXPECT_EQ(form.txtVon.text(), L"Haus.dwg, EG");
+            form.lvNach.userSelects({&form.lvNach.row(1)}, &form.lvNach.row(1));
+            form.cmdQuelle.userClicks();
+            EXPECT_EQ(form.txtVon.text(), L"Haus.dwg, OG 2");
+            EXPECT_EQ(columnOf(form.lvNach, 4),
+                      (Texts{L"ISO A3 (420.00 x 297.00 MM)",
+                             L"ISO A4 (210.00 x 297.00 MM) → ISO A3 (420.00 x 297.00 MM)",
+                             L"ISO A4 (210.00 x 297.00 MM) → ISO A3 (420.00 x 297.00 MM)"}));
+            EXPECT_EQ(columnOf(form.lvNach, 5),
+                      (Texts{L"Querformat", L"Hochformat → Querformat", L"Hochformat → Querformat"}));
+            EXPECT_EQ(form.lblStatus.text(), L"2 Layouts werden geändert.");
+            form.cmdUebertragen.userClicks();
+            window().goOn();
+            EXPECT_TRUE(window().closed);
+        };
+        list().cmdEinstellungen.userClicks();
+        EXPECT_EQ(status(), L"Seiteneinrichtung übertragen.");
+        EXPECT_EQ(settingsOf(plan, L"EG").rotation, 1);
+        EXPECT_EQ(list().lvPlan.row(0).column(5), L"ISO A3 (420.00 x 297.00 MM)");
+        undo();
+        EXPECT_EQ(settingsOf(house, L"EG"), before);
+        EXPECT_EQ(status(), L"Rückgängig gemacht: Seiteneinrichtung auf 2 Layouts übertragen.");
+    });
+    open([this] {
+        change(plan, L"EG", [](demo::PlotSettings& s) { s.device = L"Weg.pc3"; });
+        select({L"Plan.dwg/EG", L"Haus.dwg/EG"});
+        presenter.inPlanEinstellungen = [this](frmPlanEinstellungen& form) {
+            window().goOn();
+            form.cmdUebertragen.userClicks();
+            window().goOn();
+            EXPECT_FALSE(window().closed) << "it stays as a report";
+            EXPECT_EQ(form.lblStatus.text(), L"Nicht alles wurde übertragen, siehe Spalte „Hinweis“.");
+            EXPECT_EQ(form.lvNach.row(1).column(9), L"Plotgerät nicht übernommen: Ungültige Eingabe");
+            EXPECT_FALSE(form.cmdUebertragen.enabled());
+            EXPECT_EQ(form.cmdCancel.text(), L"Schließen");
+            form.cmdCancel.userClicks();
+        };
+        list().cmdEinstellungen.userClicks();
+        window().goOn();
+    });
+}
+
+TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
+    for (const wchar_t* layout : {L"EG", L"OG 10"})
+        change(house, layout, [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
+    world.files.fill(L"C:\\Haus\\1 EG.pdf", {'a', 'l', 't'});
+    open([this] {
+        makePdfOf({L"Haus.dwg/EG", L"Haus.dwg/OG 10", L"Plan.dwg/EG"}, [this](frmPlanPdf& form) {
+            EXPECT_EQ(
+                columnOf(form.lvLayouts, 3),
+                (Texts{L"C:\\Haus\\Haus-EG.pdf", L"C:\\Haus\\Haus-OG 10.pdf", L"C:\\Haus\\Plan-EG.pdf"}));
+            EXPECT_EQ(form.lvLayouts.row(2).column(4), L"wird nicht geplottet: Plotgerät ist kein PDF-Gerät");
+            form.txtName.setText(L"<Unsinn>");
+            EXPECT_EQ(form.lvLayouts.row(0).column(4), L"unbekannter Platzhalter");
+            EXPECT_FALSE(form.cmdPlotten.enabled());
+            form.txtName.setText(L"<Nr> <Layout>");
+            form.txtOrdner.setText(L"C:\\Fehlt");
+            EXPECT_FALSE(form.txtOrdner.events.validate());
+            EXPECT_EQ(form.lvLayouts.row(0).column(4), L"Der Ordner ist nicht vorhanden.");
+            form.txtOrdner.setText(L"");
+            form.chkAndere.userClicks();
+            EXPECT_EQ(columnOf(form.lvLayouts, 4),
+                      (Texts{L"Datei vorhanden", L"bereit", L"über DWG To PDF.pc3"}));
+            world.messages.expect(
+                L"1 Datei ist schon vorhanden.\n\nJa: Dateien überschreiben.\nNein: diese "
+                L"Layouts überspringen.\nAbbrechen: nichts plotten.",
+                MessageAnswer::no);
+            form.cmdPlotten.userClicks();
+            EXPECT_EQ(form.cmdCancel.text(), L"Anhalten");
+            EXPECT_EQ(form.interruptButton(), &form.cmdCancel);
+            window().goOn();
+            EXPECT_EQ(columnOf(form.lvLayouts, 4),
+                      (Texts{L"übersprungen: Datei vorhanden", L"fertig", L"fertig"}));
+            EXPECT_EQ(form.lblStatus.text(), L"2 von 3 Layouts geplottet, 1 übersprungen.");
+            EXPECT_EQ(form.cmdCancel.text(), L"Schließen");
+            EXPECT_FALSE(form.cmdPlotten.enabled());
+            form.cmdOrdner.userClicks();
+            EXPECT_EQ(world.process.started.back(), L"explorer.exe C:\\Haus");
+            form.cmdCancel.userClicks();
+        });
+        EXPECT_EQ(world.settings.values[L"PlanPdfPattern"], L"<Nr> <Layout>");
+        makePdfOf({L"Haus.dwg/EG", L"Haus.dwg/OG 10"}, [this](frmPlanPdf& form) {
+            EXPECT_TRUE(form.chkAndere.checked());
+            world.messages.answer(MessageAnswer::yes);
+            form.cmdPlotten.userClicks();
+            form.step();
+            form.step();
+            form.interrupt();
+            EXPECT_EQ(form.lblStatus.text(), L"Wird nach diesem Layout angehalten …");
+            window().goOn();
+            EXPECT_EQ(columnOf(form.lvLayouts, 4), (Texts{L"fertig", L"angehalten"}));
+        });
+    });
+    EXPECT_EQ(host().activeDocument(), plan);
+    EXPECT_EQ(house->drawing().currentLayout().name(), L"EG");
+    EXPECT_EQ(host().options().profile->backgroundPlot, 2);
+}
+
+TEST_F(PlanPlotTest, WhatABusyHostKeepsComesBackWithTheNextCommand) {
+    change(house, L"OG 2", [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
+    open([this] {
+        makePdfOf({L"Haus.dwg/OG 2"}, [this](frmPlanPdf& form) {
+            form.cmdPlotten.userClicks();
+            form.step();
+            form.step();
+            calls.refuse(RuntimeError(hresult::callRejected, L"beschäftigt"));
+            world.messages.expect(
+                L"AutoCAD hat nicht alle Einstellungen zurückgenommen: Layout in „Haus.dwg“, aktive "
+                L"Zeichnung, "
+                L"BACKGROUNDPLOT. Blattwart versucht es beim nächsten Befehl wieder.");
+            window().goOn();
+            EXPECT_EQ(form.lvLayouts.row(0).column(4), L"fertig");
+        });
+        EXPECT_EQ(host().activeDocument(), house);
+        calls.heal();
+        window().press({.key = L'C', .control = true}, &list().lvPlan);
+        EXPECT_EQ(host().activeDocument(), plan);
+        EXPECT_EQ(house->drawing().currentLayout().name(), L"EG");
+        EXPECT_EQ(host().options().profile->backgroundPlot, 2);
+        host().sendCommand(plan, L"_.-LAYOUT\r");
+        world.messages.expect(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
+        makePdfOf({L"Haus.dwg/OG 2"}, [](frmPlanPdf&) { ADD_FAILURE() << "opened"; });
+    });
+}
+
+}  // namespace
+}  // namespace blattwart::test
