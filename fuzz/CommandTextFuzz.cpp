@@ -20,6 +20,7 @@ bool isControl(wchar_t c) {
 
 struct NoWindow : NavigatorEvents {
     void RefreshTree() override {}
+    void hostChanged() override {}
     void ShowNodeStatus() override {}
     void showSelectedNode() override {}
     void setDragMode() override {}

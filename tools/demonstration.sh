@@ -41,6 +41,7 @@ start_session() {
     KEEP_DISPLAY=${DISPLAY:+1} tests/win32/wine-run.sh --resume "$session" || return
     ln -sfn "$PWD/build/samples" "$session/prefix/drive_c/Beispiele"
     in_session "$cadhost" /register /templates "$samples\\Vorlagen" &&
+        { [ -z "${beside:-}" ] || in_session "$cadhost" /release "$beside" /register /templates "$samples\\Vorlagen"; } &&
         in_session regsvr32 /s "Z:${library//\//\\}" && make_database &&
         in_session reg add 'HKLM\SOFTWARE\Ormeda\Tarvix 2.1' /v DefDB /d "$samples\\Tarvix.mdb" /f >/dev/null
 }
@@ -134,6 +135,9 @@ demonstrate() {
     say "Starting the demonstration host"
     start_session 9>&- || fail "Wine or the demonstration host cannot be set up"
     in_session "$cadhost" /templates "$samples\\Vorlagen" /do 'activate Erdgeschoß Süd.dwg' "${drawings[@]}" 9>&- &
+    # Another release beside it, as users have it.
+    [ -z "${beside:-}" ] || in_session "$cadhost" /release "$beside" /novba /templates "$samples\\Vorlagen" \
+        "$samples\\Haus 1\\Plan.dwg" "$samples\\Zeichnungen\\Erdgeschoß Süd.dwg" 9>&- &
     in_session "$cadhost" /wait 9>&- || fail "the demonstration host does not come up"
 
     say "Starting Blattwart"
@@ -141,4 +145,8 @@ demonstrate() {
     if [ -n "${DISPLAY:-}" ]; then wait $!; else "$then"; fi
 }
 
-do_run() { demonstrate take_pictures; }
+# do_run [RELEASE]
+do_run() {
+    local beside=${1:-}
+    demonstrate take_pictures
+}

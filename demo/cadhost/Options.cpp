@@ -53,6 +53,7 @@ class Reader {
         {L"wait", [this] { options_.task = Task::wait; }},
         {L"Automation", [this] { options_.automation = true; }},
         {L"Embedding", [this] { options_.automation = true; }},
+        {L"release", [this] { options_.host = ofRelease(argument(), options_.host); }},
         {L"wide", [this] { options_.host.wideIds = true; }},
         {L"noshortids", [this] { options_.host.shortIds = false; }},
         {L"english", [this] { options_.host.language = Language::english; }},

@@ -19,6 +19,7 @@ enum class Task { run, enter, remove, wait };
 ///     /register, /unregister   enters the program in the registry, with the other options given; removes it
 ///     /wait                    ends when clients find a running host, or with 1 after half a minute
 ///     /Automation, -Embedding  started for a client: invisible
+///     /release NN.M            behaves and is entered as that release (before what changes single options)
 ///     /wide                    a 64-bit host
 ///     /noshortids              without 32-bit ids beside the wide ones
 ///     /english                 an English host

@@ -13,8 +13,48 @@ namespace {
 
 using namespace demo;
 
-const ServerClass hostClass{{0x6D7AE628, 0xFF41, 0x4CD3, {0x91, 0xDD, 0x34, 0x82, 0x5B, 0xB1, 0xA2, 0x51}},
-                            L"AutoCAD.Application.18"};
+/// The classes of a release, the most particular first. Those of the established family are its real ones.
+std::vector<ServerClass> hostClasses(const std::wstring& release) {
+    constexpr CLSID established{0x6D7AE628, 0xFF41, 0x4CD3, {0x91, 0xDD, 0x34, 0x82, 0x5B, 0xB1, 0xA2, 0x51}};
+    const std::vector<std::wstring> names = programNames(release);
+    if (release == L"18") return {{established, names.front()}};
+    std::vector<ServerClass> classes;
+    for (const std::wstring& name : names) {
+        // A class of its own for each number: family, and release behind the last point.
+        const std::wstring number = name.substr(name.find_first_of(L"0123456789"));
+        const auto family = static_cast<WORD>(std::stoi(number));
+        const std::size_t point = number.find(L'.');
+        const auto minor =
+            static_cast<WORD>(point == std::wstring::npos ? 0 : 1 + std::stoi(number.substr(point + 1)));
+        classes.push_back(
+            {{0x5D0C3A71, family, minor, {0xA2, 0x4E, 0x10, 0x7B, 0x33, 0x9C, 0x5E, 0x02}}, name});
+    }
+    return classes;
+}
+
+/// What the release is called, and the key under which it is entered.
+struct Product {
+    std::wstring key;
+    std::wstring name;
+};
+Product productOf(const HostOptions& host) {
+    const std::wstring release = host.version.substr(0, host.version.find_first_not_of(L"0123456789."));
+    const bool german = host.language == Language::german;
+    return {L"SOFTWARE\\Autodesk\\AutoCAD\\R" + release + L"\\ACAD-0001:" + (german ? L"407" : L"409"),
+            L"AutoCAD " + release + (german ? L" – Deutsch" : L" – English")};
+}
+
+void enter(const Options& options, const std::wstring& command) {
+    for (const ServerClass& each : hostClasses(options.host.release)) registerProgram(each, command);
+    const Product product = productOf(options.host);
+    RegSetKeyValueW(HKEY_LOCAL_MACHINE, product.key.c_str(), L"ProductName", REG_SZ, product.name.c_str(),
+                    static_cast<DWORD>((product.name.size() + 1) * sizeof(wchar_t)));
+}
+
+void remove(const Options& options) {
+    for (const ServerClass& each : hostClasses(options.host.release)) unregister(each);
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, productOf(options.host).key.c_str());
+}
 
 /// The way in which clients make COM start this program: with the options that it was registered with.
 std::wstring startCommand(std::vector<std::wstring> words) {
@@ -31,18 +71,23 @@ void openAtStart(HostControl& control, const HostPtr& host, const Options& optio
         }
     }
     // The real host comes up with an empty drawing, but not for a client.
-    if (!options.automation && host->documents().empty()) host->newDocument();
+    if (!options.automation && !options.host.startTab && host->documents().empty()) host->newDocument();
+}
+
+/// Of several hosts each has a window class of its own.
+std::wstring windowSuffix(const HostOptions& host) {
+    return host.release == L"18" ? L"" : host.release;
 }
 
 void serve(const Options& options) {
     const Apartment apartment;
     const HostPtr host = makeHost(options.host);
-    Server server(hostClass, L"AutoCAD");
+    Server server(hostClasses(options.host.release), L"AutoCAD");
     HostControl control(*host, server);
     HostScreen screen(*host, options.silent);
-    ServerWindow window(
-        L"CadHostWindow", [&](const std::wstring& command) { return control.obey(command); },
-        [&](HDC canvas, const RECT& area) { screen.paint(canvas, area); });
+    ServerWindow window((L"CadHostWindow" + windowSuffix(options.host)).c_str(),
+                        [&](const std::wstring& command) { return control.obey(command); },
+                        [&](HDC canvas, const RECT& area) { screen.paint(canvas, area); });
     screen.attach(window.handle());
     server.setAfterCall([&] { screen.update(); });
 
@@ -65,10 +110,10 @@ void serve(const Options& options) {
     host->quit();
 }
 
-bool awaitHost() {
+bool awaitHost(const Options& options) {
     constexpr DWORD halfMinute = 30000;
     const Apartment apartment;
-    return awaitRunning(hostClass, halfMinute);
+    return awaitRunning(hostClasses(options.host.release).front(), halfMinute);
 }
 
 }  // namespace
@@ -79,13 +124,13 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
         const Options options = readOptions(words);
         switch (options.task) {
             case Task::enter:
-                registerProgram(hostClass, startCommand(words));
+                enter(options, startCommand(words));
                 break;
             case Task::remove:
-                unregister(hostClass);
+                remove(options);
                 break;
             case Task::wait:
-                return awaitHost() ? 0 : 1;
+                return awaitHost(options) ? 0 : 1;
             case Task::run:
                 serve(options);
                 break;

@@ -39,8 +39,8 @@ ComPtr<IStream> standingEnumerator(const std::shared_ptr<Exporter>& exporter) {
 
 }  // namespace
 
-Server::Server(ServerClass server, const std::wstring& source)
-    : server_(std::move(server)),
+Server::Server(std::vector<ServerClass> classes, const std::wstring& source)
+    : classes_(std::move(classes)),
       behaviour_(std::make_shared<Behaviour>()),
       // Calls may still come in while the objects outlive the server.
       exporter_(std::make_shared<Exporter>(
@@ -52,8 +52,8 @@ Server::~Server() {
     exporter_->afterCall = {};
     while (SUCCEEDED(CoReleaseMarshalData(standingEnumerator_.Get()))) {
     }
-    if (running_) RevokeActiveObject(running_, nullptr);
-    if (offered_) CoRevokeClassObject(offered_);
+    for (const DWORD running : running_) RevokeActiveObject(running, nullptr);
+    for (const DWORD offered : offered_) CoRevokeClassObject(offered);
 }
 
 bool Server::obey(const std::wstring& command) {
@@ -72,7 +72,10 @@ bool Server::obey(const std::wstring& command) {
 
 void Server::publish(const ObjectPtr& application) {
     const ComPtr<IDispatch> dispatch = exporter_->toDispatch(application);
-    throwIfFailed(RegisterActiveObject(dispatch.Get(), server_.id, ACTIVEOBJECT_STRONG, &running_));
+    for (const ServerClass& each : classes_) {
+        DWORD& running = running_.emplace_back();
+        throwIfFailed(RegisterActiveObject(dispatch.Get(), each.id, ACTIVEOBJECT_STRONG, &running));
+    }
 }
 
 void Server::offer(const ObjectPtr& application) {
@@ -81,8 +84,9 @@ void Server::offer(const ObjectPtr& application) {
             throw RuntimeError(admitted, L"");
         return exporter->toDispatch(application);
     });
-    throwIfFailed(
-        CoRegisterClassObject(server_.id, factory.Get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE, &offered_));
+    for (const ServerClass& each : classes_)
+        throwIfFailed(CoRegisterClassObject(each.id, factory.Get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE,
+                                            &offered_.emplace_back()));
 }
 
 bool awaitRunning(const ServerClass& server, DWORD milliseconds) {

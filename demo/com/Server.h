@@ -21,8 +21,8 @@ class Apartment {
 /// in is treated as the behaviour says.
 class Server {
   public:
-    /// `source` is what exceptions name as their origin.
-    Server(ServerClass server, const std::wstring& source);
+    /// Known under all of the classes. `source` is what exceptions name as their origin.
+    Server(std::vector<ServerClass> classes, const std::wstring& source);
     Server(const Server&) = delete;
     Server& operator=(const Server&) = delete;
     ~Server();
@@ -41,12 +41,12 @@ class Server {
     const WireCounters& counters() const { return exporter_->counters(); }
 
   private:
-    ServerClass server_;
+    std::vector<ServerClass> classes_;
     std::shared_ptr<Behaviour> behaviour_;
     std::shared_ptr<Exporter> exporter_;
     ComPtr<IStream> standingEnumerator_;
-    DWORD running_ = 0;
-    DWORD offered_ = 0;
+    std::vector<DWORD> running_;
+    std::vector<DWORD> offered_;
 };
 
 /// True once clients can find the class as a running instance; false when they cannot after so many

@@ -7,24 +7,30 @@
 
 namespace demo {
 
-/// The automation of a machine on which the demonstration host is installed: it runs or not, can be started
-/// or not. Starting gives another instance than before, with one new drawing.
+/// The automation of a machine on which the demonstration host is installed, perhaps in several releases:
+/// each runs or not, can be started or not. Starting gives another instance than before, with one new drawing
+/// unless it comes up with the start tab.
 class DemoAutomation final : public blattwart::Automation {
   public:
     using OtherPrograms = std::function<blattwart::ObjectPtr(std::wstring_view name)>;
 
-    /// The host is not running at first. Instances that clients start have the options and the disk.
+    /// The first release. The host is not running at first. Instances that clients start have the options and
+    /// the disk.
     explicit DemoAutomation(HostOptions options = {}, Disk disk = {});
+    /// Another release beside it, or the same one with other options.
+    void install(HostOptions options);
 
     /// Makes objects of other names ("ADODB.Connection"), which are unknown otherwise.
     void setOtherPrograms(OtherPrograms make) { otherPrograms_ = std::move(make); }
 
+    // "" for the first release.
+
     /// The user starts the host: visible, without a document. A running instance is ended.
-    Host& start();
+    Host& start(std::wstring_view release = {});
     /// The user ends the host; its objects are dead.
-    void end();
+    void end(std::wstring_view release = {});
     /// The running instance; null when there is none.
-    const HostPtr& host() const { return host_; }
+    const HostPtr& host(std::wstring_view release = {});
 
     /// Creating fails with this text; "" lets it succeed again.
     void setCreateError(std::wstring text) { createError_ = std::move(text); }
@@ -33,9 +39,17 @@ class DemoAutomation final : public blattwart::Automation {
     blattwart::ObjectPtr create(std::wstring_view name) override;
 
   private:
-    HostOptions options_;
+    struct Installation {
+        HostOptions options;
+        HostPtr host;
+    };
+
+    Installation& installation(std::wstring_view release);
+    /// The release that runs under the name, else the first one that has it. Throws when none has.
+    Installation& named(std::wstring_view name);
+
+    std::vector<Installation> installations_;
     Disk disk_;
-    HostPtr host_;
     std::wstring createError_;
     OtherPrograms otherPrograms_;
 };

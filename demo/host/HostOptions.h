@@ -36,6 +36,8 @@ struct Profile {
 
 /// What one installation of the host is like. The defaults are a German 32-bit host with VBA.
 struct HostOptions {
+    /// By whose names clients find it: "18" for the family, or a release ("24.3").
+    std::wstring release = L"18";
     /// A 64-bit host: object ids and window handles are 64 bits wide.
     bool wideIds = false;
     /// A 64-bit host offers 32-bit ids beside them; newer ones do not.
@@ -49,6 +51,8 @@ struct HostOptions {
     /// What the layout of model space is called.
     std::wstring modelName = L"Model";
     bool vbaInstalled = true;
+    /// Comes up with a start tab and no drawing.
+    bool startTab = false;
     /// The macro project file that can be loaded; "" takes any file of the project's name.
     std::wstring macroFile{};
     /// Extended data of an application that is not registered is refused; otherwise it is registered.
@@ -70,5 +74,12 @@ struct HostOptions {
     /// How long it takes to ask the plot devices.
     std::chrono::milliseconds plotDeviceDelay{0};
 };
+
+/// The options of a release ("24.3") as it is delivered; those of "18" are the defaults. What does not depend
+/// on the release is as in `base`.
+HostOptions ofRelease(const std::wstring& release, HostOptions base = {});
+
+/// The program names under which a host of the release is registered, the most particular first.
+std::vector<std::wstring> programNames(const std::wstring& release);
 
 }  // namespace demo

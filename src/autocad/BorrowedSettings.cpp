@@ -33,16 +33,16 @@ bool BorrowedSettings::giveBack(const host::Application& application, const host
     working_ = false;
     const std::size_t before = loans_.size();
     std::erase_if(loans_, [&](const Loan& loan) {
-        return ignoringErrors([&] {
-            if (loan.name == pageSetup) {
-                if (!application.showsPageSetup()) application.putShowsPageSetup(true);
-            } else if (document.GetVariable(loan.name) == 0) {
-                document.SetVariable(loan.name, static_cast<std::int16_t>(loan.before));
-            }
-        });
+        return loan.host == host_ && ignoringErrors([&] {
+                   if (loan.name == pageSetup) {
+                       if (!application.showsPageSetup()) application.putShowsPageSetup(true);
+                   } else if (document.GetVariable(loan.name) == 0) {
+                       document.SetVariable(loan.name, static_cast<std::int16_t>(loan.before));
+                   }
+               });
     });
     if (loans_.size() != before) store();
-    return loans_.empty();
+    return std::ranges::find(loans_, host_, &Loan::host) == loans_.end();
 }
 
 void BorrowedSettings::giveBackForgotten(const host::Application& application,
@@ -52,15 +52,16 @@ void BorrowedSettings::giveBackForgotten(const host::Application& application,
 
 std::wstring BorrowedSettings::outstanding() const {
     std::wstring names;
-    for (const Loan& loan : loans_) names += (names.empty() ? L"" : L", ") + loan.name;
+    for (const Loan& loan : loans_)
+        if (loan.host == host_) names += (names.empty() ? L"" : L", ") + loan.name;
     return names;
 }
 
 void BorrowedSettings::lend(std::wstring_view name, std::int32_t before) {
     load();
     // One that has not come back yet does not count: the host has another value since.
-    std::erase_if(loans_, [&](const Loan& loan) { return loan.name == name; });
-    loans_.push_back({std::wstring(name), before});
+    std::erase_if(loans_, [&](const Loan& loan) { return loan.host == host_ && loan.name == name; });
+    loans_.push_back({host_, std::wstring(name), before});
     store();
 }
 
@@ -72,11 +73,13 @@ void BorrowedSettings::load() {
         const std::size_t end = std::min(text.find(L';'), text.size());
         const std::wstring loan = text.substr(0, end);
         text.erase(0, end + 1);
-        const std::wstring name = loan.substr(0, loan.find(L'='));
-        const std::wstring value = loan.substr(std::min(name.size() + 1, loan.size()));
+        const std::wstring whole = loan.substr(0, loan.find(L'='));
+        const std::wstring value = loan.substr(std::min(whole.size() + 1, loan.size()));
+        const std::wstring host = whole.substr(0, whole.find(L':'));
+        const std::wstring name = whole.substr(std::min(host.size() + 1, whole.size()));
         const bool known = name == backgroundPlot || name == pageSetup;
         if (known && value.size() == 1 && value[0] >= L'1' && value[0] <= L'3')
-            loans_.push_back({name, value[0] - L'0'});
+            loans_.push_back({host, name, value[0] - L'0'});
     }
 }
 
@@ -84,7 +87,8 @@ void BorrowedSettings::load() {
 void BorrowedSettings::store() {
     std::wstring text;
     for (const Loan& loan : loans_)
-        text += (text.empty() ? L"" : L";") + loan.name + L"=" + std::to_wstring(loan.before);
+        text +=
+            (text.empty() ? L"" : L";") + loan.host + L":" + loan.name + L"=" + std::to_wstring(loan.before);
     ignoringErrors([&] { settings_.set(storedUnder, text); });
 }
 

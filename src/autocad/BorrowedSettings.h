@@ -10,11 +10,14 @@
 namespace blattwart {
 
 /// Settings that the host keeps for its next session and that the program puts to 0 for the time of some
-/// work. What they were is stored before, so that they come back when host or program die meanwhile.
+/// work. What they were is stored before, so that they come back when host or program die meanwhile. Each
+/// host has its own.
 class BorrowedSettings {
   public:
     explicit BorrowedSettings(Settings& settings) : settings_(settings) {}
 
+    /// Whose settings it is about from now on: the name of a host, without "=", ":" and ";".
+    void setHost(const std::wstring& name) { host_ = name; }
     /// Has the host plot while the program waits ("BACKGROUNDPLOT" is 0). Throws when it refuses.
     void plotInForeground(const host::Document& document);
     /// Has layouts that are shown for the first time open no page setup. Throws when the host refuses.
@@ -29,6 +32,7 @@ class BorrowedSettings {
 
   private:
     struct Loan {
+        std::wstring host;
         std::wstring name;
         std::int32_t before = 0;
     };
@@ -38,6 +42,7 @@ class BorrowedSettings {
     void store();
 
     Settings& settings_;
+    std::wstring host_;
     bool loaded_ = false;
     bool working_ = false;
     std::vector<Loan> loans_;

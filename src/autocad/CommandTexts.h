@@ -18,7 +18,14 @@ enum class TypedCommand : std::uint8_t {
     navigateDesignCenter,  ///< answer: folder or file
 };
 
+/// In which words a command is typed.
+enum class Wording : std::uint8_t {
+    established,    ///< as macros of German hosts have always had it; what is not marked by "_" is German
+    international,  ///< for hosts in every language
+};
+
 /// The text of a command with the answers to its questions, each ended by a carriage return.
-std::wstring commandText(TypedCommand command, std::initializer_list<std::wstring_view> answers);
+std::wstring commandText(TypedCommand command, Wording wording,
+                         std::initializer_list<std::wstring_view> answers);
 
 }  // namespace blattwart

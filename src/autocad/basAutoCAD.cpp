@@ -4,56 +4,144 @@
 
 namespace blattwart {
 
-namespace {
-
-constexpr const wchar_t* automationName = L"AutoCAD.Application.18";
-
-}  // namespace
-
 bool basAutoCAD::IsAutoCADRunning() {
-    try {
-        platform_.automation.running(automationName);
-        return true;
-    } catch (const RuntimeError& error) {
-        // Who refuses or hangs is there.
-        return isNotAnswering(error);
-    }
+    return std::ranges::any_of(candidates(), [this](const HostName& name) {
+        try {
+            platform_.automation.running(name.programName);
+            return true;
+        } catch (const RuntimeError& error) {
+            // Who refuses or hangs is there.
+            return isNotAnswering(error);
+        }
+    });
 }
 
 void basAutoCAD::ConnectAutoCAD() {
     try {
-        attach(platform_.automation.running(automationName));
-    } catch (const RuntimeError& error) {
-        if (!isNotAnswering(error)) attach(nullptr);
+        if (!attachRunning(candidates())) return detach();
+    } catch (const RuntimeError&) {
         return;
     }
     takeActiveDocument();
-    if (fileDialogsStillOff_ && gAcadDoc) switchFileDialogsOn(gAcadDoc);
-    if (gAcadDoc) borrowed.giveBackForgotten(gAcadApp, gAcadDoc);
+    if (!gAcadDoc) return;
+    if (fileDialogsStillOff_.contains(hostName_)) switchFileDialogsOn(gAcadDoc);
+    borrowed.giveBackForgotten(gAcadApp, gAcadDoc);
 }
 
 void basAutoCAD::StartAutoCAD() {
+    const std::vector<HostName> names = candidates();
     try {
-        attach(platform_.automation.running(automationName));
-    } catch (const RuntimeError& error) {
-        if (isNotAnswering(error)) return tellNoAnswer();
+        if (!attachRunning(names) && !launch(names)) return;
+    } catch (const RuntimeError&) {
+        return tellNoAnswer();
+    }
+    welcomeStarted();
+}
+
+void basAutoCAD::ChooseRelease(const std::optional<InstalledRelease>& choice) {
+    const std::optional<Release> release = choice ? std::optional(choice->release) : std::nullopt;
+    bool started = false;
+    if (choice) {
+        const std::vector<HostName> names = hosts.names(release);
         try {
-            attach(platform_.automation.create(automationName));
-        } catch (const RuntimeError& failure) {
-            platform_.messages.say(failure.description());
-            return;
+            if (!attachRunning(names)) {
+                if (!platform_.messages.ask(choice->shortName() + L" starten?") || !launch(names)) return;
+                started = true;
+            }
+        } catch (const RuntimeError&) {
+            return tellNoAnswer();
         }
     }
+    if (!hosts.choose(release)) events_.showHint(L"Die Einstellung kann nicht gespeichert werden.");
+    if (started) return welcomeStarted();
+    ConnectAutoCAD();
+    events_.RefreshTree();
+}
+
+void basAutoCAD::welcomeStarted() {
     LoadTypes();
     ignoringErrors([&] { gAcadApp.putVisible(true); });
     takeActiveDocument();
     events_.RefreshTree();
 }
 
-void basAutoCAD::attach(ObjectPtr application) {
-    if (application && gAcadApp.is(application)) return;
+std::vector<HostName> basAutoCAD::candidates() {
+    std::vector<HostName> names = hosts.names();
+    const auto attached = std::ranges::find(names, programName_, &HostName::programName);
+    if (gAcadApp && !hosts.chosen() && attached != names.end() && attached != names.begin())
+        std::rotate(names.begin() + 1, attached, attached + 1);
+    return names;
+}
+
+bool basAutoCAD::attachRunning(const std::vector<HostName>& names) {
+    return std::ranges::any_of(names, [this](const HostName& name) {
+        ObjectPtr application;
+        try {
+            application = platform_.automation.running(name.programName);
+        } catch (const RuntimeError& error) {
+            if (isNotAnswering(error)) throw;
+            return false;
+        }
+        return attach(name, std::move(application));
+    });
+}
+
+bool basAutoCAD::launch(const std::vector<HostName>& names) {
+    const auto startable =
+        std::ranges::find_if(names, [this](const HostName& name) { return hosts.canStart(name); });
+    // Where none is installed, the system's own words tell it.
+    const HostName& name = startable == names.end() ? names.front() : *startable;
+    try {
+        const ObjectPtr application = platform_.automation.create(name.programName);
+        if (attach(name, application)) return true;
+        // Nobody else would show it.
+        ignoringErrors([&] { host::Application(application).putVisible(true); });
+        platform_.messages.warn(L"Es ist ein anderes AutoCAD gestartet als das gewählte!");
+    } catch (const RuntimeError& failure) {
+        platform_.messages.say(failure.description());
+    }
+    return false;
+}
+
+bool basAutoCAD::attach(const HostName& name, ObjectPtr application) {
+    const bool attached = gAcadApp.is(application);
+    const host::Application found = attached ? gAcadApp : host::Application(std::move(application));
+    std::optional<Release> release = attached ? release_ : std::nullopt;
+    const bool anyIsMeant = name.programName == HostChoice::establishedName && name.releases.empty();
+    if (!anyIsMeant && !release) {
+        try {
+            release = Release::parse(found.Version());
+        } catch (const RuntimeError& error) {
+            if (isNotAnswering(error)) throw;
+        }
+    }
+    if (!anyIsMeant && (!release || !name.means(*release))) return false;
+    programName_ = name.programName;
+    if (attached) {
+        release_ = release;
+    } else {
+        take(found, release);
+    }
+    return true;
+}
+
+void basAutoCAD::take(const host::Application& application, const std::optional<Release>& release) {
+    const bool established = !release || release->family == HostChoice::establishedFamily;
+    std::wstring name = established ? establishedHost : release->text();
+    if (!hostName_.empty() && name != hostName_) {
+        templateFolder_.clear();
+        events_.hostChanged();
+    }
+    hostName_ = std::move(name);
+    borrowed.setHost(hostName_);
     gAcadDoc = {};
-    gAcadApp = application ? host::Application(std::move(application)) : host::Application();
+    gAcadApp = application;
+    release_ = release;
+}
+
+void basAutoCAD::detach() {
+    gAcadDoc = {};
+    gAcadApp = {};
 }
 
 void basAutoCAD::takeActiveDocument() {
@@ -189,8 +277,13 @@ bool basAutoCAD::typeCommand(const host::Document& document, TypedCommand comman
     if (std::ranges::any_of(answers, [this](std::wstring_view answer) { return refusesAnswer(answer); }) ||
         refusesWhileCommandRuns(document))
         return false;
-    document.SendCommand(commandText(command, answers));
+    document.SendCommand(textOf(command, answers));
     return true;
+}
+
+std::wstring basAutoCAD::textOf(TypedCommand command,
+                                std::initializer_list<std::wstring_view> answers) const {
+    return commandText(command, hostIsEstablished() ? Wording::established : Wording::international, answers);
 }
 
 bool basAutoCAD::refusesAnswer(std::wstring_view answer) {
@@ -223,7 +316,11 @@ void basAutoCAD::switchFileDialogsOn(const host::Document& document) {
     const auto switchOn = [&] { document.SetVariable(L"FILEDIA", 1); };
     bool switched = ignoringErrors(switchOn);
     if (!switched) switched = ignoringErrors(switchOn);
-    fileDialogsStillOff_ = !switched;
+    if (switched) {
+        fileDialogsStillOff_.erase(hostName_);
+    } else {
+        fileDialogsStillOff_.insert(hostName_);
+    }
 }
 
 bool basAutoCAD::askToStart() {

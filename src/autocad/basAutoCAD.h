@@ -4,12 +4,15 @@
 #include <functional>
 #include <initializer_list>
 #include <memory>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "autocad/BorrowedSettings.h"
 #include "autocad/CommandTexts.h"
+#include "autocad/HostChoice.h"
 #include "autocad/OpenDocument.h"
 #include "data/NavigatorEvents.h"
 #include "data/NavigatorRecords.h"
@@ -38,7 +41,11 @@ struct FoundDocuments {
 class basAutoCAD {
   public:
     basAutoCAD(Platform& platform, NavigatorRecords& records, NavigatorEvents& events)
-        : borrowed(platform.settings), platform_(platform), records_(records), events_(events) {}
+        : borrowed(platform.settings),
+          hosts(platform.installations, platform.settings),
+          platform_(platform),
+          records_(records),
+          events_(events) {}
 
     /// While one lives, the host is asked only once which documents are open, what they are called and where
     /// they are. For events that look at documents several times and open or close none.
@@ -62,18 +69,32 @@ class basAutoCAD {
 
     /// What of the host's own settings the program has put; the attach gives back what was forgotten.
     BorrowedSettings borrowed;
+    /// Which AutoCAD is meant.
+    HostChoice hosts;
 
     /// Reads the types of templates again, for StartAutoCAD; wired at start-up.
     std::function<void()> LoadTypes;
 
-    /// Whether AutoCAD runs; also one that refuses calls or hangs does.
+    /// Whether an AutoCAD runs that may be attached; also one that refuses calls or hangs does.
     bool IsAutoCADRunning();
     /// Attaches to the running AutoCAD and takes its active document; both are empty when there is none.
-    /// While AutoCAD does not answer, both stay.
+    /// While AutoCAD does not answer, both stay. In automatic choice an attached host is kept as long as it
+    /// runs and the established one does not.
     void ConnectAutoCAD();
     /// Attaches to AutoCAD or starts it. When it cannot be started, its error text is shown and nothing
     /// changes; nor does anything when one runs that does not answer, which is told.
     void StartAutoCAD();
+    /// The user chooses a release, or (none) the automatic choice. A release that runs is attached at once,
+    /// one that does not run is started if the user wants that; otherwise nothing changes.
+    void ChooseRelease(const std::optional<InstalledRelease>& choice);
+    /// What the attached host is called, or the last one: "18" for the established family, else its release
+    /// ("24.3"). "" before the first one.
+    const std::wstring& hostName() const { return hostName_; }
+    /// Whether the attached host is of the established family, with which everything is as it has always
+    /// been.
+    bool hostIsEstablished() const { return hostName_ == establishedHost; }
+    /// The text of a command in the words for the attached host.
+    std::wstring textOf(TypedCommand command, std::initializer_list<std::wstring_view> answers) const;
     /// Folder, backslash and file name of gAcadDoc; "" when there is none or it does not answer.
     std::wstring GetActiveDrawingName();
 
@@ -138,16 +159,32 @@ class basAutoCAD {
     bool askToStart();
 
   private:
-    /// Takes the application, null for none. The one attached already stays with all that is known of it.
-    void attach(ObjectPtr application);
+    static constexpr const wchar_t* establishedHost = L"18";
+
+    /// The names to look under, the attached host's before others.
+    std::vector<HostName> candidates();
+    /// Attaches to the first of the hosts that runs and is meant. Throws when one does not answer.
+    bool attachRunning(const std::vector<HostName>& names);
+    /// Starts the first of the hosts that can be started. Where that fails the user has been told.
+    bool launch(const std::vector<HostName>& names);
+    void welcomeStarted();
+    /// Takes the application if a host like this is meant by the name; its version is asked for, except of
+    /// the established one in automatic choice. The one attached already stays with all that is known of it.
+    /// Throws when it does not answer.
+    bool attach(const HostName& name, ObjectPtr application);
+    void take(const host::Application& application, const std::optional<Release>& release);
+    void detach();
     void takeActiveDocument();
 
     Platform& platform_;
     NavigatorRecords& records_;
     NavigatorEvents& events_;
     int looks_ = 0;
-    std::shared_ptr<OpenDocuments> seen_;  // only while a OneLook lives
-    bool fileDialogsStillOff_ = false;
+    std::shared_ptr<OpenDocuments> seen_;         // only while a OneLook lives
+    std::set<std::wstring> fileDialogsStillOff_;  // names of hosts
+    std::wstring hostName_;
+    std::wstring programName_;        // by which it is attached
+    std::optional<Release> release_;  // of the attached host, where it was asked for
     std::wstring templateFolder_;
 };
 

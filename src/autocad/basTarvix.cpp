@@ -12,13 +12,13 @@ std::wstring numbered(const std::wstring& baseName, std::int16_t number) {
 
 }  // namespace
 
-bool basTarvix::RunHostMacro(const std::wstring& name) {
+MacroRun basTarvix::RunHostMacro(const std::wstring& name) {
     autoCAD_.BringAutoCADToFront();
     return run(name, [] { return true; });
 }
 
-bool basTarvix::DeleteLayout(const host::Document& document, const host::Layout& layout,
-                             const CAcadobj& record) {
+MacroRun basTarvix::DeleteLayout(const host::Document& document, const host::Layout& layout,
+                                 const CAcadobj& record) {
     return run(L"TX_DelLayout", [&] {
         autoCAD_.BringAutoCADToFront();
         autoCAD_.activate(document);
@@ -33,42 +33,67 @@ bool basTarvix::DeleteLayout(const host::Document& document, const host::Layout&
     });
 }
 
-bool basTarvix::run(const std::wstring& name, const std::function<bool()>& ready) {
+MacroRun basTarvix::run(const std::wstring& name, const std::function<bool()>& ready) {
     bool answerLost = false;
-    const auto runMacro = [&](const std::wstring& macro) {
+    bool answered = true;
+    const auto works = [&](const auto& call) {
         try {
-            autoCAD_.gAcadApp.RunMacro(L"Programm." + macro);
+            call();
             return true;
         } catch (const RuntimeError& error) {
             answerLost = isAnswerLost(error);
+            answered = answered && !isNotAnswering(error) && !isGone(error);
             return false;
         }
     };
-    if (!ready()) return false;
-    if (runMacro(name)) return true;
+    const auto runMacro = [&](const std::wstring& macro) {
+        return works([&] { autoCAD_.gAcadApp.RunMacro(L"Programm." + macro); });
+    };
+    if (!ready()) return MacroRun::failed;
+    if (runMacro(name)) return MacroRun::ran;
+    bool projectThere = false;
     // A routine that may have run must not run twice: it would delete another layout.
     if (!answerLost) {
-        ignoringErrors(
-            [&] { autoCAD_.gAcadApp.LoadDVB(platform_.files.applicationFolder() + L"\\Tarvix.dvb"); });
-        runMacro(L"TX_Starten");
-        if (!ready()) return false;
-        if (runMacro(name)) return true;
+        projectThere =
+            works([&] { autoCAD_.gAcadApp.LoadDVB(platform_.files.applicationFolder() + L"\\Tarvix.dvb"); });
+        projectThere = runMacro(L"TX_Starten") || projectThere;
+        if (!ready()) return MacroRun::failed;
+        if (runMacro(name)) return MacroRun::ran;
     }
     platform_.messages.warn(L"Bitte rufen Sie Tarvix über das AutoCAD-Menü auf!");
-    return false;
+    const bool without = answered && !projectThere && !autoCAD_.hostIsEstablished();
+    return without ? MacroRun::withoutProject : MacroRun::failed;
 }
 
-void basTarvix::CreateLayout(const std::wstring& drawing) {
+host::Document basTarvix::CreateLayout(const std::wstring& drawing) {
+    host::Document chosen;
     if (!drawing.empty()) {
         const FoundDocuments found = autoCAD_.find(drawing);
-        if (found.outcome == Lookup::noAnswer) return autoCAD_.tellNoAnswer();
+        if (found.outcome == Lookup::noAnswer) {
+            autoCAD_.tellNoAnswer();
+            return {};
+        }
         if (found.outcome == Lookup::notOpen)
             throw RuntimeError(errorNumber::elementNotFound,
                                L"Die Zeichnung ist in AutoCAD nicht mehr geöffnet!");
         for (const host::Document& document : found.documents) autoCAD_.activate(document);
+        chosen = found.last();
     }
-    RunHostMacro(L"TX_Layout");
+    const MacroRun macro = RunHostMacro(L"TX_Layout");
+    if (macro == MacroRun::withoutProject && createsWithoutProject()) {
+        if (!chosen) chosen = autoCAD_.fetchActiveDocument();
+        return autoCAD_.refusesWhileCommandRuns(chosen) ? host::Document() : chosen;
+    }
     autoCAD_.BringAutoCADToFront();
+    return {};
+}
+
+bool basTarvix::createsWithoutProject() {
+    const std::wstring& host = autoCAD_.hostName();
+    if (createsWithoutProject_.contains(host)) return true;
+    if (!platform_.messages.ask(L"Soll das Layout ohne Tarvix erstellt werden?")) return false;
+    createsWithoutProject_.insert(host);
+    return true;
 }
 
 std::set<std::wstring> basTarvix::layoutNames(const host::Document& document) {
@@ -111,7 +136,7 @@ void basTarvix::typeCopies(const std::wstring& sourceName, std::wstring& newBase
     for (std::int16_t i = 0; i < copies; ++i) {
         if (i > 0 && autoCAD_.refusesWhileCommandRuns(document)) return;
         const std::wstring name = numbered(newBaseName, NextFreeLayoutNumber(names, newBaseName, counter));
-        document.SendCommand(commandText(TypedCommand::copyLayout, {sourceName, name}));
+        document.SendCommand(autoCAD_.textOf(TypedCommand::copyLayout, {sourceName, name}));
         names.insert(platform_.locale.upperCase(name));
         if (first.empty()) first = name;
     }

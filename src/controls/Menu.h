@@ -45,6 +45,8 @@ class MenuItem {
     const Shortcut& shortcut() const { return shortcut_; }
     bool isSeparator() const { return caption_.empty(); }
     bool checked() const { return checked_; }
+    /// One of several of which one is checked.
+    bool isChoice() const { return choice_; }
     bool enabled() const { return enabled_; }
     bool visible() const { return visible_; }
     /// Shown in bold: what a double click does where the menu opens.
@@ -52,6 +54,7 @@ class MenuItem {
     void setChecked(bool checked) { checked_ = checked; }
     void setEnabled(bool enabled) { enabled_ = enabled; }
     void setVisible(bool visible) { visible_ = visible; }
+    void setChoice(bool choice) { choice_ = choice; }
     void setDefault(bool isDefault) { default_ = isDefault; }
 
     MenuItem& add(std::wstring name, std::wstring caption, Shortcut shortcut = {});
@@ -65,6 +68,7 @@ class MenuItem {
     std::wstring caption_;
     Shortcut shortcut_;
     bool checked_ = false;
+    bool choice_ = false;
     bool enabled_ = true;
     bool visible_ = true;
     bool default_ = false;

@@ -13,6 +13,9 @@ class NavigatorEvents {
     /// Brings tree, status line, list and command states in line with the host and the library folder. Does
     /// nothing before the main window exists.
     virtual void RefreshTree() = 0;
+    /// Another host than the last one has been attached: drops the drawings, layouts and templates of that
+    /// one, nodes and records. A refresh follows.
+    virtual void hostChanged() = 0;
     /// Writes the first panel of the status bar for the tree's selected node.
     virtual void ShowNodeStatus() = 0;
     /// Fills the list for the tree's selected node.

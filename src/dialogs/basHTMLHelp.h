@@ -19,6 +19,7 @@ inline constexpr std::wstring_view renameByPattern = L"Tarvix_39";
 inline constexpr std::wstring_view orderLayouts = L"Tarvix_40";
 inline constexpr std::wstring_view carryPageSetup = L"Tarvix_41";
 inline constexpr std::wstring_view makePdf = L"Tarvix_42";
+inline constexpr std::wstring_view withoutTarvix = L"Tarvix_44";
 }  // namespace helpTopic
 
 /// The help file.

@@ -26,6 +26,10 @@ WindowHandle Application::HWND() const {
     return static_cast<WindowHandle>(static_cast<std::int64_t>(hostNumber(handle)));
 }
 
+std::wstring Application::Version() const {
+    return getText({application, L"Version"});
+}
+
 void Application::RunMacro(const std::wstring& macro) const {
     object().call({application, L"RunMacro"}, {Value(macro)});
 }

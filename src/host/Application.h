@@ -20,6 +20,8 @@ class Application : public HostObject {
     Document ActiveDocument() const;
     void putVisible(bool visible) const;
     WindowHandle HWND() const;
+    /// Begins with the release: "24.3s (LMS Tech)".
+    std::wstring Version() const;
     void RunMacro(const std::wstring& macro) const;
     void LoadDVB(const std::wstring& file) const;
     /// The folder of drawing templates, as the host is set up, without a backslash at its end. Three round

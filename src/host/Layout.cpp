@@ -32,6 +32,14 @@ void Layout::putName(const std::wstring& name) const {
     object().put({layout, L"Name"}, name);
 }
 
+std::wstring Layout::Handle() const {
+    return getText({layout, L"Handle"});
+}
+
+void Layout::Delete() const {
+    object().call({layout, L"Delete"});
+}
+
 std::int32_t Layout::ObjectID() const {
     std::int32_t id = 0;
     ignoringErrors([&] {
@@ -179,6 +187,14 @@ void Layout::putPlotSwitch(PlotSwitch which, bool on) const {
 
 std::wstring Layout::StyleSheet() const {
     return getText({layout, L"StyleSheet"});
+}
+
+std::int32_t Layouts::Count() const {
+    return getNumber({L"Layouts", L"Count"});
+}
+
+Layout Layouts::Add(const std::wstring& name) const {
+    return face<Layout>(toObject(object().call({L"Layouts", L"Add"}, {Value(name)})));
 }
 
 Layout Layouts::Item(const std::wstring& name) const {

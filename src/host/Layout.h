@@ -32,6 +32,10 @@ class Layout : public HostObject {
 
     std::wstring Name() const;
     void putName(const std::wstring& name) const;
+    /// Hexadecimal text, the same as long as there is the layout.
+    std::wstring Handle() const;
+    /// Fails for the last paper layout and for that of model space.
+    void Delete() const;
     /// The 32-bit id; 0 where the host has only wider ones or gives none. The first asking may cost a second
     /// round trip. Does not throw for what the host does.
     std::int32_t ObjectID() const;
@@ -98,6 +102,10 @@ class Layouts : public HostObject {
     std::vector<Layout> all() const {
         return elements<Layout>(L"Layouts", [] { return true; });
     }
+    /// Model space included.
+    std::int32_t Count() const;
+    /// A new layout, which does not become the current one. Fails where the name is taken or not allowed.
+    Layout Add(const std::wstring& name) const;
     /// By name, without regard to case. Fails when there is none.
     Layout Item(const std::wstring& name) const;
 };

@@ -5,13 +5,12 @@
 #include <optional>
 #include <set>
 
+#include "data/LayoutName.h"
 #include "planlist/PlanPlaceholders.h"
 
 namespace blattwart {
 
 namespace {
-
-constexpr std::size_t longestName = 255;
 
 struct Numbering {
     int first = 0;
@@ -48,23 +47,6 @@ std::wstring replaced(const std::wstring& name, const RenamePattern& pattern, co
     return result + name.substr(from);
 }
 
-/// What speaks against a name by itself; "" for nothing.
-std::wstring faultOf(const std::wstring& name, const std::wstring& modelName, const Locale& locale) {
-    if (name.empty()) return L"leer";
-    if (name.front() == L' ' || name.back() == L' ') return L"beginnt oder endet mit einem Leerzeichen";
-    for (const wchar_t c : name) {
-        if (c < L' ' || (c >= 0x7F && c < 0xA0)) return L"unzulässiges Steuerzeichen";
-        constexpr std::wstring_view forbidden = L"<>/\\\":;?*|,=`'";
-        if (forbidden.find(c) != std::wstring_view::npos)
-            return L"unzulässiges Zeichen: " + std::wstring(1, c);
-    }
-    if (name.size() > longestName) return L"länger als 255 Zeichen";
-    for (const std::wstring_view model :
-         {std::wstring_view(L"Model"), std::wstring_view(L"Modell"), std::wstring_view(modelName)})
-        if (locale.equalIgnoringCase(name, model)) return L"„" + name + L"“ ist der Modellbereich";
-    return {};
-}
-
 /// The preview's rows of one drawing, in order to compare their names with all the drawing's.
 class DrawingCheck {
   public:
@@ -93,7 +75,8 @@ class DrawingCheck {
     std::wstring conflictOf(const RenamePreviewRow& row) const {
         // A name that stays may be one that the host would not take any more.
         if (row.changes()) {
-            if (std::wstring fault = faultOf(row.newName, drawing_.modelName, locale_); !fault.empty())
+            if (std::wstring fault = layoutNameFault(row.newName, drawing_.modelName, locale_);
+                !fault.empty())
                 return fault;
             const auto holder = others_.find(upper(row.newName));
             if (holder != others_.end()) {

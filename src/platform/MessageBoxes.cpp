@@ -28,4 +28,9 @@ bool MessageBoxes::ask(const std::wstring& question, const std::wstring& caption
     return show(question, caption, MessageButtons::yesNo, MessageIcon::question) == MessageAnswer::yes;
 }
 
+bool MessageBoxes::askBeforeLoss(const std::wstring& question) {
+    return show(question, applicationTitle, MessageButtons::yesNoDefaultNo, MessageIcon::question) ==
+           MessageAnswer::yes;
+}
+
 }  // namespace blattwart

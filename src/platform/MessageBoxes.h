@@ -5,7 +5,7 @@
 namespace blattwart {
 
 enum class MessageIcon { none = 0, critical = 16, question = 32, exclamation = 48, information = 64 };
-enum class MessageButtons { ok = 0, yesNoCancel = 3, yesNo = 4 };
+enum class MessageButtons { ok = 0, yesNoCancel = 3, yesNo = 4, yesNoDefaultNo = 0x104 };
 enum class MessageAnswer { ok = 1, cancel = 2, yes = 6, no = 7 };
 
 /// Modal message boxes over the program's own windows.
@@ -24,6 +24,8 @@ class MessageBoxes {
     /// Asks with Yes and No. Returns whether the answer was Yes.
     bool ask(const std::wstring& question);
     bool ask(const std::wstring& question, const std::wstring& caption);
+    /// The same where Yes destroys something: No is the default.
+    bool askBeforeLoss(const std::wstring& question);
 };
 
 }  // namespace blattwart

@@ -7,6 +7,7 @@
 #include "platform/Files.h"
 #include "platform/Gate.h"
 #include "platform/HelpViewer.h"
+#include "platform/Installations.h"
 #include "platform/Locale.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Process.h"
@@ -34,6 +35,7 @@ struct Platform {
     Locale& locale;
     HelpViewer& help;
     ReadingWatch& readings;
+    Installations& installations;
     Gate& gate;
     Worker& worker;
 };

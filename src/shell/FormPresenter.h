@@ -5,6 +5,7 @@
 namespace blattwart {
 
 class FormWindow;
+class frmErstellen;
 class frmInfo;
 class frmKopieren;
 class frmMain;
@@ -20,6 +21,7 @@ class FormPresenter : public PlanDialogs {
     /// Show a loaded form over the main window and return when it has been closed.
     virtual void showModal(frmKopieren& form) = 0;
     virtual void showModal(frmUmbenennen& form) = 0;
+    virtual void showModal(frmErstellen& form) = 0;
     virtual void showModal(frmInfo& form) = 0;
     virtual void showModal(frmPlanliste& form) = 0;
     /// Closes every form that is shown modally, the last one first.

@@ -22,6 +22,7 @@ struct Modules {
     basAllgemein& general;
     basAutoCAD& autoCAD;
     basTarvix& tarvix;
+    LayoutMembers& members;
     basDatenbank& database;
     NavigatorRecords& records;
     basViewControls& views;

@@ -7,6 +7,7 @@ basMain::basMain(Platform& platform, FormPresenter& presenter)
       registry(platform.registry, platform.locale, platform.files),
       autoCAD(platform, records, *this),
       tarvix(autoCAD, platform),
+      members(autoCAD, platform),
       database(platform, registry, [this] { return general.GetTemplateFolder(); }),
       help(platform, [this] { return fMainForm->window().handle(); }),
       planList(autoCAD, presenter, help, platform),
@@ -50,9 +51,9 @@ void basMain::createMainWindow() {
     fMainForm = std::make_unique<frmMain>(platform_);
     gCollection.clear();
     makeNavigator();
-    modules_ = std::make_unique<Modules>(Modules{registry, general, autoCAD, tarvix, database, records,
-                                                 *views, *files, *templates, *layouts, help, planList,
-                                                 presenter_, gWasForeground, *this});
+    modules_ = std::make_unique<Modules>(Modules{registry, general, autoCAD, tarvix, members, database,
+                                                 records, *views, *files, *templates, *layouts, help,
+                                                 planList, presenter_, gWasForeground, *this});
     fMainForm->connect(*modules_);
     fMainForm->setWindow(&presenter_.createMainWindow(*fMainForm));
 }
@@ -65,7 +66,7 @@ void basMain::makeNavigator() {
                                               context);
     files = std::make_unique<basDateien>(views->tree, list, context);
     templates = std::make_unique<TemplateCreation>(views->tree, list, context);
-    layouts = std::make_unique<LayoutNames>(views->tree, list, tarvix, context);
+    layouts = std::make_unique<LayoutNames>(views->tree, list, tarvix, members, context);
 }
 
 void basMain::showMainWindow() {
@@ -86,6 +87,10 @@ void basMain::showMainWindow() {
 
 void basMain::RefreshTree() {
     if (views) views->RefreshTree();
+}
+
+void basMain::hostChanged() {
+    if (views) views->dropHost();
 }
 
 void basMain::ShowNodeStatus() {

@@ -36,6 +36,7 @@ class basMain : private NavigatorEvents {
     basRegistry registry;
     basAutoCAD autoCAD;
     basTarvix tarvix;
+    LayoutMembers members;
     basDatenbank database;
     basHTMLHelp help;
     frmPlanliste planList;
@@ -53,6 +54,7 @@ class basMain : private NavigatorEvents {
     void showMainWindow();
 
     void RefreshTree() override;
+    void hostChanged() override;
     void ShowNodeStatus() override;
     void showSelectedNode() override { views->showSelectedNode(); }
     void setDragMode() override { fMainForm->setDragMode(); }

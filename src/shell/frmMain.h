@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "autocad/HostChoice.h"
 #include "controls/Control.h"
 #include "controls/Form.h"
 #include "controls/ListView.h"
@@ -49,7 +50,7 @@ class frmMain {
     void setWindow(FormWindow* window) { window_ = window; }
     FormWindow& window() { return *window_; }
     /// The modules that the handlers call; before Form_Load.
-    void connect(Modules& modules) { modules_ = &modules; }
+    void connect(Modules& modules);
 
     /// Places the window and loads the column widths. Throws type mismatch, with a text for the user, when a
     /// stored value is no number.
@@ -159,7 +160,13 @@ class frmMain {
     void buildContextMenu(MenuItem& menu, ContextMenu which, wchar_t letter);
     void addMenuItem(MenuItem& menu, std::wstring_view name, const Command& command);
     void buildToolBar();
+    /// The menu of the installed releases.
+    void buildReleases();
+    void addRelease(MenuItem& menu, const std::wstring& name, const std::wstring& caption,
+                    const std::optional<InstalledRelease>& release);
+    void showChosenRelease();
     void run(const Command& command);
+    void runAsCommand(const std::function<void()>& work);
     void showPlaceholder(const Command& command);
     bool isEnabled(const Command& command, unsigned kind, const std::function<bool()>& modelSpacePossible);
     bool drawingHasOtherLayouts(const TreeNode* node) const;
@@ -186,6 +193,7 @@ class frmMain {
     FormWindow* window_ = nullptr;
     std::map<std::wstring, MenuItem*, std::less<>> items_;
     std::vector<std::pair<const Command*, MenuItem*>> commandItems_;
+    std::vector<std::pair<std::optional<Release>, MenuItem*>> releaseItems_;
     bool splitterDragging_ = false;
     bool resized_ = false;  ///< since the last repaint
     LabelEdit labelEdit_ = LabelEdit::none;

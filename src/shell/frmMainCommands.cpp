@@ -86,15 +86,56 @@ MenuItem& frmMain::item(std::wstring_view name) {
     return *entry->second;
 }
 
+void frmMain::connect(Modules& modules) {
+    modules_ = &modules;
+    buildReleases();
+}
+
+void frmMain::buildReleases() {
+    MenuItem& menu = subMenu(subMenu(menuBar, menuCaption(MenuId::autoCAD)), L"AutoCAD-&Version");
+    addRelease(menu, L"mnuReleaseAutomatic", L"&Automatisch", std::nullopt);
+    for (const InstalledRelease& each : modules_->autoCAD.hosts.installed()) {
+        std::wstring caption;
+        for (const wchar_t letter : each.product) caption.append(letter == L'&' ? 2 : 1, letter);
+        addRelease(menu, L"mnuRelease(" + each.release.text() + L")", caption, each);
+    }
+    showChosenRelease();
+}
+
+void frmMain::addRelease(MenuItem& menu, const std::wstring& name, const std::wstring& caption,
+                         const std::optional<InstalledRelease>& release) {
+    MenuItem& entry = menu.add(name, caption);
+    entry.setChoice(true);
+    entry.click = [this, release] {
+        runAsCommand([&] {
+            modules_->autoCAD.ChooseRelease(release);
+            showChosenRelease();
+        });
+    };
+    items_[name] = &entry;
+    releaseItems_.emplace_back(release ? std::optional(release->release) : std::nullopt, &entry);
+}
+
+void frmMain::showChosenRelease() {
+    const std::optional<Release> chosen = modules_->autoCAD.hosts.chosen();
+    for (const auto& [release, entry] : releaseItems_) entry->setChecked(release == chosen);
+}
+
 void frmMain::run(const Command& command) {
-    handle([&] {
-        // Like a click elsewhere, a command ends the naming of a template: it is meant for the source.
-        modules_->templates.CancelNewTemplate();
+    runAsCommand([&] {
         if (command.run) {
             (this->*command.run)();
         } else {
             showPlaceholder(command);
         }
+    });
+}
+
+void frmMain::runAsCommand(const std::function<void()>& work) {
+    handle([&] {
+        // Like a click elsewhere, a command ends the naming of a template: it is meant for the source.
+        modules_->templates.CancelNewTemplate();
+        work();
     });
 }
 

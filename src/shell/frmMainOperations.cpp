@@ -1,5 +1,6 @@
 // What the commands of menus, context menus and toolbar do.
 
+#include "dialogs/frmErstellen.h"
 #include "dialogs/frmHilfe.h"
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmKopieren.h"
@@ -113,7 +114,11 @@ void frmMain::mnuCreate_Click() {
         std::wstring drawing;
         if (selectedKind() == NodeKind::loadedDrawings)
             drawing = modules_->files.GetSelectedDrawingFile(true);
-        modules_->tarvix.CreateLayout(drawing);
+        const host::Document without = modules_->tarvix.CreateLayout(drawing);
+        if (!without) return;
+        frmErstellen dialog(dialogContext(), modules_->tarvix, modules_->members, without);
+        dialog.Form_Load();
+        modules_->presenter.showModal(dialog);
     } catch (const RuntimeError& error) {
         platform_.messages.say(error.description());
     }

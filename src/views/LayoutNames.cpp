@@ -1,6 +1,9 @@
 #include "views/LayoutNames.h"
 
 #include <algorithm>
+#include <span>
+
+#include "autocad/PageSetupHidden.h"
 
 namespace blattwart {
 
@@ -40,10 +43,48 @@ void LayoutNames::deleteLayouts(const host::Document& document, const std::vecto
     autoCAD_.activate(document);
     events_.ShowNodeStatus();
     const host::Layouts layouts = document.Layouts();
-    for (const std::wstring& key : keys) {
-        const auto record = records_.LayoutRecords.Item(NodeKey::parse(key));
-        if (!tarvix_.DeleteLayout(document, layouts.Item(record->Layout), *record)) return;
+    if (autoCAD_.hostIsEstablished()) {
+        for (const std::wstring& key : keys) {
+            const auto record = recordOf(key);
+            if (tarvix_.DeleteLayout(document, layouts.Item(record->Layout), *record) != MacroRun::ran)
+                return;
+        }
+        return;
     }
+    // By their handles they are found again, should the host turn out to have no macro project.
+    std::vector<host::Layout> found;
+    std::vector<DoomedLayout> doomed;
+    for (const std::wstring& key : keys) {
+        const std::wstring& name = recordOf(key)->Layout;
+        found.push_back(layouts.Item(name));
+        doomed.push_back({found.back().Handle(), name});
+    }
+    std::size_t deleted = 0;
+    MacroRun run = MacroRun::ran;
+    {
+        const PageSetupHidden hidden(autoCAD_, document);
+        for (; deleted < keys.size() && run == MacroRun::ran; ++deleted)
+            run = tarvix_.DeleteLayout(document, found[deleted], *recordOf(keys[deleted]));
+    }
+    if (run != MacroRun::withoutProject) return;
+    doomed.erase(doomed.begin(), doomed.begin() + static_cast<std::ptrdiff_t>(deleted - 1));
+    deleteWithoutTarvix(document, recordOf(keys.front())->Zeichnung, doomed);
+}
+
+std::shared_ptr<CAcadobj> LayoutNames::recordOf(const std::wstring& key) const {
+    return records_.LayoutRecords.Item(NodeKey::parse(key));
+}
+
+void LayoutNames::deleteWithoutTarvix(const host::Document& document, const std::wstring& drawing,
+                                      const std::vector<DoomedLayout>& doomed) {
+    constexpr std::size_t mostNames = 20;
+    std::wstring question = L"Ohne Tarvix aus der Zeichnung '" + drawing + L"' löschen?\n";
+    for (const DoomedLayout& each : std::span(doomed).first(std::min(doomed.size(), mostNames)))
+        question += L"\n" + each.name;
+    if (doomed.size() > mostNames)
+        question += L"\nund " + std::to_wstring(doomed.size() - mostNames) + L" weitere";
+    if (!platform_.messages.askBeforeLoss(question) || autoCAD_.refusesWhileCommandRuns(document)) return;
+    members_.Delete(document, doomed);
 }
 
 bool LayoutNames::isTaken(bool fromList, const std::wstring& key, const std::wstring& newName) const {
@@ -72,7 +113,7 @@ bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) 
     }
     if (autoCAD_.refusesControlCharacters(newName)) return true;
     try {
-        const auto record = records_.LayoutRecords.Item(NodeKey::parse(key));
+        const auto record = recordOf(key);
         if (record->Layout == newName) return false;
         const FoundDocuments found = autoCAD_.find(record->drawing());
         if (!autoCAD_.foundOrTold(found)) return true;
@@ -106,7 +147,7 @@ void LayoutNames::RenameSelectedLayouts(const std::wstring& baseName, std::int16
         for (const ListItem* item : list_.selectedItems()) {
             if (!work.goOn()) return;
             const std::wstring key = item->key();
-            const auto record = records_.LayoutRecords.Item(NodeKey::parse(key));
+            const auto record = recordOf(key);
             const std::int16_t number = tarvix_.NextFreeLayoutNumber(names, baseName, counter);
             const std::wstring newName = number == 0 ? baseName : baseName + std::to_wstring(number);
             names.erase(platform_.locale.upperCase(record->Layout));

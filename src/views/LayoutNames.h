@@ -1,10 +1,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "autocad/basTarvix.h"
+#include "autocad/LayoutMembers.h"
 #include "controls/ListView.h"
 #include "views/NavigatorContext.h"
 #include "views/NavigatorTree.h"
@@ -14,10 +16,12 @@ namespace blattwart {
 /// Deletes and renames layouts of open drawings.
 class LayoutNames {
   public:
-    LayoutNames(NavigatorTree& tree, ListView& list, basTarvix& tarvix, const NavigatorContext& context)
+    LayoutNames(NavigatorTree& tree, ListView& list, basTarvix& tarvix, LayoutMembers& members,
+                const NavigatorContext& context)
         : tree_(tree),
           list_(list),
           tarvix_(tarvix),
+          members_(members),
           autoCAD_(context.autoCAD),
           records_(context.records),
           platform_(context.platform),
@@ -33,6 +37,10 @@ class LayoutNames {
   private:
     void warnNotRenamed(const RuntimeError& error);
     void deleteLayouts(const host::Document& document, const std::vector<std::wstring>& keys);
+    /// The user is asked first; `drawing` is for the question.
+    void deleteWithoutTarvix(const host::Document& document, const std::wstring& drawing,
+                             const std::vector<DoomedLayout>& doomed);
+    std::shared_ptr<CAcadobj> recordOf(const std::wstring& key) const;
     bool isTaken(bool fromList, const std::wstring& key, const std::wstring& newName) const;
     void rename(const host::Layouts& layouts, CAcadobj& record, const std::wstring& newName);
     void showName(const std::wstring& key, const std::wstring& name);
@@ -40,6 +48,7 @@ class LayoutNames {
     NavigatorTree& tree_;
     ListView& list_;
     basTarvix& tarvix_;
+    LayoutMembers& members_;
     basAutoCAD& autoCAD_;
     NavigatorRecords& records_;
     Platform& platform_;

@@ -20,10 +20,10 @@ class TemplateLibrary {
     std::wstring ReadTemplateFolder(Reading reading);
     /// False while the folder's drive does not answer: what was read last stays then.
     bool answered() const { return answered_; }
-
-  private:
     /// Drops all templates, nodes and records.
     void RemoveTemplateNodes();
+
+  private:
     void ResetTemplateFlags();
     bool FindTemplateRecord(const std::wstring& file, const std::wstring& folder);
     void RemoveStaleTemplates();

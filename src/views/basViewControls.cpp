@@ -40,6 +40,13 @@ void basViewControls::RebuildTree() {
     showAround(true);
 }
 
+void basViewControls::dropHost() {
+    const Update update(tree.view());
+    drawings_.RemoveDrawingNodes();
+    templates_.RemoveTemplateNodes();
+    records_.TemplateFolder.clear();
+}
+
 void basViewControls::readTree(Reading reading) {
     const bool databaseAnswers = readDatabase();
     std::vector<std::wstring> failures;

@@ -26,6 +26,8 @@ class basViewControls {
     /// Forgets all drawings, layouts and templates, so that also what has lost its node gets one, and reads
     /// everything anew. Numbers are not used again; the selection stays where there is a node for it.
     void RebuildTree();
+    /// Another host is attached: nothing of the last one is shown or known any more.
+    void dropHost();
     /// Gives the list the columns for the selected node, if it has others.
     void SelectListColumns();
     /// Fills the list for the selected node.

@@ -15,6 +15,7 @@
 #include "win32/platform/Win32FileDialogs.h"
 #include "win32/platform/Win32Files.h"
 #include "win32/platform/Win32HelpViewer.h"
+#include "win32/platform/Win32Installations.h"
 #include "win32/platform/Win32Locale.h"
 #include "win32/platform/Win32MessageBoxes.h"
 #include "win32/platform/Win32Process.h"
@@ -115,11 +116,13 @@ class Application {
     Win32Process process_;
     Win32Locale locale_;
     Win32HelpViewer help_;
+    Win32Installations installations_;
     std::wstring waitingText_;
     Win32ReadingWatch readings_{[this](const std::wstring& text) { presenter_.showWork(text); }};
     Win32Worker worker_{[this](std::function<void()> done) { deliver(std::move(done)); }};
-    Platform platform_{automation_, registry_, settings_, files_, clipboard_, messages_, fileDialogs_,
-                       desktop_,    process_,  locale_,   help_,  readings_,  gate_,     worker_};
+    Platform platform_{automation_, registry_,    settings_,      files_,   clipboard_,
+                       messages_,   fileDialogs_, desktop_,       process_, locale_,
+                       help_,       readings_,    installations_, gate_,    worker_};
     Win32FormPresenter presenter_{guard_, gate_};
 };
 

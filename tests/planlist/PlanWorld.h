@@ -19,6 +19,7 @@ using Names = std::vector<std::wstring>;
 
 /// There is no main window.
 struct NoMainWindow : NavigatorEvents {
+    void hostChanged() override {}
     void RefreshTree() override {}
     void ShowNodeStatus() override {}
     void showSelectedNode() override {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dialogs/frmErstellen.h"
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmKopieren.h"
 #include "dialogs/frmUmbenennen.h"
@@ -92,6 +93,7 @@ class FakePresenter : public FormPresenter {
     // What the user does in each form while it is open.
     std::function<void(frmKopieren&)> inKopieren;
     std::function<void(frmUmbenennen&)> inUmbenennen;
+    std::function<void(frmErstellen&)> inErstellen;
     std::function<void(frmInfo&)> inInfo;
     std::function<void(frmPlanliste&)> inPlanliste;
     std::function<void(frmPlanUmbenennen&)> inPlanUmbenennen;
@@ -108,6 +110,7 @@ class FakePresenter : public FormPresenter {
     }
     void showModal(frmKopieren& form) override { show(form, inKopieren); }
     void showModal(frmUmbenennen& form) override { show(form, inUmbenennen); }
+    void showModal(frmErstellen& form) override { show(form, inErstellen); }
     void showModal(frmInfo& form) override { show(form, inInfo); }
     void showModal(frmPlanliste& form) override { show(form, inPlanliste); }
     void showModal(frmPlanUmbenennen& form) override { show(form, inPlanUmbenennen); }

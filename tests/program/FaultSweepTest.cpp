@@ -92,7 +92,10 @@ class FaultSweep : public Operations {
         };
     }
 
-    std::vector<Action> allActions() {
+    /// Once the user has come back to a host that lives.
+    virtual void expectSettingsAreBack() {}
+
+    virtual std::vector<Action> allActions() {
         const auto always = [](frmMain&) { return true; };
         std::vector<Action> all = actions();
         all.push_back({L"return", [this](frmMain&) { leaveAndReturn(); }, always});
@@ -177,7 +180,7 @@ class FaultSweep : public Operations {
             prepared_ = {place.attached ? place.node : L"", wholeState()};
         }
         host().forgetTypedTexts();
-        host().macros().load(L"Tarvix.dvb");
+        ignoringErrors([this] { host().macros().load(L"Tarvix.dvb"); });
         world.messages.clear();
         for (int i = 0; i < 3; ++i) world.messages.answer(MessageAnswer::yes);
         world.fileDialogs.chosen = L"C:\\Vorlagen\\Plan A3.dwt";
@@ -256,6 +259,7 @@ class FaultSweep : public Operations {
         for (const ListItem* item : list().selectedItems()) items.push_back(item->text());
 
         TestPlatform other(demo);
+        other.installations = world.installations;
         other.files = world.files;
         other.files.fails = [](std::wstring_view) { return false; };
         other.registry.storeText(RegistryRoot::localMachine, registryKey, "DefDB",
@@ -337,14 +341,13 @@ class FaultSweep : public Operations {
         const bool started = std::ranges::any_of(calls.calls(), [](const demo::RecordedCall& call) {
             return call.ofHost && call.kind == demo::RecordedCall::Kind::create;
         });
-        for (std::size_t i = 0; i < parts.size() && !started; ++i)
+        // Who cannot be told to open no page setup opens it.
+        for (std::size_t i = 0; i < parts.size() - (opensDialogs ? 1 : 0) && !started; ++i)
             EXPECT_TRUE(clean.states.at(i).contains(parts.at(i)))
                 << i << ": " << testing::PrintToString(parts.at(i));
         for (const auto& [name, value] : stored()) {
-            // The columns are remembered whenever the list changes its kind.
-            if (name.starts_with(L"ColOrder")) continue;
-            // What a host that is gone has borrowed is for the next one.
-            if (fault.hostGone && name == L"PlanRestore") continue;
+            // The columns are remembered whenever the list changes its kind; what a host is owed until it has it.
+            if (name.starts_with(L"ColOrder") || name == L"PlanRestore") continue;
             EXPECT_TRUE(clean.stored.contains(name) && clean.stored.at(name).contains(value))
                 << testing::PrintToString(name);
         }
@@ -368,8 +371,9 @@ class FaultSweep : public Operations {
     /// to be started is a question, not a failure.
     void expectFewMessages(std::size_t most) {
         std::vector<std::wstring> texts = world.messages.texts();
-        std::erase_if(texts,
-                      [](const std::wstring& text) { return text.starts_with(L"Soll AutoCAD gestartet"); });
+        std::erase_if(texts, [](const std::wstring& text) {
+            return text.starts_with(L"Soll AutoCAD gestartet") || text.ends_with(L" starten?");
+        });
         for (const wchar_t* text : {L"Geladene AutoCAD-Zeichnungen können nicht ermittelt werden!",
                                     L"Vorlagen-Ordner kann nicht gelesen werden!"}) {
             const auto ofRefresh = std::ranges::find(texts, text);
@@ -386,6 +390,7 @@ class FaultSweep : public Operations {
         EXPECT_TRUE(world.messages.shown.empty()) << testing::PrintToString(world.messages.shown);
         EXPECT_EQ(calls.deadObjects(), 0U);
         EXPECT_EQ(host().filedia(), 1);
+        expectSettingsAreBack();
         const auto parts = hostParts();
         std::wstring key = parts[0] + parts[1] + parts[3];
         for (const TreeNode* node = tree().selected(); node; node = node->parent())
@@ -448,10 +453,14 @@ class FaultSweep : public Operations {
         }
     }
 
+    void everyCallFailsOnce();
+    void theHostGoesAtEveryCall();
+
     static int failures() {
         return testing::UnitTest::GetInstance()->current_test_info()->result()->total_part_count();
     }
 
+    bool opensDialogs = false;  ///< the host does, at layouts that are shown first
     std::pair<std::wstring, std::wstring> prepared_;
     std::map<std::wstring, std::wstring> before_;
     std::map<std::wstring, std::wstring> freshPictures_;
@@ -466,7 +475,7 @@ bool acts(const demo::RecordedCall& call) {
     return call.ofHost && (call.kind == Kind::put || (call.kind == Kind::call && call.name != L"Item"));
 }
 
-TEST_F(FaultSweep, EveryCallFailsOnce) {
+void FaultSweep::everyCallFailsOnce() {
     forEveryOperation([this](const Place& place, const Action& action, const CleanRun& clean) {
         for (std::size_t n = 1; n <= clean.calls.size(); ++n) {
             if (!isNew(action, clean, n)) continue;
@@ -477,7 +486,7 @@ TEST_F(FaultSweep, EveryCallFailsOnce) {
     RecordProperty("runs", runs_);
 }
 
-TEST_F(FaultSweep, TheHostGoesAtEveryCall) {
+void FaultSweep::theHostGoesAtEveryCall() {
     forEveryOperation([this](const Place& place, const Action& action, const CleanRun& clean) {
         for (std::size_t n = 1; n <= clean.calls.size(); ++n) {
             const demo::RecordedCall& call = clean.calls[n - 1];
@@ -488,6 +497,14 @@ TEST_F(FaultSweep, TheHostGoesAtEveryCall) {
         }
     });
     RecordProperty("runs", runs_);
+}
+
+TEST_F(FaultSweep, EveryCallFailsOnce) {
+    everyCallFailsOnce();
+}
+
+TEST_F(FaultSweep, TheHostGoesAtEveryCall) {
+    theHostGoesAtEveryCall();
 }
 
 TEST_F(FaultSweep, TwoCallsOfTheShortOperationsFail) {
@@ -502,6 +519,40 @@ TEST_F(FaultSweep, TwoCallsOfTheShortOperationsFail) {
         }
     });
     RecordProperty("runs", runs_);
+}
+
+/// What is done otherwise with a newer host without the macro project, whose layouts open the page setup.
+class FaultSweepWithoutTarvix : public FaultSweep {
+  protected:
+    FaultSweepWithoutTarvix() {
+        demo::HostOptions options = demo::ofRelease(L"24.3");
+        options.vbaInstalled = false;
+        options.profile->showsPageSetup = true;
+        useHost(options);
+        restart();
+        opensDialogs = true;
+        presenter.inErstellen = [this](frmErstellen& dialog) {
+            dialog.cmdStart.userClicks();
+            if (!presenter.dialog.closed) dialog.cmdCancel.userClicks();
+        };
+    }
+
+    std::vector<Action> allActions() override {
+        std::vector<Action> all;
+        for (const wchar_t* item : {L"mnuFileDelete", L"mnuCreate", L"mnuRelease(24.3)"})
+            all.push_back({item, [item](frmMain& form) { form.item(item).click(); },
+                           [item](frmMain& form) { return form.item(item).enabled(); }});
+        return all;
+    }
+    void expectSettingsAreBack() override { EXPECT_TRUE(host().options().profile->showsPageSetup); }
+};
+
+TEST_F(FaultSweepWithoutTarvix, EveryCallFailsOnce) {
+    everyCallFailsOnce();
+}
+
+TEST_F(FaultSweepWithoutTarvix, TheHostGoesAtEveryCall) {
+    theHostGoesAtEveryCall();
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ std::vector<std::wstring> split(const std::wstring& text) {
 
 void Operations::restart() {
     calls.heal();
-    demo.start();
+    demo.start(release);
     const auto onDisk = [this](const wchar_t* folder, const wchar_t* name,
                                const std::vector<std::wstring>& layouts) {
         demo::DocumentPtr made = host().addDocument(folder, name, layouts);

@@ -18,15 +18,20 @@ TEST_F(DocumentOperations, TypeTheirTextExactly) {
         const wchar_t* node;
         const wchar_t* item;
         const wchar_t* typed;
+        const wchar_t* international;  // into other hosts than the established one
     };
-    for (const Case& c :
-         {Case{L"Z3", L"mnuFileClose", L"Plan.dwg 1 _Close¶"},
-          Case{L"Z1", L"mnuFileClose", L"Haus.dwg 1 _Close¶"},
-          Case{L"Z1", L"mnuSaveAS", L"Haus.dwg 1 _saveas¶"},
-          Case{L"B", L"popDCB", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\Vorlagen¶"},
-          Case{L"B", L"popDCD", L"Plan.dwg 1 ADCNAVIGIEREN¶¶¶"},
-          Case{L"D7", L"popDCD", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\VORLAG~1\\PLANA3~1.DWT¶"},
-          Case{L"D7", L"popInsert", L"Plan.dwg 0 layout¶vorlage¶C:\\Vorlagen\\Plan A3.dwt¶"}}) {
+    const std::array cases{
+        Case{L"Z3", L"mnuFileClose", L"Plan.dwg 1 _Close¶", L"Plan.dwg 1 _.CLOSE¶"},
+        Case{L"Z1", L"mnuFileClose", L"Haus.dwg 1 _Close¶", L"Haus.dwg 1 _.CLOSE¶"},
+        Case{L"Z1", L"mnuSaveAS", L"Haus.dwg 1 _saveas¶", L"Haus.dwg 1 _.SAVEAS¶"},
+        Case{L"B", L"popDCB", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\Vorlagen¶",
+             L"Plan.dwg 1 _.ADCNAVIGATE¶C:\\Vorlagen¶"},
+        Case{L"B", L"popDCD", L"Plan.dwg 1 ADCNAVIGIEREN¶¶¶", L"Plan.dwg 1 _.ADCNAVIGATE¶¶"},
+        Case{L"D7", L"popDCD", L"Plan.dwg 1 ADCNAVIGIEREN¶¶C:\\VORLAG~1\\PLANA3~1.DWT¶",
+             L"Plan.dwg 1 _.ADCNAVIGATE¶C:\\VORLAG~1\\PLANA3~1.DWT¶"},
+        Case{L"D7", L"popInsert", L"Plan.dwg 0 layout¶vorlage¶C:\\Vorlagen\\Plan A3.dwt¶",
+             L"Plan.dwg 0 _.-LAYOUT¶_Template¶C:\\Vorlagen\\Plan A3.dwt¶"}};
+    for (const Case& c : cases) {
         // The DesignCenter's path would be run word by word.
         world.files.shortPaths = {{L"C:\\Vorlagen\\Plan A3.dwt", L"C:\\VORLAG~1\\PLANA3~1.DWT"}};
         // A command that is running would take the text for its own answers.
@@ -47,6 +52,22 @@ TEST_F(DocumentOperations, TypeTheirTextExactly) {
             } else {
                 EXPECT_EQ(typed(), std::vector<std::wstring>{c.typed});
                 EXPECT_TRUE(world.messages.shown.empty());
+            }
+        }
+    }
+    // The established host is not asked for its language, every other one has the international words.
+    for (const wchar_t* hostRelease : {L"18", L"24.3"}) {
+        for (const demo::Language language : {demo::Language::german, demo::Language::english}) {
+            demo::HostOptions options = demo::ofRelease(hostRelease);
+            options.language = language;
+            useHost(options);
+            for (const Case& c : cases) {
+                restart();
+                click(c.node);
+                choose(c.item);
+                const bool established = release == L"18";
+                EXPECT_EQ(typed(), std::vector<std::wstring>{established ? c.typed : c.international});
+                EXPECT_EQ(calls.count(L"LocaleId"), 0U);
             }
         }
     }

@@ -47,6 +47,13 @@ void Program::useDatabase(std::wstring_view statements) {
     world.registry.storeText(RegistryRoot::localMachine, registryKey, "DefDB", file.string());
 }
 
+void Program::useHost(demo::HostOptions options) {
+    demo.end(release);
+    release = options.release;
+    if (release != L"18") world.installations.install(release, L"AutoCAD " + release + L" – Deutsch");
+    demo.install(std::move(options));
+}
+
 bool Program::start() {
     return main->Main();
 }

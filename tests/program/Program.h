@@ -44,7 +44,9 @@ class Program : public testing::Test {
     frmMain& form() { return *main->fMainForm; }
     TreeView& tree() { return form().tvTreeView; }
     ListView& list() { return form().lvListView; }
-    demo::Host& host() { return *demo.host(); }
+    demo::Host& host() { return *demo.host(release); }
+    /// From its next start on the host is this one, entered as installed.
+    void useHost(demo::HostOptions options);
     std::wstring status() { return form().sbStatusBar.panelText(1); }
     std::wstring hint() { return form().sbStatusBar.panelText(2); }
 
@@ -65,6 +67,7 @@ class Program : public testing::Test {
 
     static constexpr const char* registryKey = "SOFTWARE\\Ormeda\\Tarvix 2.1";
 
+    std::wstring release = L"18";  ///< of `host`
     TemporaryFolder folder;
     demo::DemoAutomation demo;
     demo::CallRecorder calls;

@@ -63,6 +63,7 @@ std::vector<Action> actions() {
         const bool inMenu = !command.item.empty() || !command.pop.empty();
         all.push_back(inMenu ? byMenu(command) : byButton(command));
     }
+    all.push_back(event(L"release", [](frmMain& form) { form.item(L"mnuReleaseAutomatic").click(); }));
     for (const wchar_t* key : {L"A", L"Z1", L"Z3", L"L5", L"B", L"D7"})
         all.push_back(event(std::wstring(L"click ") + key, [key](frmMain& form) { clickNode(form, key); }));
     all.push_back(event(L"double click, tree", [](frmMain& form) { form.tvTreeView.events.doubleClick(); }));

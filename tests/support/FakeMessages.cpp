@@ -36,9 +36,9 @@ MessageAnswer FakeMessages::show(const std::wstring& text, const std::wstring& c
         ADD_FAILURE() << "unexpected message box: " << testing::PrintToString(shown.back());
     }
     if (whileOpen) whileOpen(ShownBox(shown.back()));
-    return announced.answer.value_or(buttons == MessageButtons::yesNo         ? MessageAnswer::no
-                                     : buttons == MessageButtons::yesNoCancel ? MessageAnswer::cancel
-                                                                              : MessageAnswer::ok);
+    if (announced.answer) return *announced.answer;
+    if (buttons == MessageButtons::ok) return MessageAnswer::ok;
+    return buttons == MessageButtons::yesNoCancel ? MessageAnswer::cancel : MessageAnswer::no;
 }
 
 }  // namespace blattwart::test

@@ -6,6 +6,7 @@
 #include "support/FakeFileDialogs.h"
 #include "support/FakeFiles.h"
 #include "support/FakeHelp.h"
+#include "support/FakeInstallations.h"
 #include "support/FakeMessages.h"
 #include "support/FakeProcess.h"
 #include "support/FakeReadingWatch.h"
@@ -19,8 +20,8 @@ namespace blattwart::test {
 /// A whole world of fakes round the given automation objects, which it does not own.
 struct TestPlatform {
     explicit TestPlatform(Automation& automation)
-        : platform{automation, registry, settings, files, clipboard, messages, fileDialogs,
-                   desktop,    process,  locale,   help,  readings,  gate,     worker} {}
+        : platform{automation, registry, settings, files,    clipboard,     messages, fileDialogs, desktop,
+                   process,    locale,   help,     readings, installations, gate,     worker} {}
     TestPlatform(const TestPlatform&) = delete;
     TestPlatform& operator=(const TestPlatform&) = delete;
 
@@ -35,6 +36,7 @@ struct TestPlatform {
     GermanLocale locale;
     FakeHelp help;
     FakeReadingWatch readings;
+    FakeInstallations installations;
     Gate gate;
     FakeWorker worker;
     Platform platform;

@@ -9,6 +9,7 @@ namespace blattwart {
 namespace {
 
 static_assert(static_cast<UINT>(MessageButtons::yesNo) == MB_YESNO);
+static_assert(static_cast<UINT>(MessageButtons::yesNoDefaultNo) == (MB_YESNO | MB_DEFBUTTON2));
 static_assert(static_cast<UINT>(MessageButtons::yesNoCancel) == MB_YESNOCANCEL);
 static_assert(static_cast<int>(MessageAnswer::cancel) == IDCANCEL);
 static_assert(static_cast<UINT>(MessageIcon::critical) == MB_ICONHAND);

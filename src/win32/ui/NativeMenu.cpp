@@ -72,6 +72,8 @@ void NativeMenu::append(HMENU popup, MenuItem& item) {
         const auto command = static_cast<UINT>(firstCommand_ + place);
         AppendMenuW(popup, MF_STRING | state, command, caption.c_str());
         if (item.isDefault()) SetMenuDefaultItem(popup, command, FALSE);
+        if (item.isChoice() && item.checked())
+            CheckMenuRadioItem(popup, command, command, command, MF_BYCOMMAND);
         return;
     }
     const HMENU inner = CreatePopupMenu();

@@ -1,5 +1,6 @@
 #include "win32/ui/Win32FormPresenter.h"
 
+#include "dialogs/frmErstellen.h"
 #include "dialogs/frmInfo.h"
 #include "dialogs/frmKopieren.h"
 #include "dialogs/frmUmbenennen.h"
@@ -38,6 +39,16 @@ void Win32FormPresenter::showModal(frmKopieren& form) {
 void Win32FormPresenter::showModal(frmUmbenennen& form) {
     FormDialog dialog(form, layoutControls(form), guard_, gate_);
     show(dialog, IDD_UMBENENNEN);
+}
+
+void Win32FormPresenter::showModal(frmErstellen& form) {
+    FormDialog dialog(form,
+                      {{IDC_DOKUMENT, &form.txtDokument},
+                       {IDC_LAYOUT, &form.txtLayout},
+                       {IDOK, &form.cmdStart},
+                       {IDCANCEL, &form.cmdCancel}},
+                      guard_, gate_);
+    show(dialog, IDD_ERSTELLEN);
 }
 
 void Win32FormPresenter::showModal(frmInfo& form) {

@@ -22,6 +22,7 @@ class Win32FormPresenter : public FormPresenter {
     }
     void showModal(frmKopieren& form) override;
     void showModal(frmUmbenennen& form) override;
+    void showModal(frmErstellen& form) override;
     void showModal(frmInfo& form) override;
     void showModal(frmPlanliste& form) override;
     void showModal(frmPlanUmbenennen& form) override;

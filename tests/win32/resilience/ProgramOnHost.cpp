@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "demo/host/Disk.h"
+#include "demo/host/HostOptions.h"
 #include "res/DialogIds.h"
 #include "ui/ControlHost.h"
 #include "win32/com/ComError.h"
@@ -69,20 +70,24 @@ std::wstring marked(const TreeNode& node) {
 
 const std::wstring HostProgram::database = temporaryFile(L"Tarvix.mdb");
 
-HostProgram::HostProgram() {
+HostProgram::HostProgram(std::wstring release)
+    : release_(std::move(release)), window_(window + (release_ == L"18" ? std::wstring() : release_)) {
     registerAdo();
     fs::remove(database);
     if (runProgram(DATABASE_MAKER, L"/still \"" + database + L"\"") != 0)
         throw std::runtime_error("the database cannot be made");
-    runProgram(CADHOST, L"/register /silent");
+    runProgram(CADHOST, L"/release " + release_ + L" /register /silent");
 }
 
 void HostProgram::start(Client& client, const std::wstring& options) {
     kill();
     writeFiles();
-    program_.emplace(CADHOST, L"/silent " + options + L" C:\\Projekte\\Haus.dwg C:\\Projekte\\Plan.dwg",
-                     window);
-    if (!attach(client, name)) throw std::runtime_error("the host does not come up");
+    program_.emplace(
+        CADHOST,
+        L"/release " + release_ + L" /silent " + options + L" C:\\Projekte\\Haus.dwg C:\\Projekte\\Plan.dwg",
+        window_.c_str());
+    if (!attach(client, demo::programNames(release_).front().c_str()))
+        throw std::runtime_error("the host does not come up");
 }
 
 int HostProgram::messages() {

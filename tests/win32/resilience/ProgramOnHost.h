@@ -11,6 +11,7 @@
 #include "shell/basMain.h"
 #include "support/TestPlatform.h"
 #include "win32/platform/Win32Files.h"
+#include "win32/platform/Win32Installations.h"
 #include "win32/ui/Win32FormPresenter.h"
 
 namespace blattwart::test {
@@ -28,8 +29,8 @@ struct BusyMoment {
 ///     C:\Vorlagen     Plan A3.dwt (Rahmen A3)
 class HostProgram {
   public:
-    /// Enters the host, and ADO with a database, in the registry.
-    HostProgram();
+    /// Enters the host as this release, and ADO with a database, in the registry.
+    explicit HostProgram(std::wstring release = L"18");
 
     /// Starts the host on fresh files, Plan.dwg active in Blatt 1, and waits until clients find it.
     void start(Client& client, const std::wstring& options = {});
@@ -53,6 +54,8 @@ class HostProgram {
   private:
     std::wstring told(const std::wstring& command);
 
+    std::wstring release_;
+    std::wstring window_;
     std::optional<RunningProgram> program_;
 };
 
@@ -113,9 +116,10 @@ class ProgramOnHost {
     std::wstring busyPanel();
 
     Win32Files files_;
+    Win32Installations installations_;
     Platform platform_{calls,          world.registry,    world.settings, files_,        world.clipboard,
                        world.messages, world.fileDialogs, world.desktop,  world.process, world.locale,
-                       world.help,     world.readings,    client.gate,    world.worker};
+                       world.help,     world.readings,    installations_, client.gate,   world.worker};
     bool painted_ = false;
 };
 

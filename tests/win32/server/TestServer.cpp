@@ -114,7 +114,7 @@ ObjectPtr makeApplication() {
 
 void serve(const std::vector<std::wstring>& commands) {
     const Apartment apartment;
-    Server server(testClass, L"Prüfling");
+    Server server({testClass}, L"Prüfling");
     ServerWindow window(testServerWindow, [&](const std::wstring& command) { return server.obey(command); });
     for (const std::wstring& command : commands) server.obey(command);
     const ObjectPtr application = makeApplication();

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "ControlHost.h"
+#include "dialogs/frmErstellen.h"
 #include "planlist/frmPlanUmbenennen.h"
 #include "res/DialogIds.h"
 #include "shell/basMain.h"
@@ -194,6 +195,18 @@ TEST_F(DialogTest, EveryTextHasItsRoom) {
     list.add(L"L3", L"Blatt 2");
     list.selectAll();
     inDialog([this] { program.fMainForm->mnuFileRename_Click(); }, [this] { expectRoom(); });
+    inDialog(
+        [&] {
+            frmErstellen form(
+                {*program.views, list, program.autoCAD, program.general, program.help, world.platform},
+                program.tarvix, program.members, {});
+            form.Form_Load();
+            presenter.showModal(form);
+        },
+        [&] {
+            expectRoom();
+            EXPECT_EQ(textOf(GetFocus()), L"Layout1");
+        });
 }
 
 /// The plan list, in which a row stands though there is no host.

@@ -198,6 +198,13 @@ TEST_F(MainWindowTest, MenusAndButtonsShowTheViewMode) {
         }
         return (GetMenuState(bar, commandOf(bar, caption), MF_BYCOMMAND) & MF_CHECKED) != 0;
     };
+    EXPECT_TRUE(isChecked(L"&Automatisch"));
+    MENUITEMINFOW release{};
+    release.cbSize = sizeof release;
+    release.fMask = MIIM_FTYPE;
+    const HMENU menus = GetMenu(window());
+    GetMenuItemInfoW(menus, commandOf(menus, L"&Automatisch"), FALSE, &release);
+    EXPECT_TRUE(release.fType & MFT_RADIOCHECK);
     EXPECT_TRUE(isChecked(L"&Details"));
     choose(L"&Liste");
     EXPECT_EQ(SendMessageW(list(), LVM_GETVIEW, 0, 0), LV_VIEW_LIST);

@@ -13,6 +13,7 @@
 #include "win32/platform/Win32Desktop.h"
 #include "win32/platform/Win32Files.h"
 #include "win32/platform/Win32HelpViewer.h"
+#include "win32/platform/Win32Installations.h"
 #include "win32/platform/Win32Locale.h"
 #include "win32/platform/Win32MessageBoxes.h"
 #include "win32/platform/Win32Process.h"
@@ -91,6 +92,44 @@ TEST_F(RegistryTest, FailuresLeaveTheBufferAlone) {
     RegistryKey key = 7;
     EXPECT_EQ(registry.openKey(RegistryRoot::localMachine, "SOFTWARE\\Fehlt", 1, key), ERROR_FILE_NOT_FOUND);
     EXPECT_EQ(key, 0u);
+}
+
+TEST(Win32InstallationsTest, LooksIntoBothViewsAndForTheServersFile) {
+    const std::wstring text = L"{7B1C0E52-3D0A-4C55-9F0D-5A1E3B2C4D6F}";
+    const auto set = [](HKEY root, const std::wstring& path, REGSAM view, const wchar_t* name,
+                        const std::wstring& value) {
+        HKEY key = nullptr;
+        RegCreateKeyExW(root, path.c_str(), 0, nullptr, 0, KEY_WRITE | view, nullptr, &key, nullptr);
+        RegSetValueExW(key, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()),
+                       static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t)));
+        RegCloseKey(key);
+    };
+    Win32Installations installations;
+    const std::wstring all = L"SOFTWARE\\Autodesk\\AutoCAD\\";
+    set(HKEY_LOCAL_MACHINE, all + L"R19.0\\ACAD-B001:407", KEY_WOW64_32KEY, L"ProductName", L"AutoCAD 2013");
+    set(HKEY_LOCAL_MACHINE, all + L"R24.3\\ACAD-7101:409", KEY_WOW64_64KEY, L"Release", L"24.3.61");
+    std::vector<std::wstring> found;
+    for (const InstalledProduct& each : installations.products())
+        found.push_back(each.release + L" " + each.key + L" " + each.name);
+    std::ranges::sort(found);
+    EXPECT_EQ(found,
+              (std::vector<std::wstring>{L"R19.0 ACAD-B001:407 AutoCAD 2013", L"R24.3 ACAD-7101:409 "}));
+
+    EXPECT_EQ(installations.classOf(L"AutoCAD.Application.24.3"), L"");
+    set(HKEY_CLASSES_ROOT, L"AutoCAD.Application.24.3\\CLSID", 0, nullptr, text);
+    EXPECT_EQ(installations.classOf(L"AutoCAD.Application.24.3"), text);
+    EXPECT_FALSE(installations.hasServer(text));
+    std::filesystem::create_directories(L"C:\\Mit Blank\\acad.exe folder");
+    std::ofstream(std::filesystem::path(L"C:\\Mit Blank\\acad.exe"));
+    for (const auto& [command, exists] : {std::pair(L"\"C:\\Mit Blank\\acad.exe\" /Automation", true),
+                                          {L"C:\\Mit Blank\\acad.exe /Automation", true},
+                                          {L"C:\\Mit Blank\\acad /Automation", true},
+                                          {L"\"C:\\Mit Blank\\fehlt.exe\"", false},
+                                          {L"\"C:\\Mit Blank\\acad.exe folder\"", false},
+                                          {L"", false}}) {
+        set(HKEY_CLASSES_ROOT, L"CLSID\\" + text + L"\\LocalServer32", 0, nullptr, command);
+        EXPECT_EQ(installations.hasServer(text), exists) << testing::PrintToString(command);
+    }
 }
 
 TEST(Win32SettingsTest, KeepsTexts) {
