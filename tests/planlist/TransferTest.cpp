@@ -151,20 +151,20 @@ TEST(TransferTest, AFailureAtAnyCallLeavesNothingThatCannotBeTakenBack) {
     const std::size_t all = undisturbed.calls.count();
     constexpr auto refused = static_cast<std::int32_t>(0x80200003);
     for (std::size_t call = 1; call <= all; ++call) {
-        for (const auto& [error, last] : {std::pair(refused, call), std::pair(hresult::callCanceled, call),
-                                          std::pair(hresult::callCanceled, call + 500)}) {
-            SCOPED_TRACE(std::to_string(call) + " to " + std::to_string(last));
-            Transferring world;
-            prepared(world);
-            world.begin();
-            world.failFrom(call, last, error, demo::Moment::after);
-            world.run(world.transfer);
-            world.calls.heal();
-            EXPECT_TRUE(world.now() == undisturbed.now() || !world.transfer.result().message().empty());
-            if (!world.undo.empty()) world.takeBack();
-            EXPECT_EQ(world.now(), before);
-            EXPECT_TRUE(world.undo.empty());
-        }
+        // One call is refused, one answer is lost, or all from one on.
+        const auto error = call % 3 == 0 ? refused : hresult::callCanceled;
+        const std::size_t last = call % 3 == 2 ? call + 500 : call;
+        SCOPED_TRACE(std::to_string(call) + " to " + std::to_string(last));
+        Transferring world;
+        prepared(world);
+        world.begin();
+        world.failFrom(call, last, error, demo::Moment::after);
+        world.run(world.transfer);
+        world.calls.heal();
+        EXPECT_TRUE(world.now() == undisturbed.now() || !world.transfer.result().message().empty());
+        if (!world.undo.empty()) world.takeBack();
+        EXPECT_EQ(world.now(), before);
+        EXPECT_TRUE(world.undo.empty());
     }
 }
 

@@ -138,9 +138,8 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
     world.files.fill(L"C:\\Haus\\1 EG.pdf", {'a', 'l', 't'});
     open([this] {
         makePdfOf({L"Haus.dwg/EG", L"Haus.dwg/OG 10", L"Plan.dwg/EG"}, [this](frmPlanPdf& form) {
-            EXPECT_EQ(
-                columnOf(form.lvLayouts, 3),
-                (Texts{L"C:\\Haus\\Haus-EG.pdf", L"C:\\Haus\\Haus-OG 10.pdf", L"C:\\Haus\\Plan-EG.pdf"}));
+            EXPECT_EQ(columnOf(form.lvLayouts, 3),
+                      (Texts{L"Haus-EG.pdf", L"Haus-OG 10.pdf", L"Plan-EG.pdf"}));
             EXPECT_EQ(form.lvLayouts.row(2).column(4), L"wird nicht geplottet: Plotgerät ist kein PDF-Gerät");
             form.txtName.setText(L"<Unsinn>");
             EXPECT_EQ(form.lvLayouts.row(0).column(4), L"unbekannter Platzhalter");

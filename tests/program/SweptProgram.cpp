@@ -216,7 +216,8 @@ SweptProgram::HostParts SweptProgram::hostParts() {
     }
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path()))
         if (entry.is_regular_file()) files += entry.path().filename().wstring() + L"|";
-    for (const std::wstring& file : world.files.all()) files += file + L"|";
+    for (const std::wstring& file : world.files.all())
+        if (!file.ends_with(L".pdf")) files += file + L"|";
     for (const Typed& each : typed()) typedTexts += each.drawing + std::to_wstring(each.filedia) + each.text;
     other = host().dialog() ? L"dialog" : L"";
     return parts;
