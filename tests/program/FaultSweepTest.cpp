@@ -163,13 +163,13 @@ class FaultSweep : public Operations {
     // Preparing
 
     void prepare(const Place& place) {
+        forgetPlots();
         if (!main->fMainForm || !isAsPrepared(place)) {
             std::filesystem::remove(host().disk().realPath(L"C:\\Vorlagen\\Neu.dwt"));
             for (const wchar_t* file : {L"C:\\Vorlagen\\Plan A3.dwt", L"C:\\Vorlagen\\Rahmen.dwg"}) {
                 world.files.forget(file);
                 world.files.add(file);
             }
-            forgetPlots();
             restart();
             host().options().writePlot = [this](const std::wstring& file, const std::string& bytes) {
                 world.files.fill(file, {bytes.begin(), bytes.end()});
@@ -195,7 +195,7 @@ class FaultSweep : public Operations {
     void forgetPlots() {
         const std::vector<std::wstring> files = world.files.all();
         for (const std::wstring& file : files)
-            if (file.ends_with(L".pdf")) world.files.forget(file);
+            if (file.find(L".pdf") != std::wstring::npos) world.files.forget(file);
     }
 
     bool isAsPrepared(const Place& place) {
@@ -231,7 +231,7 @@ class FaultSweep : public Operations {
         for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path()))
             if (entry.is_regular_file()) files += entry.path().filename().wstring() + L"|";
         for (const std::wstring& file : world.files.all())
-            if (!file.ends_with(L".pdf")) files += file + L"|";
+            if (file.find(L".pdf") == std::wstring::npos) files += file + L"|";
         for (const std::wstring& text : typed()) typedTexts += text;
         other = host().dialog() ? L"dialog" : L"";
         return parts;
