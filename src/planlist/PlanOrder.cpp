@@ -164,6 +164,7 @@ void PlanOrder::takeBack() {
 
 bool PlanOrder::put(PlanDrawing& drawing, const std::vector<std::wstring>& names) {
     std::vector<PlanRow*> rows;
+    rows.reserve(names.size());
     for (const std::wstring& name : names) rows.push_back(plan_.findRow(drawing, name));
     const TabNumbers numbers{[&](std::size_t i, std::int32_t number) { rows[i]->layout.putTabOrder(number); },
                              [&](std::size_t i) {

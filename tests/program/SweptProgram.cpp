@@ -10,6 +10,11 @@ bool always(frmMain&) {
     return true;
 }
 
+/// Also one that was put aside.
+bool isPlot(const std::wstring& file) {
+    return file.find(L".pdf") != std::wstring::npos;
+}
+
 }  // namespace
 
 SweptProgram::SweptProgram() {
@@ -138,6 +143,7 @@ void SweptProgram::orderAndPlot(frmPlanliste& list) {
 }
 
 void SweptProgram::prepare(const Place& place) {
+    forgetPlots();
     if (!main->fMainForm || !isAsPrepared(place)) {
         restoreFiles();
         restart();
@@ -169,9 +175,12 @@ void SweptProgram::restoreFiles() {
         world.files.forget(file);
         world.files.add(file);
     }
+}
+
+void SweptProgram::forgetPlots() {
     const std::vector<std::wstring> files = world.files.all();
     for (const std::wstring& file : files)
-        if (file.ends_with(L".pdf")) world.files.forget(file);
+        if (isPlot(file)) world.files.forget(file);
 }
 
 bool SweptProgram::isAsPrepared(const Place& place) {
@@ -217,7 +226,7 @@ SweptProgram::HostParts SweptProgram::hostParts() {
     for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path()))
         if (entry.is_regular_file()) files += entry.path().filename().wstring() + L"|";
     for (const std::wstring& file : world.files.all())
-        if (!file.ends_with(L".pdf")) files += file + L"|";
+        if (!isPlot(file)) files += file + L"|";
     for (const Typed& each : typed()) typedTexts += each.drawing + std::to_wstring(each.filedia) + each.text;
     other = host().dialog() ? L"dialog" : L"";
     return parts;

@@ -45,6 +45,7 @@ class SweptProgram : public Operations {
     void selectPlan(frmPlanliste& list);
     bool isAsPrepared(const Place& place);
     void restoreFiles();
+    void forgetPlots();
     void goTo(const Place& place);
     std::wstring wholeState();
 

@@ -46,7 +46,8 @@ std::span<const Operation> operations(std::size_t part) {
 }
 
 void PrintTo(const Operation& operation, std::ostream* stream) {
-    *stream << testing::PrintToString(operation.action) << " at " << testing::PrintToString(operation.place);
+    *stream << &operation - operations().data() << ", " << testing::PrintToString(operation.action) << " at "
+            << testing::PrintToString(operation.place);
 }
 
 void prepare(ProgramOnHost& program, const Operation& operation) {

@@ -14,6 +14,7 @@ struct Operation {
     /// What he clicks in the plan list, when that opens, all its rows being selected.
     Button frmPlanliste::*inPlanList = &frmPlanliste::cmdClose;
 };
+/// With its number in operations().
 void PrintTo(const Operation& operation, std::ostream* stream);
 
 /// All of them. Each answers one question with Yes at most.
