@@ -10,7 +10,7 @@ bool always(frmMain&) {
     return true;
 }
 
-/// Also one that was put aside.
+/// A plotted file, or an older one that is set aside meanwhile.
 bool isPlot(const std::wstring& file) {
     return file.find(L".pdf") != std::wstring::npos;
 }
