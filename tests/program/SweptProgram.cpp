@@ -209,7 +209,8 @@ void SweptProgram::perform(const Action& action) {
 std::size_t SweptProgram::questions() {
     std::vector<std::wstring> asked = world.messages.questions();
     std::erase_if(asked, [](const std::wstring& text) {
-        return text.starts_with(L"Soll AutoCAD gestartet") || text.find(L"Soll der Rest") != text.npos;
+        return text.starts_with(L"Soll AutoCAD gestartet") ||
+               text.find(L"Soll der Rest") != std::wstring::npos;
     });
     return asked.size();
 }
