@@ -55,14 +55,12 @@ TEST_F(ReadTest, ReadingAnewKeepsRowsAndAsksNothingTwice) {
     autoCAD.ConnectAutoCAD();
     calls.clear();
     reader.begin();
-    while (reader.step()) {
-    }
+    finish(reader);
     constexpr std::size_t facts = 2 + drawings * (7 + layouts * 5);
     EXPECT_EQ(calls.count(), facts + drawings) << "one readable name for each paper";
     calls.clear();
     reader.begin();
-    while (reader.step()) {
-    }
+    finish(reader);
     EXPECT_EQ(calls.count(), facts);
 
     ListView list(world.locale);
@@ -114,8 +112,7 @@ TEST_F(ReadTest, AReadingThatEndsEarlyShowsWholeDrawingsOnly) {
     read();
     begin();
     host().close(b);
-    while (reader.step()) {
-    }
+    finish(reader);
     EXPECT_EQ(reader.state(), PlanReader::State::done);
     EXPECT_EQ(rows(), (Names{all[0], all[1], all[4], all[5]}));
 

@@ -92,12 +92,6 @@ TEST_F(Automation, ObjectsGoBackToTheirServer) {
     EXPECT_EQ(errorOf([&] { echo(ObjectPtr(std::make_shared<Foreign>())); }), DISP_E_TYPEMISMATCH);
 }
 
-TEST_F(Automation, TheSameNameMayHaveAnotherIdInAnotherClass) {
-    EXPECT_EQ(application_->get({L"App", L"Name"}), Value(L"Prüfling"));
-    const ObjectPtr child = collection(L"Children", 1)->enumerate(L"Children").at(0);
-    EXPECT_EQ(child->get({L"Child", L"Name"}), Value(L"Kind 0"));
-}
-
 TEST_F(Automation, AKnownMemberCostsOneMessage) {
     const auto get = [&] { application_->get({L"App", L"Name"}); };
     EXPECT_EQ(sent("idLookups", get), 1);
@@ -127,12 +121,6 @@ TEST_F(Automation, ErrorsBringTheServersCodeAndText) {
     const RuntimeError withText = failure(static_cast<std::int32_t>(0x80200014), L"Schlüssel nicht gefunden");
     EXPECT_EQ(withText.number(), static_cast<std::int32_t>(0x80200014));
     EXPECT_EQ(withText.description(), L"Schlüssel nicht gefunden");
-    const RuntimeError withoutText = failure(static_cast<std::int32_t>(0x80200157), L"");
-    EXPECT_EQ(withoutText.number(), static_cast<std::int32_t>(0x80200157));
-    EXPECT_FALSE(withoutText.description().empty());
-    const RuntimeError plain = failure(DISP_E_BADPARAMCOUNT, L"");
-    EXPECT_EQ(plain.number(), DISP_E_BADPARAMCOUNT);
-    EXPECT_FALSE(plain.description().empty());
     struct Kind {
         std::int32_t number;
         bool gone, refused, lost, notAnswering;
@@ -143,28 +131,17 @@ TEST_F(Automation, ErrorsBringTheServersCodeAndText) {
                           Kind{hresult::serverDied, true, false, true, false},
                           Kind{hresult::callCanceled, false, false, true, true},
                           Kind{hresult::cannotCallOut, false, true, false, true},
-                          Kind{DISP_E_BADPARAMCOUNT, false, false, false, false}}) {
+                          Kind{DISP_E_BADPARAMCOUNT, false, false, false, false},
+                          Kind{static_cast<std::int32_t>(0x80200157), false, false, false, false}}) {
         const RuntimeError error = failure(k.number, L"");
         EXPECT_EQ(error.number(), k.number);
+        EXPECT_NE(error.description(), L"") << k.number;
         EXPECT_EQ(isGone(error), k.gone) << k.number;
         EXPECT_EQ(isRefused(error), k.refused) << k.number;
         EXPECT_EQ(isAnswerLost(error), k.lost) << k.number;
         EXPECT_EQ(isNotAnswering(error), k.notAnswering) << k.number;
         EXPECT_EQ(error.description().find(L"nicht bekannt, ob") != std::wstring::npos, k.lost) << k.number;
         EXPECT_EQ(error.description().find(L"nicht angenommen") != std::wstring::npos, k.refused) << k.number;
-    }
-}
-
-TEST_F(Automation, EnumeratesWithFewMessages) {
-    for (const std::int32_t count : {0, 3, 600}) {
-        const ObjectPtr many = collection(L"Children", count);
-        std::vector<ObjectPtr> elements;
-        EXPECT_EQ(sent("nexts", [&] { elements = many->enumerate(L"Children"); }), count / 512 + 1);
-        ASSERT_EQ(elements.size(), static_cast<std::size_t>(count));
-        if (count > 0) {
-            EXPECT_EQ(elements.back()->get({L"Child", L"Name"}),
-                      Value(L"Kind " + std::to_wstring(count - 1)));
-        }
     }
 }
 
@@ -179,7 +156,7 @@ TEST_F(Automation, ObjectsAreGivenBackWhenTheApplicationIs) {
     EXPECT_EQ(sent("released", leave), 4);
 }
 
-TEST_F(Automation, EnumeratesWhateverTheEnumeratorDoes) {
+TEST_F(Automation, EnumeratesWithFewMessagesWhateverTheEnumeratorDoes) {
     struct Case {
         const wchar_t *command, *collection, *className;
         std::int32_t count;
@@ -188,7 +165,10 @@ TEST_F(Automation, EnumeratesWhateverTheEnumeratorDoes) {
     };
     // Before an enumerator has shown that it gives several, one that gives a single element is asked once
     // more.
-    for (const Case& c : {Case{L"enumerate asked", L"Plain", L"A", 3, 0, 0},
+    for (const Case& c : {Case{L"enumerate asked", L"Children", L"Children", 0, 1, 1},
+                          Case{L"enumerate asked", L"Children", L"Children", 3, 1, 1},
+                          Case{L"enumerate asked", L"Children", L"Children", 600, 2, 2},
+                          Case{L"enumerate asked", L"Plain", L"A", 3, 0, 0},
                           Case{L"enumerate single", L"Children", L"B", 1, 2, 2},
                           Case{L"enumerate single", L"Children", L"C", 3, 4, 4},
                           Case{L"enumerate unending", L"Children", L"D", 3, 2, 2},
@@ -219,7 +199,8 @@ TEST_F(Automation, AnEnumerationCanBeLeft) {
     }
 }
 
-TEST_F(Automation, AnObjectThatKnowsAMemberByAnotherIdIsAskedByName) {
+TEST_F(Automation, TheSameNameMayHaveAnotherIdInAnotherClassOrObject) {
+    EXPECT_EQ(application_->get({L"App", L"Name"}), Value(L"Prüfling"));
     EXPECT_EQ(collection(L"Children", 1)->enumerate(L"Children").at(0)->get({L"Child", L"Name"}),
               Value(L"Kind 0"));
     const Value odd = application_->get({L"App", L"Odd"});
