@@ -91,7 +91,11 @@ void ListView::selectAll() {
 }
 
 void ListView::ensureVisible(const ListItem& item) {
-    if (listener_) listener_->rowWanted(rowOf(item));
+    if (listener_) {
+        listener_->rowWanted(rowOf(item));
+    } else {
+        topRow_ = rowOf(item);
+    }
 }
 
 void ListView::clearColumns() {

@@ -84,7 +84,8 @@ class ListView : public Control {
     std::vector<ListItem*> selectedItems() const;
     void clearSelection();
     void selectAll();
-    /// Scrolls until the item is seen. Not to be called within an update.
+    /// Scrolls until the item is seen; the next window begins there when none shows the list. Not to be
+    /// called within an update.
     void ensureVisible(const ListItem& item);
     /// The first row that is seen, from 0; the window keeps it here for the next one on this list.
     int topRow() const { return topRow_; }

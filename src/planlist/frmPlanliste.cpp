@@ -156,7 +156,6 @@ void frmPlanliste::Form_Load(const std::wstring& drawing, const std::wstring& la
 
 void frmPlanliste::opened() {
     if (const auto placement = storedPlacement(platform_.settings)) window().setPlacement(*placement);
-    if (const ListItem* focused = lvPlan.focused()) lvPlan.ensureVisible(*focused);
     window().stepLater();
 }
 

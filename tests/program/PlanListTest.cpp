@@ -168,8 +168,12 @@ TEST_F(PlanListTest, RenamesByAPatternAndTakesItBackAfterReopening) {
     world.desktop.foregroundWindow = FakeWindow::ownHandle;
     form().ctlTimer_Timer();
     EXPECT_NE(treeText().find(L"Haus-07"), std::wstring::npos) << "the navigator follows";
+    tree().forEach([this](TreeNode& node) {
+        if (node.text() == L"Haus-08") tree().select(node);
+    });
     open([&] {
         EXPECT_EQ(rows(), (Texts{L"Haus.dwg/Haus-07", L"Haus.dwg/Haus-08"}));
+        EXPECT_EQ(list().lvPlan.topRow(), 1) << "known before anything is read";
         EXPECT_EQ(list().lvPlan.selectedItems().size(), 2U);
         world.messages.expect(L"3 Layouts umbenannt rückgängig machen?", MessageAnswer::yes);
         press(control(L'Z'));

@@ -9,7 +9,7 @@ namespace blattwart {
 namespace {
 
 constexpr UINT workDone = WM_APP;
-constexpr DWORD patience = 300;  // milliseconds for the thread's end
+constexpr DWORD patienceAtEnd = 300;  // milliseconds for the thread's end
 
 struct Job {
     std::function<void()> work;
@@ -44,7 +44,7 @@ Win32Worker::~Win32Worker() {
     if (thread_) {
         QueueUserAPC(endThread, thread_.get(), 0);
         CancelSynchronousIo(thread_.get());
-        WaitForSingleObject(thread_.get(), patience);
+        WaitForSingleObject(thread_.get(), patienceAtEnd);
     }
     MSG message{};
     while (PeekMessageW(&message, window_, workDone, workDone, PM_REMOVE))
