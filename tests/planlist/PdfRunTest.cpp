@@ -16,11 +16,8 @@ class Plotting : public PlanWorld {
         b = open(L"C:\\P", L"B.dwg", {L"eins", L"zwei"});
         c = open(L"C:\\P", L"C.dwg", {L"eins"});
         for (const auto& document : {a, b})
-            for (demo::Layout* layout : document->drawing().layouts()) {
-                demo::PlotSettings settings = layout->plotSettings();
-                settings.device = L"DWG To PDF.pc3";
-                layout->setPlotSettings(settings);
-            }
+            for (demo::Layout* layout : document->drawing().layouts())
+                change(document, layout->name(), [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
         b->drawing().setCurrentLayout(b->drawing().modelLayout());
         read();
         sheets = {{number(L"A.dwg", L"zwei"), L"C:\\P\\A-zwei.pdf"},
@@ -90,9 +87,7 @@ TEST(PdfRunTest, WhatIsNoPdfIsToldAndTheFileBeforeComesBack) {
 
 TEST(PdfRunTest, AReasonStandsBesideEachLayoutThatWasLeftOut) {
     Plotting world;
-    demo::PlotSettings settings = world.a->findLayout(L"zwei")->plotSettings();
-    settings.device = L"HP DesignJet";
-    world.a->findLayout(L"zwei")->setPlotSettings(settings);
+    world.change(world.a, L"zwei", [](demo::PlotSettings& s) { s.device = L"HP DesignJet"; });
     const auto denied = [&](std::wstring_view call) { return call == L"Files.rename"; };
     world.write(L"C:\\P\\A-drei.pdf", "alt");
     world.world.files.fails = denied;

@@ -68,6 +68,13 @@ class PlanWorld {
         ADD_FAILURE() << "no such row";
         return 0;
     }
+    /// Changes how a layout is plotted.
+    static void change(const demo::DocumentPtr& document, const std::wstring& layout,
+                       const std::function<void(demo::PlotSettings&)>& how) {
+        demo::PlotSettings settings = document->findLayout(layout)->plotSettings();
+        how(settings);
+        document->findLayout(layout)->setPlotSettings(settings);
+    }
     /// What the host calls the paper layouts of a drawing, in the order of its tabs.
     static Names layouts(const demo::DocumentPtr& document) {
         Names names;

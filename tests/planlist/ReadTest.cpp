@@ -11,12 +11,11 @@ std::wstring numbered(const wchar_t* stem, int number) {
 class ReadTest : public testing::Test, public PlanWorld {
   protected:
     void setPlot(const demo::DocumentPtr& document, const std::wstring& layout, const std::wstring& paper) {
-        demo::Layout& found = *document->findLayout(layout);
-        demo::PlotSettings settings = found.plotSettings();
-        settings.device = L"DWG To PDF.pc3";
-        settings.paper = paper;
-        settings.styleSheet = L"büro.ctb";
-        found.setPlotSettings(settings);
+        change(document, layout, [&](demo::PlotSettings& settings) {
+            settings.device = L"DWG To PDF.pc3";
+            settings.paper = paper;
+            settings.styleSheet = L"büro.ctb";
+        });
     }
 };
 

@@ -29,12 +29,6 @@ class Transferring : public PlanWorld {
         prepare();
     }
 
-    void change(const demo::DocumentPtr& document, const wchar_t* layout,
-                const std::function<void(demo::PlotSettings&)>& how) {
-        demo::PlotSettings settings = settingsOf(document, layout);
-        how(settings);
-        document->findLayout(layout)->setPlotSettings(settings);
-    }
     static demo::PlotSettings settingsOf(const demo::DocumentPtr& document, const wchar_t* layout) {
         return document->findLayout(layout)->plotSettings();
     }

@@ -14,6 +14,7 @@ class FakeDesktop : public Desktop {
     struct Window {
         std::wstring caption;
         State state = State::normal;
+        bool messageBox = false;
     };
 
     std::map<WindowHandle, Window> windows;
@@ -22,7 +23,7 @@ class FakeDesktop : public Desktop {
 
     WindowHandle findWindow(const std::wstring& caption) override {
         for (const auto& [handle, window] : windows)
-            if (window.caption == caption) return handle;
+            if (window.caption == caption && !window.messageBox) return handle;
         return 0;
     }
     void showNormal(WindowHandle window) override {
