@@ -132,11 +132,11 @@ take_plan_dialogs() {
     until_true 20 is_open "$list"
     keys Home shift+Down shift+Down alt+s
     until_true 20 another_is_open "$list"
-    xdotool windowsize --sync "$(xdotool getactivewindow)" 1000 300
+    xdotool windowsize --sync "$(xdotool getactivewindow)" 1000 420
     take_dialog_picture planliste-seiteneinrichtung
     keys Escape
     until_true 20 is_open "$list"
-    keys ctrl+a ctrl+p
+    keys alt+l ctrl+a ctrl+p
     until_true 20 another_is_open "$list"
     take_dialog_picture planliste-pdf
     keys Escape

@@ -20,7 +20,8 @@ using Records = std::vector<Object>;
 
 /// A drawing as far as the host shows it: layouts, blocks, entities and extended data, with the layers, line
 /// types, styles and applications that these name. It reads ASCII DXF from release 2000 on, whatever the file
-/// is called and also behind the head and the picture of a DWG, and writes release 2010; all else that a file holds is lost.
+/// is called and also behind the head and the picture of a DWG, and writes release 2010; all else that a file
+/// holds is lost.
 ///
 /// Failures throw RuntimeError with a German description: invalidCall (no such drawing file, damaged,
 /// operation or name not allowed), duplicateKey (name in use), elementNotFound. Names compare without regard

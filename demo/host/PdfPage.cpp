@@ -3,6 +3,7 @@
 #include <cmath>
 #include <iomanip>
 #include <sstream>
+#include <type_traits>
 #include <vector>
 
 namespace demo {
@@ -26,7 +27,7 @@ std::string wideText(const std::wstring& text) {
         bytes += static_cast<char>(unit & 0xFFU);
     };
     for (const wchar_t letter : text) {
-        const auto code = static_cast<std::uint32_t>(letter);
+        const auto code = static_cast<std::uint32_t>(static_cast<std::make_unsigned_t<wchar_t>>(letter));
         if (code > 0xFFFF) {
             add(0xD800 + ((code - 0x10000) >> 10U));
             add(0xDC00 + ((code - 0x10000) & 0x3FFU));

@@ -19,7 +19,7 @@ std::wstring aside(const std::wstring& file) {
 }
 
 bool holds(const std::vector<std::uint8_t>& bytes, std::string_view text) {
-    return !std::ranges::search(bytes, text).empty();
+    return std::search(bytes.begin(), bytes.end(), text.begin(), text.end()) != bytes.end();
 }
 
 }  // namespace

@@ -60,8 +60,24 @@ void PlanOrder::checkAll() {
     const PlanWriteResult check = PlanWriteResult::of(reader_.check(drawings));
     result_.drawings = check.drawings;
     if (check.end != End::done) return finish(check.end);
+    try {
+        for (const Job& job : jobs_)
+            if (!isAsShown(*plan_.findDrawing(job.drawing))) result_.drawings.push_back(job.shownName);
+    } catch (const RuntimeError& error) {
+        if (isSilence(error)) return finish(End::noAnswer);
+        result_.reasons = {L"Die Reihenfolge kann nicht gelesen werden: " + error.description()};
+        return finish(End::otherwise);
+    }
+    if (!result_.drawings.empty()) return finish(End::changedInHost);
     undo_.push();
     phase_ = Phase::write;
+}
+
+/// What the user has moved is what the list showed, and what is taken back, too.
+bool PlanOrder::isAsShown(PlanDrawing& drawing) {
+    const std::vector<std::wstring> shown = present(drawing);
+    for (PlanRow& row : drawing.rows) row.tabOrder = row.layout.TabOrder();
+    return present(drawing) == shown;
 }
 
 void PlanOrder::nextDrawing() {
@@ -148,6 +164,7 @@ void PlanOrder::takeBack() {
 
 bool PlanOrder::put(PlanDrawing& drawing, const std::vector<std::wstring>& names) {
     std::vector<PlanRow*> rows;
+    rows.reserve(names.size());
     for (const std::wstring& name : names) rows.push_back(plan_.findRow(drawing, name));
     const TabNumbers numbers{[&](std::size_t i, std::int32_t number) { rows[i]->layout.putTabOrder(number); },
                              [&](std::size_t i) {

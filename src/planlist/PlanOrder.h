@@ -36,6 +36,7 @@ class PlanOrder : public PlanGroup {
     void start(std::vector<Job> jobs, bool undoing);
     void checkAll();
     void nextDrawing();
+    bool isAsShown(PlanDrawing& drawing);
     bool fits(PlanDrawing& drawing);
     void write(const Job& job);
     void takeBack();

@@ -193,7 +193,7 @@ std::wstring PlanTransfer::noteOf(const PlotSettings& wanted, const PlotSettings
         } else if (is.empty() || is == shouldBe) {
             addTo(note, name + L" nicht übernommen");
         } else {
-            addTo(note, name + L" ist " + is + L" statt " + shouldBe);
+            addTo(note, std::wstring(name).append(L" ist ").append(is).append(L" statt ").append(shouldBe));
         }
     }
     return note.empty() ? carriedOver : note;

@@ -50,7 +50,7 @@ class PlanTransfer : public PlanGroup {
     std::wstring noteOf(const PlotSettings& wanted, const PlotSettings& now,
                         const std::vector<PlotRefusal>& refusals) const;
     void takeBack();
-    void putBack(SettingsChanged& part, const PlanList::Place& place);
+    void putBack(SettingsChanged& changed, const PlanList::Place& target);
     /// Whether the drawing may be written to; otherwise the group has ended, or a reason is noted.
     bool isFit();
     void readBack();

@@ -20,14 +20,14 @@ frmPlanEinstellungen::frmPlanEinstellungen(PlanList& plan, PlanTransfer& transfe
       platform_(platform),
       source_(rows_.front()) {
     lvNach.setMode(ListViewMode::details);
-    constexpr std::array<std::pair<const wchar_t*, float>, noteColumn> columns{{{L"Layout", 1700},
-                                                                                {L"Zeichnung", 1600},
-                                                                                {L"Plotgerät", 1900},
-                                                                                {L"Papierformat", 1900},
-                                                                                {L"Ausrichtung", 1300},
-                                                                                {L"Plotstil", 1300},
-                                                                                {L"Maßstab", 1000},
-                                                                                {L"Plotbereich", 1300},
+    constexpr std::array<std::pair<const wchar_t*, float>, noteColumn> columns{{{L"Layout", 1500},
+                                                                                {L"Zeichnung", 1500},
+                                                                                {L"Plotgerät", 2300},
+                                                                                {L"Papierformat", 2600},
+                                                                                {L"Ausrichtung", 2000},
+                                                                                {L"Plotstil", 1900},
+                                                                                {L"Maßstab", 900},
+                                                                                {L"Plotbereich", 1700},
                                                                                 {L"Hinweis", 3000}}};
     for (const auto& [header, width] : columns) lvNach.addColumn(header, width);
     lvNach.setColumnPositions({1, 0, 2, 3, 4, 5, 6, 7, 8});

@@ -38,8 +38,8 @@ frmPlanPdf::frmPlanPdf(PlanList& plan, PdfRun& run, std::vector<int> rows, PdfCh
       help_(help),
       platform_(platform) {
     lvLayouts.setMode(ListViewMode::details);
-    for (const auto& [header, width] : {std::pair{L"Layout", 1900.0F}, std::pair{L"Zeichnung", 1800.0F},
-                                        std::pair{L"Datei", 3400.0F}, std::pair{L"Ergebnis", 3000.0F}})
+    for (const auto& [header, width] : {std::pair{L"Layout", 1700.0F}, std::pair{L"Zeichnung", 1700.0F},
+                                        std::pair{L"Datei", 2900.0F}, std::pair{L"Ergebnis", 4000.0F}})
         lvLayouts.addColumn(header, width);
     lvLayouts.setColumnPositions({1, 0, 2, 3});
     txtOrdner.setText(choice.folder);
@@ -165,7 +165,7 @@ void frmPlanPdf::show() {
             if (!place) continue;
             ListItem& item = lvLayouts.add(PlanList::keyOf(sheet.plan.row), place.row->name);
             item.setColumn(2, place.drawing->shownName);
-            item.setColumn(3, sheet.plan.file);
+            item.setColumn(3, sheet.plan.file.substr(sheet.plan.file.rfind(L'\\') + 1));
             item.setColumn(4, textOf(sheet));
         }
     }

@@ -17,7 +17,7 @@ frmPlanReihenfolge::frmPlanReihenfolge(PlanList& plan, const std::vector<int>& r
                                        basHTMLHelp& help, Platform& platform)
     : lvLayouts(platform.locale), plan_(plan), help_(help), locale_(platform.locale) {
     lvLayouts.setMode(ListViewMode::details);
-    for (const auto& [header, width] : {std::pair{L"Layout", 2900.0F}, std::pair{L"Zeichnung", 2300.0F},
+    for (const auto& [header, width] : {std::pair{L"Layout", 1900.0F}, std::pair{L"Zeichnung", 1500.0F},
                                         std::pair{L"Nr. bisher", 1000.0F}, std::pair{L"Nr. neu", 900.0F}})
         lvLayouts.addColumn(header, width);
     lvLayouts.setColumnPositions({3, 0, 1, 2});

@@ -55,11 +55,12 @@ frmPlanliste::frmPlanliste(basAutoCAD& autoCAD, PlanDialogs& dialogs, basHTMLHel
     lvPlan.setSortKey(static_cast<int>(PlanColumn::drawing) - 1);
     lvPlan.setSorted(true);
     txtFilter.setToolTip(L"Zeigt nur Layouts, in denen alle Wörter vorkommen (Strg+F)");
-    buildCommands();
+    listCommands();
+    connectCommands();
     connectEvents();
 }
 
-void frmPlanliste::buildCommands() {
+void frmPlanliste::listCommands() {
     using Needs = Command::Needs;
     commands_ = {
         {nullptr,
@@ -107,7 +108,10 @@ void frmPlanliste::buildCommands() {
          &frmPlanliste::refresh,
          Needs::nothing,
          L"Liest alle geladenen Zeichnungen neu (F5)"}};
-    for (const Command& command : commands_) {
+}
+
+void frmPlanliste::connectCommands() {
+    for (Command& command : commands_) {
         if (command.separatorBefore) popupMenu.addSeparator();
         MenuItem& item = popupMenu.add({}, command.caption, command.shortcut);
         item.click = [this, run = command.run] {
@@ -116,19 +120,20 @@ void frmPlanliste::buildCommands() {
                 (this->*run)();
             });
         };
-        items_.push_back(&item);
+        command.item = &item;
         if (!command.button) continue;
         command.button->setToolTip(command.toolTip);
         command.button->events.click = item.click;
     }
-    items_.front()->setDefault(true);
+    commands_.front().item->setDefault(true);
 }
 
 void frmPlanliste::connectEvents() {
     lvPlan.events = {
         .doubleClick =
             [this] {
-                if (items_.front()->enabled()) items_.front()->click();
+                const MenuItem& show = *commands_.front().item;
+                if (show.enabled()) show.click();
             },
         .contextMenu = [this] { window().popUpMenu(popupMenu); },
         .selectionChange =
@@ -208,10 +213,10 @@ bool frmPlanliste::isPossible(Command::Needs needs) const {
 }
 
 void frmPlanliste::showState() {
-    for (std::size_t i = 0; i < commands_.size(); ++i) {
-        const bool possible = isPossible(commands_[i].needs);
-        items_[i]->setEnabled(possible);
-        if (commands_[i].button) commands_[i].button->setEnabled(possible);
+    for (const Command& command : commands_) {
+        const bool possible = isPossible(command.needs);
+        command.item->setEnabled(possible);
+        if (command.button) command.button->setEnabled(possible);
     }
     cmdRueckgaengig.setToolTip(undo_.empty() ? L""
                                              : L"Macht rückgängig: " + undo_.top().text() + L" (Strg+Z)");
@@ -222,7 +227,7 @@ std::wstring frmPlanliste::statusText() const {
     if (work_ == Work::writing) return workText_;
     if (work_ == Work::reading) return reader_.statusText();
     if (!note_.empty()) return note_;
-    const std::wstring ofReading = reader_.statusText();
+    std::wstring ofReading = reader_.statusText();
     if (lvPlan.count() == 0 && (ofReading.empty() || plan_.layoutCount() > 0)) return emptyText();
     if (lvPlan.count() == 0) return ofReading;
     const int all = plan_.layoutCount();

@@ -65,9 +65,11 @@ class frmPlanliste : public Dialog {
         Needs needs;
         const wchar_t* toolTip;
         bool separatorBefore = false;
+        MenuItem* item = nullptr;  // in the context menu
     };
 
-    void buildCommands();
+    void listCommands();
+    void connectCommands();
     void connectEvents();
     /// What the user does: the note that the event before has left is gone.
     void handle(const std::function<void()>& work);
@@ -122,8 +124,7 @@ class frmPlanliste : public Dialog {
     PlanGroup* group_ = &writer_;  // the one that is being or was done last
     std::optional<PdfChoice> pdfChoice_;
     RenamePattern pattern_;
-    std::vector<Command> commands_;
-    std::vector<MenuItem*> items_;  // of the commands, in their order
+    std::vector<Command> commands_;  // showing in AutoCAD first
     Work work_ = Work::none;
     std::wstring workText_;  // of writing
     std::wstring note_;      // of the last event

@@ -23,13 +23,13 @@ std::function<void()> frmPlanliste::commandOf(const Shortcut& key, const Control
             if (isPossible(Command::Needs::selection)) handle([&] { order(step); });
         };
     }
-    for (std::size_t i = 0; i < commands_.size(); ++i) {
-        if (commands_[i].shortcut != key || key.key == 0) continue;
+    for (const Command& command : commands_) {
+        if (command.shortcut != key || key.key == 0) continue;
         // In the filter these are for its text, on a button Enter presses it.
         const bool ofList =
             key.key == Shortcut::enter || key.key == L'A' || key.key == L'C' || key.key == L'Z';
         if (ofList && focused != &lvPlan) return {};
-        return [item = items_[i]] {
+        return [item = command.item] {
             if (item->enabled()) item->click();
         };
     }

@@ -87,11 +87,12 @@ TEST_F(HostTest, PlotSettingsComeInMillimetres) {
     call(a, L"RefreshPlotDeviceInfo");
     readSize();
     EXPECT_EQ(width, Value(420.0));
-    for (const auto& [property, value] : {std::pair(L"ConfigName", L"None"),
-                                          {L"ConfigName", L"Plotter.pc3"},
-                                          {L"CanonicalMediaName", L"A3"},
-                                          {L"StyleSheet", L"acad.stb"}})
-        EXPECT_EQ(errorOf([&] { put(a, property, Value(value)); }), hostError::invalidInput) << value;
+    for (const auto& wrong : {std::pair(L"ConfigName", L"None"),
+                              {L"ConfigName", L"Plotter.pc3"},
+                              {L"CanonicalMediaName", L"A3"},
+                              {L"StyleSheet", L"acad.stb"}})
+        EXPECT_EQ(errorOf([&] { put(a, wrong.first, Value(wrong.second)); }), hostError::invalidInput)
+            << wrong.second;
     settings.device = L"none_device";
     data.setPlotSettings(settings);
     call(a, L"RefreshPlotDeviceInfo");

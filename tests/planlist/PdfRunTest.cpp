@@ -178,6 +178,12 @@ TEST(PdfRunTest, AHostThatDiesGetsItsOwnSettingsBackWithTheNextAttach) {
         EXPECT_TRUE(profile->showsPageSetup);
         EXPECT_EQ(world.world.settings.values[L"PlanRestore"], L"");
     }
+    PlanWorld broken;
+    broken.open(L"C:\\P", L"Neu.dwg", {L"eins"});
+    broken.host().options().profile->backgroundPlot = 0;
+    broken.world.settings.values[L"PlanRestore"] = L";CTAB=1;;BACKGROUNDPLOT=9;BACKGROUNDPLOT;=2";
+    broken.read();
+    EXPECT_EQ(broken.host().options().profile->backgroundPlot, 0) << "a broken memory is none";
 }
 
 }  // namespace

@@ -132,27 +132,27 @@ struct FailingCalls {
     std::size_t count;
 };
 
-/// Lets each call of an operation fail, in turn: in the end the host has what was wanted, or the user is
-/// told, and in both cases it can be taken back. `make` gives a world whose operation has begun and called
-/// nothing yet: a pointer to a PlanWorld with `group()`, which goes on with it, and `now()`, what it changes.
+/// Lets each call of an operation fail, by one of the failures after the other: in the end the host has what
+/// was wanted, or the user is told, and in both cases it can be taken back. `make` gives a world whose
+/// operation has begun and called nothing yet: a pointer to a PlanWorld with `group()`, which goes on with
+/// it, and `now()`, what it changes.
 template <class Make>
 void expectFailuresCanBeTakenBack(const Make& make, const std::vector<FailingCalls>& failures) {
     const auto undisturbed = make();
     const auto before = undisturbed->now();
     PlanWorld::finish(undisturbed->group());
     for (std::size_t call = 1; call <= undisturbed->calls.count(); ++call) {
-        for (const auto& [error, count] : failures) {
-            SCOPED_TRACE(std::to_string(count) + " from " + std::to_string(call));
-            const auto world = make();
-            PlanGroup& group = world->group();
-            world->failFrom(call, call + count - 1, error, demo::Moment::after);
-            PlanWorld::finish(group);
-            world->calls.heal();
-            EXPECT_TRUE(world->now() == undisturbed->now() || !group.result().message().empty());
-            if (!world->undo.empty()) PlanWorld::takeBack(group);
-            EXPECT_EQ(world->now(), before);
-            EXPECT_TRUE(world->undo.empty());
-        }
+        const auto& [error, count] = failures[call % failures.size()];
+        SCOPED_TRACE(std::to_string(count) + " from " + std::to_string(call));
+        const auto world = make();
+        PlanGroup& group = world->group();
+        world->failFrom(call, call + count - 1, error, demo::Moment::after);
+        PlanWorld::finish(group);
+        world->calls.heal();
+        EXPECT_TRUE(world->now() == undisturbed->now() || !group.result().message().empty());
+        if (!world->undo.empty()) PlanWorld::takeBack(group);
+        EXPECT_EQ(world->now(), before);
+        EXPECT_TRUE(world->undo.empty());
     }
 }
 

@@ -17,17 +17,9 @@ class Dialogs : public Program {
         host().forgetTypedTexts();
     }
     demo::DocumentPtr plan() { return host().findDocument(L"C:\\Haus 1\\Plan.dwg"); }
-    std::vector<std::wstring> layoutsOf(const demo::DocumentPtr& document) {
-        std::vector<std::wstring> names;
-        for (const demo::Layout* layout : document->drawing().layouts()) names.push_back(layout->name());
-        return names;
-    }
     bool hasLayout(const std::wstring& name) { return plan()->findLayout(name) != nullptr; }
     void select(const std::vector<std::wstring>& names) {
-        std::vector<ListItem*> items;
-        for (int row = 0; row < list().count(); ++row)
-            if (std::ranges::count(names, list().row(row).text())) items.push_back(&list().row(row));
-        list().userSelects(items, items.empty() ? nullptr : items.front());
+        selectRows(list(), [&](const ListItem& row) { return std::ranges::count(names, row.text()) > 0; });
     }
     /// Copies "Übersicht" of the first drawing, from its node in the tree.
     void copy(const std::wstring& name, const std::wstring& number) {
@@ -49,9 +41,6 @@ class Dialogs : public Program {
         click(L"Z1");
         select(layouts);
         choose(L"mnuFileRename");
-    }
-    ShownBox warning(std::wstring text) {
-        return {std::move(text), L"Blattwart", MessageButtons::ok, MessageIcon::exclamation};
     }
 };
 
@@ -119,7 +108,7 @@ TEST_F(Copying, ChecksNameAndNumberOnLeavingAndOnStart) {
             if (c.refused == none) return;
             world.messages.clear();
             form.cmdStart.userClicks();
-            EXPECT_EQ(world.messages.shown, std::vector<ShownBox>{warning(c.message)});
+            EXPECT_EQ(world.messages.shown, std::vector<ShownBox>{told(c.message)});
             EXPECT_EQ(presenter.dialog.focus, c.refused == name ? &form.txtLayout : &form.txtAnzahl);
             EXPECT_FALSE(presenter.dialog.closed);
         };
@@ -159,10 +148,10 @@ TEST_F(Copying, NumbersAsManyAsWantedFromTheFirstFreeOne) {
                                            {L"Plan", L"1", {L"Plan2"}},
                                            {L"Plan", L"3", {L"Plan3", L"Plan4", L"Plan5"}},
                                            {L"Neu", L"2", {L"Neu1", L"Neu2"}}}) {
-        const auto before = layoutsOf(plan());
+        const std::size_t before = plan()->drawing().layouts().size();
         copy(c.name, c.number);
         for (const std::wstring& name : c.made) EXPECT_TRUE(hasLayout(name));
-        EXPECT_EQ(layoutsOf(plan()).size(), before.size() + c.made.size());
+        EXPECT_EQ(plan()->drawing().layouts().size(), before + c.made.size());
         EXPECT_EQ(plan()->drawing().currentLayout().name(), c.made.front());
         EXPECT_TRUE(presenter.dialog.closed);
     }
@@ -172,7 +161,7 @@ TEST_F(Copying, NumbersAsManyAsWantedFromTheFirstFreeOne) {
     EXPECT_FALSE(presenter.dialog.closed);
     EXPECT_FALSE(hasLayout(L"Neu"));
     EXPECT_EQ(world.messages.shown,
-              std::vector{warning(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!")});
+              std::vector{told(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!")});
     world.messages.clear();
     plan()->commandLine().type(L"\x1b");
     plan()->drawing().deleteLayout(*plan()->findLayout(L"Plan4"));
@@ -247,7 +236,7 @@ TEST_F(Renaming, NumbersTheSelectedLayoutsFromTheGivenNumber) {
                            {{L"Plan7", L"Plan8"}, L"2499", {L"Plan2499", L"Plan"}}}) {
         rename(c.layouts, L"Plan", c.number);
         for (const std::wstring& name : c.names) EXPECT_TRUE(hasLayout(name));
-        EXPECT_EQ(layoutsOf(plan()).size(), 5U);
+        EXPECT_EQ(plan()->drawing().layouts().size(), 5U);
         EXPECT_TRUE(presenter.dialog.closed);
         std::multiset<std::wstring> shown;
         for (int row = 0; row < list().count(); ++row) shown.insert(list().row(row).text());
@@ -287,7 +276,7 @@ TEST_F(Renaming, OpensForSeveralLayoutsOnly) {
     choose(L"mnuFileRename");
     EXPECT_EQ(presenter.dialogsShown, 1);
     EXPECT_EQ(world.messages.shown.back(),
-              warning(L"Die Zeichnung 'Plan.dwg' ist in AutoCAD nicht mehr geöffnet!"));
+              told(L"Die Zeichnung 'Plan.dwg' ist in AutoCAD nicht mehr geöffnet!"));
     EXPECT_EQ(tree().find(L"Z1"), nullptr);
     EXPECT_TRUE(host().findDocument(L"C:\\Haus 2\\Größe.dwg")->findLayout(L"Grundriss"));
 }
@@ -302,9 +291,9 @@ TEST_F(Information, TellsVersionAndStartsTheSystemsTool) {
         const auto expectMessage = [&](std::size_t started) {
             world.messages.clear();
             form.cmdSysInfo.userClicks();
-            EXPECT_EQ(world.messages.shown,
-                      (std::vector<ShownBox>{{L"Systeminformationen sind momentan nicht verfügbar",
-                                              L"Blattwart", MessageButtons::ok, MessageIcon::none}}));
+            EXPECT_EQ(
+                world.messages.shown,
+                std::vector{told(L"Systeminformationen sind momentan nicht verfügbar", MessageIcon::none)});
             EXPECT_EQ(world.process.started.size(), started);
         };
         EXPECT_EQ(form.lblVersion.text(), L"Version 2.1.0");

@@ -116,9 +116,8 @@ TEST_F(Frame, ClosingKeepsPlacementAndColumns) {
     world.settings.fails = [](std::wstring_view) { return true; };
     form().Form_Unload();
 
-    main = std::make_unique<basMain>(world.platform, presenter);
     world.desktop.windows[FakeWindow::ownHandle].state = FakeDesktop::State::normal;
-    start();
+    startAgain();
     EXPECT_EQ(window().place.left, -150);
     EXPECT_EQ(window().place.top, 75.5F);
 }

@@ -91,13 +91,7 @@ class Details : public Program {
 };
 
 TEST_F(Details, ShowsEverythingOnEveryKindOfHost) {
-    for (const auto& [wideIds, shortIds] : {std::pair(false, false), {true, true}, {true, false}}) {
-        demo.end();
-        main = std::make_unique<basMain>(world.platform, presenter);
-        demo::HostOptions options;
-        options.wideIds = wideIds;
-        options.shortIds = shortIds;
-        demo.start().options() = options;
+    onEveryKindOfHost([this] {
         open();
         fillSheet();
         // The details are those of the layout's own drawing, whichever is active.
@@ -106,7 +100,7 @@ TEST_F(Details, ShowsEverythingOnEveryKindOfHost) {
         show();
         EXPECT_EQ(rows(), wholeSheet());
         for (int i = 0; i < list().count(); ++i) EXPECT_EQ(list().row(i).icon(), list().row(0).icon());
-    }
+    });
 }
 
 TEST_F(Details, TellsPaperAndPlotSettings) {
@@ -224,8 +218,7 @@ TEST_F(Details, TellsUnreadableDataOnceForEachFilling) {
         const bool unreadable = key == std::wstring_view(L"L3");
         EXPECT_EQ(world.messages.shown.size(), unreadable ? 1U : 0U);
     }
-    EXPECT_EQ(world.messages.shown.front(), (ShownBox{L"Fehler beim Lesen der EED's!", L"Blattwart",
-                                                      MessageButtons::ok, MessageIcon::critical}));
+    EXPECT_EQ(world.messages.shown.front(), told(L"Fehler beim Lesen der EED's!", MessageIcon::critical));
     // Whether the damaged one is a north arrow is not known.
     EXPECT_EQ(value(L"INordpfeil"), L"");
     // What stood before the damage counts, and so do the other objects.

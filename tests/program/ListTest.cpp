@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <numeric>
 
 #include "Program.h"
 #include "support/DrawingFile.h"
@@ -55,8 +54,7 @@ class List : public Program {
     void clickHeader(int column) { list().events.columnClick(column); }
     void restart() {
         form().Form_Unload();
-        main = std::make_unique<basMain>(world.platform, presenter);
-        start();
+        startAgain();
     }
 
     demo::DocumentPtr plan;
@@ -195,8 +193,7 @@ TEST_F(List, KeepsWidthsPerKindAndOverRestarts) {
     form().Form_Unload();
     world.settings.values[L"Col_2_0"] = L"-5";
     world.settings.values[L"Col_2_1"] = L"2147483647";
-    main = std::make_unique<basMain>(world.platform, presenter);
-    start();
+    startAgain();
     click(L"Z1");
     EXPECT_EQ(list().columns()[0].width, 2500);
     click(L"A");
@@ -204,23 +201,17 @@ TEST_F(List, KeepsWidthsPerKindAndOverRestarts) {
     EXPECT_EQ(main->views->tree.CurrentNodeKind, L"A");
 }
 
-TEST_F(List, RestoresEveryOrderOfItsColumns) {
-    std::vector<int> order(5);
-    std::iota(order.begin(), order.end(), 0);
+TEST_F(List, KeepsTheOrderOfItsColumnsOverRestarts) {
+    const std::vector<int> order{2, 0, 1, 4, 3};
     click(L"Z1");
-    do {
-        list().setColumnPositions(order);
-        click(L"A");
-        click(L"Z1");
-        ASSERT_EQ(positions(), order);
-    } while (std::ranges::next_permutation(order).found);
-
-    list().userMovesColumn(1, 4);
-    const std::vector<int> moved = positions();
+    list().setColumnPositions(order);
+    click(L"A");
+    click(L"Z1");
+    EXPECT_EQ(positions(), order);
     restart();
-    EXPECT_EQ(world.settings.values[L"ColOrderZ"], L"4,3,2,1,0");
+    EXPECT_EQ(world.settings.values[L"ColOrderZ"], L"2,0,1,4,3");
     click(L"Z1");
-    EXPECT_EQ(positions(), moved);
+    EXPECT_EQ(positions(), order);
 }
 
 TEST_F(List, DamagedOrdersDoNoHarm) {

@@ -1,7 +1,5 @@
 #include "Operations.h"
 
-#include <algorithm>
-
 namespace blattwart::test {
 
 std::vector<std::wstring> split(const std::wstring& text) {
@@ -19,45 +17,34 @@ std::vector<std::wstring> split(const std::wstring& text) {
 void Operations::restart() {
     calls.heal();
     demo.start(release);
-    const auto onDisk = [this](const wchar_t* folder, const wchar_t* name,
-                               const std::vector<std::wstring>& layouts) {
-        demo::DocumentPtr made = host().addDocument(folder, name, layouts);
+    for (const SampleDrawing& sample : sampleDrawings()) {
+        const demo::DocumentPtr made = host().addDocument(sample.folder, sample.name, sample.layouts);
         made->save();
-        return made;
-    };
-    host().close(onDisk(L"C:\\Vorlagen", L"Plan A3.dwt", {L"Rahmen A3"}));
-    onDisk(L"C:\\Projekte", L"Haus.dwg", {L"Blatt 1"});
-    onDisk(L"C:\\Projekte", L"Plan.dwg", {L"Blatt 1", L"Blatt 2", L"Schnitt"});
+        if (sample.isTemplate()) host().close(made);
+    }
     world.messages.clear();
     world.fileDialogs = {};
-    main = std::make_unique<basMain>(world.platform, presenter);
-    ASSERT_TRUE(start());
+    ASSERT_TRUE(startAgain());
     calls.clear();
 }
 
 std::wstring Operations::hostState() {
     const demo::DocumentPtr active = host().activeDocument();
     if (!active) return L"none";
-    return active->name() + L"/" + active->drawing().currentLayout().name() + L" " +
+    return active->name() + L"/" + active->drawing().currentLayout().name() + L" of " +
            std::to_wstring(host().documents().size());
 }
 
-std::wstring Operations::layoutsOf(const demo::Drawing& drawing) {
-    std::wstring names;
-    for (const demo::Layout* layout : drawing.layouts())
-        if (!layout->isModel()) names += (names.empty() ? L"" : L",") + layout->name();
-    return names;
+std::vector<Typed> Operations::typed() {
+    std::vector<Typed> result;
+    for (const demo::TypedText& each : host().typedTexts())
+        result.push_back({each.document.substr(each.document.rfind(L'\\') + 1), each.text, each.filedia});
+    return result;
 }
 
-std::vector<std::wstring> Operations::typed() {
-    std::vector<std::wstring> result;
-    for (const demo::TypedText& typed : host().typedTexts()) {
-        std::wstring text = typed.text;
-        std::ranges::replace(text, L'\r', L'¶');
-        result.push_back(typed.document.substr(typed.document.rfind(L'\\') + 1) + L" " +
-                         std::to_wstring(typed.filedia) + L" " + text);
-    }
-    return result;
+void PrintTo(const Typed& typed, std::ostream* stream) {
+    *stream << "into " << testing::PrintToString(typed.drawing) << " with FILEDIA " << typed.filedia << ": "
+            << testing::PrintToString(typed.text);
 }
 
 bool Operations::activeDocumentIsRight() {
@@ -76,13 +63,6 @@ void Operations::loseAnswerOf(std::wstring_view className, std::wstring_view nam
         calls.failAt(number, RuntimeError(error, L"Fehler"),
                      refused ? demo::Moment::before : demo::Moment::after);
     });
-}
-
-void Operations::selectInList(const std::vector<std::wstring>& keys) {
-    std::vector<ListItem*> items;
-    items.reserve(keys.size());
-    for (const std::wstring& key : keys) items.push_back(list().find(key));
-    list().userSelects(items, items.empty() ? nullptr : items.front());
 }
 
 }  // namespace blattwart::test

@@ -1,52 +1,23 @@
-#include <algorithm>
-
 #include "planlist/PlotSettings.h"
-#include "Program.h"
+#include "PlanListProgram.h"
 
 namespace blattwart::test {
 namespace {
 
-using Texts = std::vector<std::wstring>;
-
-/// What the plan list's dialogs do with Haus.dwg (EG, OG 10, OG 2) and Plan.dwg (Schnitt, EG), which is
-/// active: the order of tabs, page setups, PDF files.
-class PlanPlotTest : public Program {
+/// What the plan list's dialogs do: the order of tabs, page setups, PDF files.
+class PlanPlotTest : public PlanListProgram {
   protected:
     PlanPlotTest() {
-        house = host().addDocument(L"C:\\Haus", L"Haus.dwg", {L"EG", L"OG 10", L"OG 2"});
-        plan = host().addDocument(L"C:\\Haus", L"Plan.dwg", {L"Schnitt", L"EG"});
         host().options().writePlot = [this](const std::wstring& path, const std::string& bytes) {
             world.files.fill(path, {bytes.begin(), bytes.end()});
             return true;
         };
         world.files.addFolder(L"C:\\Haus");
-        start();
-        world.messages.strict = true;
     }
 
-    void open(std::function<void()> user) {
-        presenter.inPlanliste = [this, user = std::move(user)](frmPlanliste&) {
-            window().goOn();
-            user();
-            if (!window().closed) list().cmdClose.userClicks();
-        };
-        choose(L"mnuPlanList");
-        EXPECT_EQ(world.messages.outstanding(), 0U);
-    }
-    /// Selects these ("Haus.dwg/EG"), the first one with the focus.
-    void select(const Texts& rows) {
-        std::vector<ListItem*> items;
-        for (const std::wstring& row : rows)
-            for (int i = 0; i < list().lvPlan.count(); ++i) {
-                ListItem& item = list().lvPlan.row(i);
-                if (item.column(2) + L"/" + item.text() == row) items.push_back(&item);
-            }
-        EXPECT_EQ(items.size(), rows.size());
-        list().lvPlan.userSelects(items, items.front());
-    }
     void undo() {
         world.messages.answer(MessageAnswer::yes);
-        window().press({.key = L'Z', .control = true}, &list().lvPlan);
+        press(control(L'Z'));
         window().goOn();
     }
     void change(const demo::DocumentPtr& document, const wchar_t* layout,
@@ -57,12 +28,6 @@ class PlanPlotTest : public Program {
     }
     static demo::PlotSettings settingsOf(const demo::DocumentPtr& document, const wchar_t* layout) {
         return document->findLayout(layout)->plotSettings();
-    }
-    static Texts layouts(const demo::DocumentPtr& document) {
-        Texts names;
-        for (const demo::Layout* layout : document->drawing().layouts())
-            if (!layout->isModel()) names.push_back(layout->name());
-        return names;
     }
     static Texts columnOf(const ListView& shown, int column) {
         Texts texts;
@@ -76,13 +41,6 @@ class PlanPlotTest : public Program {
         list().cmdPdf.userClicks();
         window().goOn();
     }
-
-    frmPlanliste& list() { return main->planList; }
-    FakeDialogWindow& window() { return presenter.dialog; }
-    std::wstring status() { return list().lblStatus.text(); }
-
-    demo::DocumentPtr house;
-    demo::DocumentPtr plan;
 };
 
 TEST_F(PlanPlotTest, TabsStandAsTheUserHasMovedThemAndGoBack) {
@@ -101,18 +59,18 @@ TEST_F(PlanPlotTest, TabsStandAsTheUserHasMovedThemAndGoBack) {
             form.cmdNamen.userClicks();
             form.cmdOK.userClicks();
         };
-        window().press({.key = Shortcut::up, .alt = true}, &list().lvPlan);
+        press({.key = Shortcut::up, .alt = true});
         window().goOn();
-        EXPECT_EQ(layouts(house), (Texts{L"EG", L"OG 2", L"OG 10"}));
-        EXPECT_EQ(layouts(plan), (Texts{L"EG", L"Schnitt"}));
+        EXPECT_EQ(layoutsOf(house), L"EG,OG 2,OG 10");
+        EXPECT_EQ(layoutsOf(plan), L"EG,Schnitt");
         EXPECT_EQ(status(), L"Reihenfolge geändert.");
         EXPECT_EQ(list().lvPlan.row(1).text(), L"OG 2");
         EXPECT_EQ(list().lvPlan.row(1).column(3), L"2");
         EXPECT_EQ(list().cmdRueckgaengig.toolTip(),
                   L"Macht rückgängig: Reihenfolge in 2 Zeichnungen geändert (Strg+Z)");
         undo();
-        EXPECT_EQ(layouts(house), (Texts{L"EG", L"OG 10", L"OG 2"}));
-        EXPECT_EQ(layouts(plan), (Texts{L"Schnitt", L"EG"}));
+        EXPECT_EQ(layoutsOf(house), L"EG,OG 10,OG 2");
+        EXPECT_EQ(layoutsOf(plan), L"Schnitt,EG");
         EXPECT_FALSE(list().cmdRueckgaengig.enabled());
     });
 }
@@ -180,9 +138,8 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
     world.files.fill(L"C:\\Haus\\1 EG.pdf", {'a', 'l', 't'});
     open([this] {
         makePdfOf({L"Haus.dwg/EG", L"Haus.dwg/OG 10", L"Plan.dwg/EG"}, [this](frmPlanPdf& form) {
-            EXPECT_EQ(
-                columnOf(form.lvLayouts, 3),
-                (Texts{L"C:\\Haus\\Haus-EG.pdf", L"C:\\Haus\\Haus-OG 10.pdf", L"C:\\Haus\\Plan-EG.pdf"}));
+            EXPECT_EQ(columnOf(form.lvLayouts, 3),
+                      (Texts{L"Haus-EG.pdf", L"Haus-OG 10.pdf", L"Plan-EG.pdf"}));
             EXPECT_EQ(form.lvLayouts.row(2).column(4), L"wird nicht geplottet: Plotgerät ist kein PDF-Gerät");
             form.txtName.setText(L"<Unsinn>");
             EXPECT_EQ(form.lvLayouts.row(0).column(4), L"unbekannter Platzhalter");
@@ -247,7 +204,7 @@ TEST_F(PlanPlotTest, WhatABusyHostKeepsComesBackWithTheNextCommand) {
         });
         EXPECT_EQ(host().activeDocument(), house);
         calls.heal();
-        window().press({.key = L'C', .control = true}, &list().lvPlan);
+        press(control(L'C'));
         EXPECT_EQ(host().activeDocument(), plan);
         EXPECT_EQ(house->drawing().currentLayout().name(), L"EG");
         EXPECT_EQ(host().options().profile->backgroundPlot, 2);

@@ -54,31 +54,28 @@ void Program::useHost(demo::HostOptions options) {
     demo.install(std::move(options));
 }
 
-bool Program::start() {
-    return main->Main();
+bool Program::startAgain() {
+    main = std::make_unique<basMain>(world.platform, presenter);
+    return start();
 }
 
-std::wstring Program::treeText() {
-    std::wstring text;
-    tree().forEach([&](const TreeNode& node) {
-        for (const TreeNode* above = node.parent(); above; above = above->parent()) text += L"  ";
-        text += node.key() + L" " + node.text();
-        if (node.bold()) text += L"*";
-        if (&node == tree().selected()) text += L"<";
-        text += L"\n";
-    });
-    return text;
+void Program::onEveryKindOfHost(const std::function<void()>& test) {
+    for (const auto& [wide, shortToo] : {std::pair(false, false), {true, true}, {true, false}}) {
+        demo.end();
+        main = std::make_unique<basMain>(world.platform, presenter);
+        demo::HostOptions options;
+        options.wideIds = wide;
+        options.shortIds = shortToo;
+        demo.start().options() = options;
+        test();
+    }
 }
 
-void Program::leaveAndReturn() {
-    leave();
-    world.desktop.foregroundWindow = FakeWindow::ownHandle;
-    form().ctlTimer_Timer();
-}
-
-void Program::choose(std::wstring_view item) {
-    MenuItem& entry = form().item(item);
-    if (entry.enabled()) entry.click();
+std::wstring Program::layoutsOf(const demo::Drawing& drawing) {
+    std::wstring names;
+    for (const demo::Layout* layout : drawing.layouts())
+        if (!layout->isModel()) names += (names.empty() ? L"" : L",") + layout->name();
+    return names;
 }
 
 std::size_t hostCalls(const demo::CallRecorder& calls) {

@@ -11,7 +11,9 @@
 #include "demo/samples/SampleDatabase.h"
 #include "FakeWindow.h"
 #include "shell/basMain.h"
+#include "support/Picture.h"
 #include "support/TestPlatform.h"
+#include "support/User.h"
 
 namespace blattwart::test {
 
@@ -40,28 +42,36 @@ class Program : public testing::Test {
     explicit Program(demo::HostOptions options = {});
 
     /// Starts the program. Returns whether its main window stands.
-    bool start();
+    bool start() { return main->Main(); }
+    /// Another program begins in the same world.
+    bool startAgain();
     frmMain& form() { return *main->fMainForm; }
     TreeView& tree() { return form().tvTreeView; }
     ListView& list() { return form().lvListView; }
     demo::Host& host() { return *demo.host(release); }
+    /// Does this with each kind of host that there is by the ids of its objects: it runs, the program has not
+    /// begun.
+    void onEveryKindOfHost(const std::function<void()>& test);
     /// From its next start on the host is this one, entered as installed.
     void useHost(demo::HostOptions options);
     std::wstring status() { return form().sbStatusBar.panelText(1); }
+    /// The hint in the status line.
     std::wstring hint() { return form().sbStatusBar.panelText(2); }
 
-    /// The tree as text, one node a line: indented, key, text, "*" bold, "<" selected.
-    std::wstring treeText();
+    std::wstring treeText() { return test::treeText(form()); }
+    /// Its part above the library.
+    std::wstring drawingsText() { return treeText().substr(0, treeText().find(L"B ")); }
+    /// Names of the paper layouts in the order of their tabs, separated by commas.
+    static std::wstring layoutsOf(const demo::Drawing& drawing);
+    static std::wstring layoutsOf(const demo::DocumentPtr& document) {
+        return layoutsOf(document->drawing());
+    }
+
     void click(std::wstring_view key) { tree().userClicks(tree().node(key)); }
     void refresh() { main->views->RefreshTree(); }
-    /// The user goes to another program and comes back; the watchdog looks at both.
-    void leaveAndReturn();
-    void leave() {
-        world.desktop.foregroundWindow = 1;
-        form().ctlTimer_Timer();
-    }
-    /// The user chooses a menu item, if it is enabled.
-    void choose(std::wstring_view item);
+    void leave() { test::leave(world.desktop, form()); }
+    void leaveAndReturn() { test::leaveAndReturn(world.desktop, form()); }
+    void choose(std::wstring_view item) { test::choose(form(), item); }
     /// From now on the database is a new one, changed by these SQL statements.
     void useDatabase(std::wstring_view statements);
 
@@ -79,5 +89,12 @@ class Program : public testing::Test {
 
 /// The number of calls to the host's objects.
 std::size_t hostCalls(const demo::CallRecorder& calls);
+
+inline ShownBox question(std::wstring text) {
+    return {std::move(text), L"Blattwart", MessageButtons::yesNo, MessageIcon::question};
+}
+inline ShownBox told(std::wstring text, MessageIcon icon = MessageIcon::exclamation) {
+    return {std::move(text), L"Blattwart", MessageButtons::ok, icon};
+}
 
 }  // namespace blattwart::test

@@ -17,6 +17,13 @@ std::vector<std::wstring> FakeMessages::texts() const {
     return result;
 }
 
+std::vector<std::wstring> FakeMessages::questions() const {
+    std::vector<std::wstring> result;
+    for (const ShownBox& box : shown)
+        if (box.buttons == MessageButtons::yesNo) result.push_back(box.text);
+    return result;
+}
+
 void FakeMessages::clear() {
     shown.clear();
     script_.clear();

@@ -36,6 +36,8 @@ class FakeMessages : public MessageBoxes {
     /// Announced boxes that have not come.
     std::size_t outstanding() const { return script_.size(); }
     std::vector<std::wstring> texts() const;
+    /// Those of the boxes that asked for Yes or No.
+    std::vector<std::wstring> questions() const;
     void clear();
 
     MessageAnswer show(const std::wstring& text, const std::wstring& caption, MessageButtons buttons,

@@ -23,8 +23,8 @@ constexpr std::size_t longestPath = 32768;
 class FileQuestion {
   public:
     /// `path` is proposed to the user.
-    FileQuestion(const std::wstring& title, const std::wstring& filter, std::wstring path, DWORD flags)
-        : title_(title), pairs_(filter), path_(std::move(path)) {
+    FileQuestion(const std::wstring& title, std::wstring filter, std::wstring path, DWORD flags)
+        : title_(title), pairs_(std::move(filter)), path_(std::move(path)) {
         // The system takes pairs of texts, each ended by a zero, and one more zero behind the last.
         std::ranges::replace(pairs_, L'|', L'\0');
         pairs_.push_back(L'\0');
@@ -38,7 +38,8 @@ class FileQuestion {
         dialog.Flags = OFN_EXPLORER | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | flags;
     }
 
-    std::wstring path() const { return path_.c_str(); }
+    /// What stands before the zero that the system has written.
+    std::wstring path() const { return path_.substr(0, path_.find(L'\0')); }
 
     OPENFILENAMEW dialog{};
 

@@ -33,7 +33,7 @@ SIZE inPixels(HWND dialog, SIZE units) {
     return {rectangle.right, rectangle.bottom};
 }
 
-SIZE clientOf(HWND window) {
+SIZE clientSize(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
     return {client.right, client.bottom};
@@ -56,7 +56,7 @@ void DialogLayout::anchor(HWND control, Anchors anchors) {
 }
 
 void DialogLayout::place() const {
-    const SIZE now = clientOf(dialog_);
+    const SIZE now = clientSize(dialog_);
     const LONG wider = now.cx - scaled(made_.cx);
     const LONG higher = now.cy - scaled(made_.cy);
     HDWP moves = BeginDeferWindowPos(static_cast<int>(controls_.size()));
@@ -79,7 +79,7 @@ void DialogLayout::place() const {
 void DialogLayout::limit(MINMAXINFO& info) const {
     RECT window{};
     GetWindowRect(dialog_, &window);
-    const SIZE client = clientOf(dialog_);
+    const SIZE client = clientSize(dialog_);
     info.ptMinTrackSize = {scaled(smallest_.cx) + window.right - window.left - client.cx,
                            scaled(smallest_.cy) + window.bottom - window.top - client.cy};
 }

@@ -145,6 +145,19 @@ TEST_F(Automation, ErrorsBringTheServersCodeAndText) {
     }
 }
 
+TEST_F(Automation, EnumeratesWithFewMessages) {
+    for (const std::int32_t count : {0, 3, 600}) {
+        const ObjectPtr many = collection(L"Children", count);
+        std::vector<ObjectPtr> elements;
+        EXPECT_EQ(sent("nexts", [&] { elements = many->enumerate(L"Children"); }), count / 512 + 1);
+        ASSERT_EQ(elements.size(), static_cast<std::size_t>(count));
+        if (count > 0) {
+            EXPECT_EQ(elements.back()->get({L"Child", L"Name"}),
+                      Value(L"Kind " + std::to_wstring(count - 1)));
+        }
+    }
+}
+
 TEST_F(Automation, ObjectsAreGivenBackWhenTheApplicationIs) {
     ObjectPtr many = collection(L"Children", 3);
     EXPECT_EQ(sent("objects", [&] { many->enumerate(L"Children"); }), 3);
@@ -156,7 +169,7 @@ TEST_F(Automation, ObjectsAreGivenBackWhenTheApplicationIs) {
     EXPECT_EQ(sent("released", leave), 4);
 }
 
-TEST_F(Automation, EnumeratesWithFewMessagesWhateverTheEnumeratorDoes) {
+TEST_F(Automation, EnumeratesWhateverTheEnumeratorDoes) {
     struct Case {
         const wchar_t *command, *collection, *className;
         std::int32_t count;
@@ -165,10 +178,7 @@ TEST_F(Automation, EnumeratesWithFewMessagesWhateverTheEnumeratorDoes) {
     };
     // Before an enumerator has shown that it gives several, one that gives a single element is asked once
     // more.
-    for (const Case& c : {Case{L"enumerate asked", L"Children", L"Children", 0, 1, 1},
-                          Case{L"enumerate asked", L"Children", L"Children", 3, 1, 1},
-                          Case{L"enumerate asked", L"Children", L"Children", 600, 2, 2},
-                          Case{L"enumerate asked", L"Plain", L"A", 3, 0, 0},
+    for (const Case& c : {Case{L"enumerate asked", L"Plain", L"A", 3, 0, 0},
                           Case{L"enumerate single", L"Children", L"B", 1, 2, 2},
                           Case{L"enumerate single", L"Children", L"C", 3, 4, 4},
                           Case{L"enumerate unending", L"Children", L"D", 3, 2, 2},

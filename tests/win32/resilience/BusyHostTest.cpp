@@ -31,7 +31,7 @@ class BusyHostTest : public testing::Test {
     }
     Outcome run(const Operation& operation) {
         const int before = host.messages();
-        program.act([&] { operation.run(program); });
+        perform(program, operation);
         host->obey(L"normal");
         return {program.shown(),      host.drawings(),         host.typed(), program.world.messages.texts(),
                 program.calls.list(), host.messages() - before};
@@ -72,7 +72,6 @@ class BusyHostTest : public testing::Test {
                    : std::ranges::max(program.busy, {}, &BusyMoment::milliseconds).milliseconds;
     }
 
-    const Operation& refresh = operations().front();
     HostProgram host;
     ProgramOnHost program;
 };
@@ -82,7 +81,7 @@ INSTANTIATE_TEST_SUITE_P(Part, BusyOperations, testing::Range(std::size_t{0}, op
 
 TEST_P(BusyOperations, AreDoneOnceHoweverOftenTheHostRefuses) {
     for (const Operation& operation : operations(GetParam())) {
-        SCOPED_TRACE(operation.name);
+        SCOPED_TRACE(testing::PrintToString(operation));
         const Outcome expected = undisturbed(operation);
         begin(operation);
         const std::wstring half = std::to_wstring(expected.messages / 2);
@@ -99,7 +98,7 @@ TEST_P(BusyOperations, AreGivenUpOnceWhenTheHostStaysBusy) {
     program.givesUp = true;
     for (const Operation& operation : operations(GetParam())) {
         for (const wchar_t* command : {L"refuse for -1", L"modal 2 -1"}) {
-            SCOPED_TRACE(operation.name);
+            SCOPED_TRACE(testing::PrintToString(operation));
             begin(operation);
             ASSERT_TRUE(host->obey(command));
             const Outcome outcome = run(operation);
@@ -133,7 +132,7 @@ TEST_F(BusyHostTest, WhatItDoesNotTakeBackAfterPlottingComesBackLater) {
     EXPECT_TRUE(program.world.messages.texts().back().starts_with(
         L"AutoCAD hat nicht alle Einstellungen zurückgenommen: "));
     EXPECT_NE(host.profile(), L"2\n0\n");
-    program.inPlanList([](frmPlanliste& list) { list.cmdClose.userClicks(); });
+    program.perform(menuItem(L"mnuPlanList"));
     EXPECT_EQ(host.profile(), L"2\n0\n");
     EXPECT_EQ(host.drawings(), before);
 }
@@ -161,10 +160,10 @@ class PatientTest : public BusyHostTest {
     PatientTest() : BusyHostTest(10s) {}
 
     void expectDoneAfter(const std::wstring& command, std::int32_t milliseconds, int asked) {
-        const Outcome expected = undisturbed(refresh);
-        begin(refresh);
+        const Outcome expected = undisturbed(refreshing());
+        begin(refreshing());
         ASSERT_TRUE(host->obey(command));
-        expectSame(run(refresh), expected);
+        expectSame(run(refreshing()), expected);
         EXPECT_EQ(program.asked, asked);
         expectTold();
         EXPECT_NEAR(longestWait(), milliseconds, 300);
@@ -211,7 +210,7 @@ class BusyStartTest : public BusyHostTest {
 
 TEST_F(BusyStartTest, AHostThatRefusesToBeMadeIsStartedOnce) {
     start(L"/do \"refuse creations 3\" /do \"refuse percent 30\" /do \"add C:\\Pläne|Haus.dwg|EG\"");
-    EXPECT_EQ(program.questions(), 1) << "whether to start";
+    EXPECT_EQ(program.world.messages.questions().size(), 1U) << "whether to start";
     EXPECT_EQ(hosts(), 1);
     EXPECT_TRUE(IsWindowVisible(FindWindowW(HostProgram::window, nullptr)));
     EXPECT_EQ(program.drawings(), L"Haus.dwg*\tEG*\n");
@@ -220,12 +219,12 @@ TEST_F(BusyStartTest, AHostThatRefusesToBeMadeIsStartedOnce) {
 TEST_F(BusyStartTest, TheUserGivesUpAHostThatNeverComesUp) {
     program.givesUp = true;
     start(L"/do \"refuse creations 100000 later\"");
-    EXPECT_EQ(program.questions(), 1) << "whether to start";
+    EXPECT_EQ(program.world.messages.questions().size(), 1U) << "whether to start";
     EXPECT_EQ(program.asked, 1);
     EXPECT_EQ(program.tree().node(L"A").text(), L"AutoCAD nicht aktiv!");
     program.world.messages.clear();
     program.leaveAndReturn();
-    EXPECT_EQ(program.questions(), 0) << "it runs all the same";
+    EXPECT_EQ(program.world.messages.questions().size(), 0U) << "it runs all the same";
     EXPECT_EQ(program.tree().node(L"A").text(), L"Geladene Zeichnungen");
     EXPECT_EQ(hosts(), 1);
 }

@@ -33,7 +33,7 @@ class DyingHostTest : public testing::Test {
         begin(operation);
         const int before = host.messages();
         Course course;
-        course.milliseconds = program.act([&] { operation.run(program); });
+        course.milliseconds = perform(program, operation);
         course.messages = host.messages() - before;
         const auto& calls = program.calls.calls();
         for (std::size_t i = 0; i < calls.size(); ++i)
@@ -69,7 +69,7 @@ class DyingHostTest : public testing::Test {
         messages.answer(MessageAnswer::yes);
         program.leaveAndReturn();
         for (int i = 0; i < 3; ++i) program.act([this] { program.form().ctlTimer_Timer(); });
-        EXPECT_EQ(program.questions(), 1);
+        EXPECT_EQ(program.world.messages.questions().size(), 1U);
         EXPECT_EQ(program.calls.deadObjects(), 0U);
         EXPECT_EQ(program.tree().node(L"A").text(), L"AutoCAD nicht aktiv!");
         EXPECT_TRUE(program.tree().node(L"A").children().empty());
@@ -117,11 +117,11 @@ TEST_P(DyingDuringOperations, TheProgramOutlivesItsHostAtWhateverCallItDies) {
         const Course course = undisturbed(operation);
         for (std::size_t sample = 0; sample < samplesEach; ++sample) {
             const auto death = static_cast<Death>(count % 3);
-            SCOPED_TRACE(std::string(operation.name) + ", sample " + std::to_string(sample) + ", death " +
-                         std::to_string(count % 3));
+            SCOPED_TRACE(testing::PrintToString(operation) + ", sample " + std::to_string(sample) +
+                         ", death " + std::to_string(count % 3));
             begin(operation);
             letDie(death, course, sample);
-            EXPECT_LT(program.act([&] { operation.run(program); }), course.milliseconds + hang);
+            EXPECT_LT(perform(program, operation), course.milliseconds + hang);
             recover(count % 2 == 0);
             ++count;
         }

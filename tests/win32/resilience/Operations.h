@@ -1,26 +1,27 @@
 #pragma once
 
-#include <functional>
+#include <iosfwd>
 #include <span>
-#include <string>
-#include <vector>
 
 #include "ProgramOnHost.h"
 
 namespace blattwart::test {
 
-/// One operation of the user's: where he stands before, and what he does.
+/// One operation of the user's that has to do with the host.
 struct Operation {
-    const char* name;
-    std::wstring node;
-    std::vector<std::wstring> items;  ///< selected in the list
-    std::function<void(ProgramOnHost&)> run;
+    std::wstring place;   ///< a node of places()
+    std::wstring action;  ///< one of actions()
+    /// What he clicks in the plan list, when that opens, all its rows being selected.
+    Button frmPlanliste::*inPlanList = &frmPlanliste::cmdClose;
 };
+void PrintTo(const Operation& operation, std::ostream* stream);
 
-/// All operations that have to do with the host. Each answers one question with Yes at most.
-const std::vector<Operation>& operations();
-/// One of them: all layouts are plotted, four of two drawings.
-Operation plotting();
+/// All of them. Each answers one question with Yes at most.
+std::span<const Operation> operations();
+/// The first of them.
+const Operation& refreshing();
+/// The last: all layouts are plotted, four of two drawings.
+const Operation& plotting();
 
 /// The same in parts, each for a test of its own.
 inline constexpr std::size_t operationParts = 5;
@@ -28,5 +29,7 @@ std::span<const Operation> operations(std::size_t part);
 
 /// Goes where the operation begins.
 void prepare(ProgramOnHost& program, const Operation& operation);
+/// Does it; what it takes in milliseconds.
+std::int64_t perform(ProgramOnHost& program, const Operation& operation);
 
 }  // namespace blattwart::test

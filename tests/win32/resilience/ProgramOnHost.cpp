@@ -9,6 +9,7 @@
 #include "demo/host/Disk.h"
 #include "demo/host/HostOptions.h"
 #include "res/DialogIds.h"
+#include "support/User.h"
 #include "ui/ControlHost.h"
 #include "win32/com/ComError.h"
 
@@ -18,27 +19,26 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const wchar_t* projects = L"C:\\Projekte\\";
-constexpr const wchar_t* templates = L"C:\\Vorlagen\\";
-
-void writeDrawing(const std::wstring& file, const std::vector<std::wstring>& layouts) {
+void write(const SampleDrawing& sample) {
     demo::Drawing drawing = demo::Drawing::createEmpty();
     const std::vector<demo::Layout*> first = drawing.layouts();
-    for (const std::wstring& layout : layouts) drawing.addLayout(layout);
+    for (const std::wstring& layout : sample.layouts) drawing.addLayout(layout);
     for (demo::Layout* layout : first)
         if (!layout->isModel()) drawing.deleteLayout(*layout);
-    drawing.setCurrentLayout(*drawing.findLayout(layouts.front()));
-    demo::Disk().save(drawing, file);
+    drawing.setCurrentLayout(*drawing.findLayout(sample.layouts.front()));
+    demo::Disk().save(drawing, sample.file());
 }
 
-void writeFiles() {
-    for (const wchar_t* folder : {projects, templates}) {
-        fs::remove_all(folder);
-        fs::create_directories(folder);
+/// Writes the sample drawings; those that are to be open, each in quotes.
+std::wstring writeFiles() {
+    std::wstring open;
+    for (const SampleDrawing& sample : sampleDrawings()) fs::remove_all(sample.folder);
+    for (const SampleDrawing& sample : sampleDrawings()) {
+        fs::create_directories(sample.folder);
+        write(sample);
+        if (!sample.isTemplate()) open += L" \"" + sample.file() + L"\"";
     }
-    writeDrawing(projects + std::wstring(L"Haus.dwg"), {L"Blatt 1"});
-    writeDrawing(projects + std::wstring(L"Plan.dwg"), {L"Blatt 1", L"Blatt 2", L"Schnitt"});
-    writeDrawing(templates + std::wstring(L"Plan A3.dwt"), {L"Rahmen A3"});
+    return open;
 }
 
 void registerAdo() {
@@ -81,11 +81,8 @@ HostProgram::HostProgram(std::wstring release)
 
 void HostProgram::start(Client& client, const std::wstring& options) {
     kill();
-    writeFiles();
-    program_.emplace(
-        CADHOST,
-        L"/release " + release_ + L" /silent " + options + L" C:\\Projekte\\Haus.dwg C:\\Projekte\\Plan.dwg",
-        window_.c_str());
+    program_.emplace(CADHOST, L"/release " + release_ + L" /silent " + options + writeFiles(),
+                     window_.c_str());
     if (!attach(client, demo::programNames(release_).front().c_str()))
         throw std::runtime_error("the host does not come up");
 }
@@ -174,10 +171,7 @@ std::int64_t ProgramOnHost::act(const std::function<void()>& action) {
 }
 
 void ProgramOnHost::leaveAndReturn() {
-    for (const WindowHandle window : {WindowHandle{1}, form().window().handle()}) {
-        world.desktop.foregroundWindow = window;
-        act([this] { form().ctlTimer_Timer(); });
-    }
+    act([this] { test::leaveAndReturn(world.desktop, form()); });
 }
 
 TreeNode* ProgramOnHost::node(const std::wstring& path) {
@@ -190,59 +184,49 @@ TreeNode* ProgramOnHost::node(const std::wstring& path) {
     return found;
 }
 
-void ProgramOnHost::selectInList(const std::vector<std::wstring>& texts) {
-    std::vector<ListItem*> items;
-    for (int row = 0; row < list().count(); ++row)
-        if (std::ranges::count(texts, list().row(row).text()) > 0) items.push_back(&list().row(row));
-    list().userSelects(items, items.empty() ? nullptr : items.front());
-}
-
-void ProgramOnHost::confirmDialog(const std::function<void()>& open) {
-    // Whoever is told that AutoCAD does not answer may try again; here he does not.
-    static WPARAM button;
-    button = IDOK;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
-        HWND dialog = FindWindowW(L"#32770", nullptr);
-        if (!dialog || !IsWindowVisible(dialog)) return;
-        PostMessageW(dialog, WM_COMMAND, button, 0);
-        button = IDCANCEL;
-    });
-    open();
+std::int64_t ProgramOnHost::perform(const Action& action, std::function<void(frmPlanliste&)> inPlanList) {
+    nextInPlanList_ = std::move(inPlanList);
+    copyingConfirmed_ = false;
+    static ProgramOnHost* current;
+    current = this;
+    const UINT_PTR timer =
+        SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) { current->workInDialog(); });
+    const std::int64_t milliseconds = act([&] { test::perform(form(), action); });
     KillTimer(nullptr, timer);
+    return milliseconds;
 }
 
-void ProgramOnHost::inPlanList(std::function<void(frmPlanliste&)> user) {
-    static ProgramOnHost* program;
-    static std::function<void(frmPlanliste&)> next;
-    program = this;
-    next = std::move(user);
-    const UINT_PTR timer = SetTimer(nullptr, 0, 20, [](HWND, UINT, UINT_PTR, DWORD) {
-        const HWND window = FindWindowW(L"#32770", L"Planliste");
-        const HWND rename = FindWindowW(L"#32770", L"Layouts nach Muster umbenennen");
-        const HWND pdf = FindWindowW(L"#32770", L"PDF erzeugen");
-        if (pdf && IsWindowVisible(pdf)) {
-            const std::wstring end = textOf(GetDlgItem(pdf, IDCANCEL));
-            if (end == L"Schließen") PostMessageW(pdf, WM_COMMAND, IDCANCEL, 0);
-            if (end != L"Abbrechen") return;
-            SendDlgItemMessageW(pdf, IDC_ANDERE, BM_SETCHECK, BST_CHECKED, 0);
-            PostMessageW(pdf, WM_COMMAND, IDC_ANDERE, 0);
-            PostMessageW(pdf, WM_COMMAND, IDOK, 0);
-        } else if (rename && IsWindowVisible(rename)) {
-            SetDlgItemTextW(rename, IDC_SUCHEN, L"Blatt");
-            SetDlgItemTextW(rename, IDC_ERSETZEN, L"Plan");
-            for (const WPARAM button : {IDOK, IDCANCEL}) PostMessageW(rename, WM_COMMAND, button, 0);
-        } else if (window && IsWindowEnabled(window) && !program->main->planList.working()) {
-            const auto doNext = std::exchange(next, [](frmPlanliste& list) { list.cmdClose.userClicks(); });
-            doNext(program->main->planList);
+void ProgramOnHost::workInDialog() {
+    const auto open = [](const wchar_t* caption) -> HWND {
+        const HWND dialog = FindWindowW(L"#32770", caption);
+        return dialog && IsWindowVisible(dialog) ? dialog : nullptr;
+    };
+    if (const HWND copy = open(L"Layout kopieren")) {
+        // Whoever is told that AutoCAD does not answer may try again; here he does not.
+        PostMessageW(copy, WM_COMMAND, std::exchange(copyingConfirmed_, true) ? IDCANCEL : IDOK, 0);
+    } else if (const HWND pdf = open(L"PDF erzeugen")) {
+        plotInto(pdf);
+    } else if (const HWND rename = open(L"Layouts nach Muster umbenennen")) {
+        SetDlgItemTextW(rename, IDC_SUCHEN, L"Blatt");
+        SetDlgItemTextW(rename, IDC_ERSETZEN, L"Plan");
+        for (const WPARAM button : {IDOK, IDCANCEL}) PostMessageW(rename, WM_COMMAND, button, 0);
+    } else if (const HWND list = open(L"Planliste"); list && IsWindowEnabled(list)) {
+        if (main->planList.working()) return;
+        if (const auto next = std::exchange(nextInPlanList_, nullptr)) {
+            next(main->planList);
+        } else {
+            main->planList.cmdClose.userClicks();
         }
-    });
-    form().item(L"mnuPlanList").click();
-    KillTimer(nullptr, timer);
+    }
 }
 
-int ProgramOnHost::questions() {
-    return static_cast<int>(
-        std::ranges::count(world.messages.shown, MessageButtons::yesNo, &ShownBox::buttons));
+void ProgramOnHost::plotInto(HWND pdf) {
+    const std::wstring end = textOf(GetDlgItem(pdf, IDCANCEL));
+    if (end == L"Schließen") PostMessageW(pdf, WM_COMMAND, IDCANCEL, 0);
+    if (end != L"Abbrechen") return;
+    SendDlgItemMessageW(pdf, IDC_ANDERE, BM_SETCHECK, BST_CHECKED, 0);
+    PostMessageW(pdf, WM_COMMAND, IDC_ANDERE, 0);
+    PostMessageW(pdf, WM_COMMAND, IDOK, 0);
 }
 
 std::wstring ProgramOnHost::drawings() {
@@ -251,19 +235,6 @@ std::wstring ProgramOnHost::drawings() {
         for (const auto& layout : drawing->children())
             lines.push_back(marked(*drawing) + L"\t" + marked(*layout));
     return sortedLines(std::move(lines));
-}
-
-std::wstring ProgramOnHost::shown() {
-    std::wstring text;
-    tree().forEach([&](TreeNode& each) {
-        text += each.key() + L" " + marked(each) + (&each == tree().selected() ? L" <\n" : L"\n");
-    });
-    for (int row = 0; row < list().count(); ++row) {
-        for (int column = 1; column <= static_cast<int>(list().columns().size()); ++column)
-            text += list().row(row).column(column) + L"|";
-        text += L"\n";
-    }
-    return text;
 }
 
 }  // namespace blattwart::test

@@ -9,6 +9,8 @@
 #include "com/Client.h"
 #include "demo/host/CallRecorder.h"
 #include "shell/basMain.h"
+#include "support/Picture.h"
+#include "support/Scenarios.h"
 #include "support/TestPlatform.h"
 #include "win32/platform/Win32Files.h"
 #include "win32/platform/Win32Installations.h"
@@ -23,10 +25,7 @@ struct BusyMoment {
     bool painted = true;            ///< since the moment before, at which the tree was made to be painted
 };
 
-/// The demonstration host in a process of its own, and the files that it works with:
-///
-///     C:\Projekte     Haus.dwg (Blatt 1), Plan.dwg (Blatt 1, Blatt 2, Schnitt), both open
-///     C:\Vorlagen     Plan A3.dwt (Rahmen A3)
+/// The demonstration host in a process of its own, with the sample drawings.
 class HostProgram {
   public:
     /// Enters the host as this release, and ADO with a database, in the registry.
@@ -80,23 +79,17 @@ class ProgramOnHost {
     std::int64_t act(const std::function<void()>& action);
     /// The user goes to another program and comes back; the watchdog looks at both.
     void leaveAndReturn();
+    /// Does an action of the main window, as `act`, and what there is to do in the dialogs that it opens. In
+    /// the plan list, once everything has been read, that is `inPlanList`; once that is done, too, it is
+    /// closed.
+    std::int64_t perform(const Action& action, std::function<void(frmPlanliste&)> inPlanList = {});
     /// "Plan.dwg/Blatt 2", "Plan A3.dwt" or "B"; null when there is no such node.
     TreeNode* node(const std::wstring& path);
-    /// The list's entries with these texts.
-    void selectInList(const std::vector<std::wstring>& texts);
-    /// Presses the start button of the dialog that the action opens.
-    void confirmDialog(const std::function<void()>& open);
 
-    /// Opens the plan list; once everything has been read `user` does something, and once that is done, too,
-    /// it is closed.
-    void inPlanList(std::function<void(frmPlanliste&)> user);
-
-    /// Boxes with a question that have come since the messages were cleared.
-    int questions();
     /// What stands under "Geladene Zeichnungen", as HostProgram::drawings tells it.
     std::wstring drawings();
-    /// Everything that tree and list show.
-    std::wstring shown();
+    /// Everything that the window shows.
+    std::wstring shown() { return treeText(form()) + picture(form()); }
 
     Client client;
     demo::CallRecorder calls{client.automation};
@@ -112,6 +105,8 @@ class ProgramOnHost {
     bool givesUp = false;   ///< his answer
 
   private:
+    void workInDialog();
+    static void plotInto(HWND pdf);
     void noteBusy(HostState state, std::int32_t milliseconds);
     std::wstring busyPanel();
 
@@ -120,6 +115,8 @@ class ProgramOnHost {
     Platform platform_{calls,          world.registry,    world.settings, files_,        world.clipboard,
                        world.messages, world.fileDialogs, world.desktop,  world.process, world.locale,
                        world.help,     world.readings,    installations_, client.gate,   world.worker};
+    std::function<void(frmPlanliste&)> nextInPlanList_;
+    bool copyingConfirmed_ = false;
     bool painted_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "Operations.h"
+#include "ProgramOnHost.h"
+#include "support/User.h"
 
 namespace blattwart::test {
 namespace {
@@ -13,9 +14,7 @@ class ReleaseTest : public testing::Test {
     void startNewer(const std::wstring& options = {}) {
         newer.start(program.client, options + L" /do \"close Haus.dwg\"");
     }
-    void choose(const wchar_t* item) {
-        program.act([&] { program.form().item(item).click(); });
-    }
+    void choose(const wchar_t* item) { program.perform(menuItem(item)); }
     /// The system needs a moment until it no longer hands out a host that has died.
     void awaitForgotten(const wchar_t* name) {
         for (int i = 0; i < 200 && ignoringErrors([&] { program.client.automation.running(name); }); ++i)
@@ -23,8 +22,10 @@ class ReleaseTest : public testing::Test {
     }
     /// The user deletes two layouts of Plan.dwg, with this answer to what he is asked.
     void deleteTwo() {
-        program.act([&] { program.tree().userClicks(*program.node(L"Plan.dwg")); });
-        program.selectInList({L"Blatt 1", L"Schnitt"});
+        program.act([&] {
+            program.tree().userClicks(*program.node(L"Plan.dwg"));
+            selectRows(program.list(), [](const ListItem& row) { return row.text() != L"Blatt 2"; });
+        });
         program.world.messages.clear();
         program.world.messages.answer(MessageAnswer::ok);
         program.world.messages.answer(MessageAnswer::yes);
@@ -74,7 +75,7 @@ TEST_F(ReleaseTest, AreAttachedAsTheyRunAndAsTheUserChooses) {
     established.start(program.client);
     program.world.messages.answer(MessageAnswer::yes);
     program.leaveAndReturn();
-    EXPECT_EQ(program.questions(), 1);
+    EXPECT_EQ(program.world.messages.questions().size(), 1U);
     // It comes up with its start tab, and the tree keeps what it showed.
     EXPECT_EQ(program.form().sbStatusBar.panelText(1), L"Keine aktive AutoCAD-Zeichnung !");
     EXPECT_EQ(program.drawings(), plan);

@@ -1,8 +1,9 @@
-#include "Scenarios.h"
+#include "support/Scenarios.h"
 
 #include <algorithm>
 
 #include "shell/Commands.h"
+#include "support/User.h"
 
 namespace blattwart::test {
 
@@ -11,8 +12,7 @@ namespace {
 Action byMenu(const Command& command) {
     std::wstring item(command.item.empty() ? command.pop : command.item);
     if (const std::size_t star = item.find(L'*'); star != std::wstring::npos) item[star] = L'D';
-    return {item, [item](frmMain& form) { form.item(item).click(); },
-            [item](frmMain& form) { return form.item(item).enabled(); }};
+    return menuItem(item);
 }
 
 Action byButton(const Command& command) {
@@ -49,11 +49,33 @@ void dropFiles(frmMain& form) {
 
 }  // namespace
 
+Action menuItem(const std::wstring& item) {
+    return {item, [item](frmMain& form) { form.item(item).click(); },
+            [item](frmMain& form) { return form.item(item).enabled(); }};
+}
+
+const std::vector<SampleDrawing>& sampleDrawings() {
+    static const std::vector<SampleDrawing> all{
+        {L"C:\\Vorlagen", L"Plan A3.dwt", {L"Rahmen A3"}},
+        {L"C:\\Projekte", L"Haus.dwg", {L"Blatt 1"}},
+        {L"C:\\Projekte", L"Plan.dwg", {L"Blatt 1", L"Blatt 2", L"Schnitt"}}};
+    return all;
+}
+
 const std::vector<Place>& places() {
     static const std::vector<Place> all{{L"A", {L"Z1"}},         {L"Z1", {L"L2"}}, {L"Z3", {L"L5"}},
                                         {L"Z3", {L"L5", L"L6"}}, {L"L2", {}},      {L"L5", {L"IPlotter"}},
                                         {L"B", {L"D7"}},         {L"D7", {}},      {L"A", {}, false}};
     return all;
+}
+
+const Place& placeAt(std::wstring_view node) {
+    return *std::ranges::find(places(), node, &Place::node);
+}
+
+void go(frmMain& form, const Place& place) {
+    form.tvTreeView.userClicks(form.tvTreeView.node(place.node));
+    selectInList(form, place.items);
 }
 
 std::vector<Action> actions() {
@@ -63,7 +85,7 @@ std::vector<Action> actions() {
         const bool inMenu = !command.item.empty() || !command.pop.empty();
         all.push_back(inMenu ? byMenu(command) : byButton(command));
     }
-    all.push_back(event(L"release", [](frmMain& form) { form.item(L"mnuReleaseAutomatic").click(); }));
+    all.push_back(menuItem(L"mnuReleaseAutomatic"));
     for (const wchar_t* key : {L"A", L"Z1", L"Z3", L"L5", L"B", L"D7"})
         all.push_back(event(std::wstring(L"click ") + key, [key](frmMain& form) { clickNode(form, key); }));
     all.push_back(event(L"double click, tree", [](frmMain& form) { form.tvTreeView.events.doubleClick(); }));
@@ -78,6 +100,16 @@ std::vector<Action> actions() {
     all.push_back(event(L"resizing", [](frmMain& form) { form.Form_Resize(); }));
     all.push_back(event(L"closing", [](frmMain& form) { form.Form_Unload(); }));
     return all;
+}
+
+Action actionNamed(std::wstring_view name) {
+    const std::vector<Action> all = actions();
+    return *std::ranges::find(all, name, &Action::name);
+}
+
+void perform(frmMain& form, const Action& action) {
+    action.run(form);
+    endEdit(form, L"Neu");
 }
 
 }  // namespace blattwart::test

@@ -1,4 +1,4 @@
-#include "Picture.h"
+#include "support/Picture.h"
 
 #include <algorithm>
 #include <vector>
@@ -15,6 +15,18 @@ std::wstring look(const TreeNode& node) {
 }
 
 }  // namespace
+
+std::wstring treeText(frmMain& form) {
+    std::wstring text;
+    form.tvTreeView.forEach([&](const TreeNode& node) {
+        for (const TreeNode* above = node.parent(); above; above = above->parent()) text += L"  ";
+        text += node.key() + L" " + node.text();
+        if (node.bold()) text += L"*";
+        if (&node == form.tvTreeView.selected()) text += L"<";
+        text += L"\n";
+    });
+    return text;
+}
 
 std::wstring picture(frmMain& form) {
     std::wstring text;
