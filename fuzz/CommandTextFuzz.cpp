@@ -5,6 +5,7 @@
 #include "autocad/basTarvix.h"
 #include "demo/host/DemoAutomation.h"
 #include "Input.h"
+#include "support/NoMainWindow.h"
 #include "support/TestPlatform.h"
 
 using namespace blattwart;
@@ -17,17 +18,6 @@ constexpr std::wstring_view commandPrompt = L"Befehl: ";
 bool isControl(wchar_t c) {
     return c < 0x20 || (c >= 0x7F && c < 0xA0);
 }
-
-struct NoWindow : NavigatorEvents {
-    void RefreshTree() override {}
-    void hostChanged() override {}
-    void ShowNodeStatus() override {}
-    void showSelectedNode() override {}
-    void setDragMode() override {}
-    void VisbibleMnuMenu() override {}
-    void showHint(const std::wstring&) override {}
-    void showNote(const std::wstring&) override {}
-};
 
 void requireAnswers(const demo::TypedText& typed) {
     const auto returns = std::ranges::count(typed.text, L'\r');
@@ -67,7 +57,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto document = automation.host()->addDocument(L"C:\\Projekte", L"Plan.dwg", std::move(drawing));
     test::TestPlatform world(automation);
     NavigatorRecords records;
-    NoWindow window;
+    test::NoMainWindow window;
     basAutoCAD autoCAD(world.platform, records, window);
     autoCAD.ConnectAutoCAD();
     basTarvix(autoCAD, world.platform).CopyLayouts(source, name, copies);

@@ -1,5 +1,6 @@
 // Settings of the user, one "key=text" a line: the program starts with them or tells which one is broken, and
 // what it stores at its end brings it up the same way.
+#include <algorithm>
 #include <cmath>
 
 #include "demo/host/DemoAutomation.h"
@@ -30,8 +31,14 @@ bool run(test::FakeSettings& settings) {
     form.Form_Resize();
     require(std::isfinite(form.tvTreeView.width()) && std::isfinite(form.lvListView.width()),
             "all controls have sizes");
-    for (const ListColumn& column : form.lvListView.columns())
+    std::vector<int> places;
+    for (const ListColumn& column : form.lvListView.columns()) {
         require(column.width >= 0 && std::isfinite(column.width), "all columns have widths");
+        places.push_back(column.position);
+    }
+    std::ranges::sort(places);
+    for (std::size_t i = 0; i < places.size(); ++i)
+        require(places[i] == static_cast<int>(i), "the places of the columns are a permutation");
     presenter.inPlanliste = [&](frmPlanliste& list) {
         presenter.dialog.goOn();
         list.cmdClose.userClicks();

@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "demo/samples/SampleDatabase.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 
 namespace demo {
 namespace {
@@ -14,7 +14,6 @@ namespace {
 using blattwart::Argument;
 using blattwart::Null;
 using blattwart::ObjectPtr;
-using blattwart::RuntimeError;
 using blattwart::Value;
 
 Value get(const ObjectPtr& object, std::wstring_view name) {
@@ -34,16 +33,9 @@ Value cell(const ObjectPtr& recordset, const Value& field) {
     return get(objectIn(call(objectIn(get(recordset, L"Fields")), L"Item", {field})), L"Value");
 }
 
-/// The number of the error that the statement fails with, 0 when it passes.
 template <class Statement>
 std::uint32_t errorOf(Statement&& statement) {
-    try {
-        statement();
-    } catch (const RuntimeError& error) {
-        EXPECT_FALSE(error.description().empty());
-        return static_cast<std::uint32_t>(error.number());
-    }
-    return 0;
+    return static_cast<std::uint32_t>(blattwart::test::errorOf(statement));
 }
 
 class Ado : public testing::Test {

@@ -4,7 +4,6 @@
 
 #include <random>
 
-#include "controls/Expectations.h"
 #include "support/GermanLocale.h"
 
 namespace blattwart {

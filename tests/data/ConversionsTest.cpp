@@ -5,24 +5,13 @@
 #include <cmath>
 #include <limits>
 
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
 #include "support/GermanLocale.h"
 
 namespace blattwart::test {
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
-
-/// The error's number, 0 when nothing was thrown.
-template <class Conversion>
-std::int32_t errorOf(Conversion conversion) {
-    try {
-        static_cast<void>(conversion());
-        return 0;
-    } catch (const RuntimeError& error) {
-        return error.number();
-    }
-}
 
 class ConversionsTest : public testing::Test {
   protected:

@@ -108,20 +108,25 @@ TEST_F(DatabaseTest, OpensAndClosesAsAgreedWithAdo) {
     EXPECT_EQ(0, heldObjects());
 }
 
-TEST_F(DatabaseTest, ReadsTypesUnderTheirIds) {
-    // Read in the order of the keys.
-    write(
-        L"(-4, NULL, 'F:', ''), (5, 'Schilder', NULL, NULL), (12, 'Schnitte', 'E:\\Schnitte', 'für "
-        L"Bauteile')");
+TEST_F(DatabaseTest, ReadsTypesUnderTheirIdsAndPassesOverBadRows) {
+    writeBySql(
+        L"DROP TABLE Typen;"
+        L"CREATE TABLE Typen (TypenId INTEGER, typ VARCHAR(50), Verzeichnis VARCHAR(255), Info VARCHAR(255));"
+        L"INSERT INTO Typen VALUES (12, 'Schnitte', 'E:\\Schnitte', 'für Bauteile'),"
+        L"    (NULL, 'ohne', 'E:', ''), (12, 'doppelt', 'E:', ''), (2, NULL, NULL, NULL),"
+        L"    (-4, NULL, 'F:', ''), (5, 'Schilder', NULL, NULL);");
     database.LoadTypes();
-    EXPECT_EQ((Names{L"", L"Schilder", L"Schnitte"}), typeNames());
-    const auto twelve = database.types().Item(L"12");
-    EXPECT_EQ(L"E:\\Schnitte", twelve->Verzeichnis);
-    EXPECT_EQ(L"für Bauteile", twelve->Info);
-    EXPECT_EQ(twelve, database.types().Item(3));
-    EXPECT_EQ(L"C:\\Programme\\Blattwart\\Bibliothek\\Schilder", database.types().Item(L"5")->Verzeichnis);
-    EXPECT_EQ(-4, database.types().Item(L"-4")->TypenId);
+    EXPECT_EQ((Names{L"Schnitte", L"", L"", L"Schilder"}), typeNames());
+    const CTypen& types = database.types();
+    EXPECT_EQ(L"E:\\Schnitte", types.Item(L"12")->Verzeichnis);
+    EXPECT_EQ(L"für Bauteile", types.Item(L"12")->Info);
+    EXPECT_EQ(types.Item(L"2"), types.Item(2));
+    EXPECT_EQ(L"", types.Item(L"2")->Info);
+    EXPECT_EQ(-4, types.Item(L"-4")->TypenId);
+    EXPECT_EQ(L"C:\\Programme\\Blattwart\\Bibliothek\\Schilder", types.Item(L"5")->Verzeichnis);
     EXPECT_EQ(0, templateFolderAsked);
+    for (const std::int32_t position : {0, -1, 5}) EXPECT_THROW(types.Item(position), RuntimeError);
+    for (const wchar_t* id : {L"", L"02", L"3"}) EXPECT_THROW(types.Item(id), RuntimeError);
 }
 
 TEST_F(DatabaseTest, TypeOneLivesInTheHostsTemplateFolder) {
@@ -135,17 +140,6 @@ TEST_F(DatabaseTest, TypeOneLivesInTheHostsTemplateFolder) {
     database.LoadTypes();
     EXPECT_EQ(L"E:\\Eigene", database.types().Item(L"1")->Verzeichnis);
     EXPECT_EQ(2, templateFolderAsked);
-}
-
-TEST_F(DatabaseTest, BadRowsDoNotCostTheOthers) {
-    writeBySql(
-        L"DROP TABLE Typen;"
-        L"CREATE TABLE Typen (TypenId INTEGER, typ VARCHAR(50), Verzeichnis VARCHAR(255), Info VARCHAR(255));"
-        L"INSERT INTO Typen VALUES (1, 'eins', 'E:', ''), (NULL, 'ohne', 'E:', ''), (1, 'doppelt', 'E:', ''),"
-        L"    (2, NULL, NULL, NULL), (3, 'drei', 'E:', '');");
-    database.LoadTypes();
-    EXPECT_EQ((Names{L"eins", L"", L"drei"}), typeNames());
-    EXPECT_EQ(L"", database.types().Item(L"2")->Info);
 }
 
 TEST_F(DatabaseTest, ReadsBlocksAndPassesOverCellsWithoutValue) {

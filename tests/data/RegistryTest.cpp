@@ -15,9 +15,6 @@ class RegistryTest : public testing::Test {
     void store(const std::string& name, const std::string& bytes) {
         fake.store(RegistryRoot::localMachine, path, name, {Registry::textType, bytes});
     }
-    const FakeRegistry::Entry* stored(const std::string& name) const {
-        return fake.find(RegistryRoot::localMachine, path, name);
-    }
 
     FakeRegistry fake;
     GermanLocale locale;
@@ -25,16 +22,9 @@ class RegistryTest : public testing::Test {
     basRegistry registry{fake, locale, files};
 };
 
-TEST_F(RegistryTest, WithoutKeyEverythingHasItsDefaultAndNothingIsMade) {
-    EXPECT_EQ(L"C:\\Programme\\Blattwart\\Tarvix.mdb", registry.GetDatabasePath());
-    EXPECT_EQ(1, registry.GetAutoEnd());
-    registry.SetAutoEnd(0);
-    EXPECT_EQ(1, registry.GetAutoEnd());
-    EXPECT_EQ(nullptr, stored("LM_Beenden"));
-}
-
 TEST_F(RegistryTest, ReadsTextsByteForByte) {
-    const std::wstring missing = files.folder + L"\\Tarvix.mdb";
+    const std::wstring missing = L"C:\\Programme\\Blattwart\\Tarvix.mdb";
+    EXPECT_EQ(missing, registry.GetDatabasePath());
     using namespace std::string_literals;
     const std::pair<std::string, std::wstring> cases[] = {
         {"D:\\Gr\xF6\xDF"s + "e\\\x80.mdb\0"s, L"D:\\Größe\\€.mdb"},
@@ -64,13 +54,19 @@ TEST_F(RegistryTest, ReadsAutoEndAsLeadingNumber) {
 }
 
 TEST_F(RegistryTest, StoresTextWithoutNulAndReadsItBack) {
-    fake.addKey(RegistryRoot::localMachine, path);
-    registry.SetAutoEnd(1);
-    ASSERT_NE(nullptr, stored("LM_Beenden"));
-    EXPECT_EQ((FakeRegistry::Entry{Registry::textType, "1"}), *stored("LM_Beenden"));
     registry.SetAutoEnd(0);
+    EXPECT_EQ(1, registry.GetAutoEnd()) << "without a key nothing is stored";
+    store("Anderes", "");
+    registry.SetAutoEnd(0);
+    const FakeRegistry::Entry* stored = fake.find(RegistryRoot::localMachine, path, "LM_Beenden");
+    ASSERT_NE(nullptr, stored);
+    EXPECT_EQ((FakeRegistry::Entry{Registry::textType, "0"}), *stored);
     EXPECT_EQ(0, registry.GetAutoEnd());
     EXPECT_EQ(0U, fake.openKeys());
+
+    const std::wstring file = L"D:\\Größe\\€.mdb";
+    CRegistry(fake, locale).TX_DefDB(file);
+    EXPECT_EQ(file, registry.GetDatabasePath());
 
     fake.writable = false;
     registry.SetAutoEnd(-5);

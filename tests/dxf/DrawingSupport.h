@@ -2,7 +2,6 @@
 
 #include <unistd.h>
 
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -11,9 +10,12 @@
 
 #include "demo/dxf/Drawing.h"
 #include "demo/dxf/Text.h"
-#include "platform/RuntimeError.h"
+#include "support/ErrorOf.h"
+#include "support/ToldBy.h"
 
 namespace demo {
+
+using blattwart::test::errorOf;
 
 inline Drawing sample(const std::filesystem::path& name) {
     std::ifstream stream(SAMPLES_FOLDER / name, std::ios::binary);
@@ -39,12 +41,7 @@ inline std::vector<std::wstring> tabs(const Drawing& drawing) {
 
 /// What another program reads in drawing files; the arguments are its options and the files, quoted.
 inline std::string inspect(const std::string& arguments) {
-    const std::string command = INSPECTOR " " + arguments + " 2>&1";
-    std::string output;
-    std::FILE* pipe = ::popen(command.c_str(), "r");
-    for (int c = std::fgetc(pipe); c != EOF; c = std::fgetc(pipe)) output += static_cast<char>(c);
-    ::pclose(pipe);
-    return output;
+    return blattwart::test::toldBy(INSPECTOR " " + arguments + " 2>&1");
 }
 
 /// A file of this process, removed in the end.
@@ -62,16 +59,6 @@ struct TemporaryFile {
 /// What another program reads in the drawing: its faults, then a line a layout.
 inline std::string inspected(const Drawing& drawing) {
     return inspect(TemporaryFile(drawing).path.string());
-}
-
-template <class Operation>
-std::int32_t errorOf(Operation&& operation) {
-    try {
-        operation();
-    } catch (const blattwart::RuntimeError& error) {
-        return error.description().empty() ? -1 : error.number();
-    }
-    return 0;
 }
 
 }  // namespace demo

@@ -1,4 +1,5 @@
 #include "HostFixture.h"
+#include "support/ToldBy.h"
 
 namespace demo {
 
@@ -6,6 +7,7 @@ namespace {
 
 using blattwart::ShortArray;
 using blattwart::ValueArray;
+using blattwart::test::toldBy;
 
 TEST_F(HostTest, LayoutsComeByNameAndModelIsMarked) {
     const ObjectPtr document = open({L"Schnitt", L"Ansicht"});
@@ -128,14 +130,6 @@ TEST_F(HostTest, CopiedPlotSettingsLeaveNameAndTabAlone) {
     call(c, L"GetCustomScale", {&paper, &drawing});
     EXPECT_EQ(drawing, Value(50.0));
     EXPECT_NE(errorOf([&] { call(c, L"CopyFrom", {Value(layout(document, L"Model"))}); }), 0);
-}
-
-/// What a tool of another maker makes of a file.
-std::string toldBy(const std::string& command) {
-    const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), pclose);
-    std::string text(4096, '\0');
-    text.resize(fread(text.data(), 1, text.size(), pipe.get()));
-    return text;
 }
 
 TEST_F(HostTest, APlotIsAPdfOfThePapersSizeWithTheLayoutsName) {

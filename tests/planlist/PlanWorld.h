@@ -11,23 +11,12 @@
 #include "planlist/PlanOrder.h"
 #include "planlist/PlanTransfer.h"
 #include "planlist/PlanWriter.h"
+#include "support/NoMainWindow.h"
 #include "support/TestPlatform.h"
 
 namespace blattwart::test {
 
 using Names = std::vector<std::wstring>;
-
-/// There is no main window.
-struct NoMainWindow : NavigatorEvents {
-    void hostChanged() override {}
-    void RefreshTree() override {}
-    void ShowNodeStatus() override {}
-    void showSelectedNode() override {}
-    void setDragMode() override {}
-    void VisbibleMnuMenu() override {}
-    void showHint(const std::wstring&) override {}
-    void showNote(const std::wstring&) override {}
-};
 
 /// The plan list on a demonstration host of its own, without its window.
 class PlanWorld {
@@ -45,8 +34,17 @@ class PlanWorld {
     void read() {
         autoCAD.ConnectAutoCAD();
         reader.begin();
-        while (reader.step()) {
+        finish(reader);
+    }
+    template <class Stepping>
+    static void finish(Stepping& work) {
+        while (work.step()) {
         }
+    }
+    /// Takes the last operation back, one of the kind that the group does.
+    static void takeBack(PlanGroup& group) {
+        group.beginUndo();
+        finish(group);
     }
     /// The rows in the base order, each "drawing|number|layout|status", before the status with device, paper
     /// and style where there is a device.
@@ -70,6 +68,13 @@ class PlanWorld {
         ADD_FAILURE() << "no such row";
         return 0;
     }
+    /// Changes how a layout is plotted.
+    static void change(const demo::DocumentPtr& document, const std::wstring& layout,
+                       const std::function<void(demo::PlotSettings&)>& how) {
+        demo::PlotSettings settings = document->findLayout(layout)->plotSettings();
+        how(settings);
+        document->findLayout(layout)->setPlotSettings(settings);
+    }
     /// What the host calls the paper layouts of a drawing, in the order of its tabs.
     static Names layouts(const demo::DocumentPtr& document) {
         Names names;
@@ -92,11 +97,6 @@ class PlanWorld {
     void failFrom(std::size_t first, std::size_t last, std::int32_t number, demo::Moment moment) {
         for (std::size_t n = first; n <= last; ++n)
             calls.failAt(n, RuntimeError(number, L"Ungültige Eingabe"), moment);
-    }
-    /// Lets a group do all its steps; `meanwhile` happens between them.
-    void run(
-        PlanGroup& group, const std::function<void()>& meanwhile = [] {}) {
-        while (group.step()) meanwhile();
     }
 
     demo::DemoAutomation demo;
@@ -125,5 +125,35 @@ class PlanWorld {
         return options;
     }
 };
+
+/// An error and how many calls fail with it, though they were carried out.
+struct FailingCalls {
+    std::int32_t error;
+    std::size_t count;
+};
+
+/// Lets each call of an operation fail, by one of the failures after the other: in the end the host has what
+/// was wanted, or the user is told, and in both cases it can be taken back. `make` gives a world whose
+/// operation has begun and called nothing yet: a pointer to a PlanWorld with `group()`, which goes on with
+/// it, and `now()`, what it changes.
+template <class Make>
+void expectFailuresCanBeTakenBack(const Make& make, const std::vector<FailingCalls>& failures) {
+    const auto undisturbed = make();
+    const auto before = undisturbed->now();
+    PlanWorld::finish(undisturbed->group());
+    for (std::size_t call = 1; call <= undisturbed->calls.count(); ++call) {
+        const auto& [error, count] = failures[call % failures.size()];
+        SCOPED_TRACE(std::to_string(count) + " from " + std::to_string(call));
+        const auto world = make();
+        PlanGroup& group = world->group();
+        world->failFrom(call, call + count - 1, error, demo::Moment::after);
+        PlanWorld::finish(group);
+        world->calls.heal();
+        EXPECT_TRUE(world->now() == undisturbed->now() || !group.result().message().empty());
+        if (!world->undo.empty()) PlanWorld::takeBack(group);
+        EXPECT_EQ(world->now(), before);
+        EXPECT_TRUE(world->undo.empty());
+    }
+}
 
 }  // namespace blattwart::test

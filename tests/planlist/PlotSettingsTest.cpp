@@ -24,69 +24,34 @@ PlotSettings usual() {
 }
 
 TEST(PlotSettingsTest, OnlyWhatComesOutDifferentlyIsADifference) {
-    using Change = std::function<void(PlotSettings&)>;
     using enum PlotProperty;
-    const auto fit = [](PlotSettings& s) { s.standardScale = 0; };
+    using S = PlotSettings;
+    const auto nothing = [](S&) {};
     const struct {
-        Change wanted;
-        Change present;
+        std::function<void(S&)> wanted, present;
         std::vector<PlotProperty> expected;
     } cases[] = {
-        {[](PlotSettings&) {}, [](PlotSettings&) {}, {}},
-        {[](PlotSettings& s) { s.device = L"a"; }, [](PlotSettings& s) { s.paper = L"b"; }, {device, paper}},
-        {[](PlotSettings& s) { s.rotation.reset(); }, [](PlotSettings& s) { s.rotation = 3; }, {}},
-        {[](PlotSettings&) {}, [](PlotSettings& s) { s.rotation.reset(); }, {orientation}},
-        {[](PlotSettings& s) {
-             s.usesStandardScale = false;
-             s.ratio = {0.02, 1};
+        {nothing, nothing, {}},
+        {[](S& s) { s.device = L"a"; }, [](S& s) { s.paper = L"b"; }, {device, paper}},
+        {[](S& s) { s.rotation.reset(); }, [](S& s) { s.rotation = 3; }, {}},
+        {nothing, [](S& s) { s.rotation.reset(); }, {orientation}},
+        {[](S& s) { s.usesStandardScale = false, s.ratio = std::pair(0.02, 1); }, nothing, {}},
+        {[](S& s) { s.ratio = std::pair(1, 100); }, nothing, {scale}},
+        {[](S& s) { s.standardScale = 0; }, nothing, {scale}},
+        {[](S& s) { s.standardScale = 0; }, [](S& s) { s.standardScale = 0, s.ratio = std::pair(1, 7); }, {}},
+        {[](S& s) { s.centred = true; }, [](S& s) { s.centred = true, s.offset = std::pair(9, 9); }, {}},
+        {[](S& s) { s.offset = std::pair(1.5, 3); }, nothing, {offset}},
+        {[](S& s) { s.view = L"v"; }, nothing, {}},
+        {[](S& s) { s.area = 3, s.view = L"v"; }, [](S& s) { s.area = 3; }, {area}},
+        {[](S& s) {
+             s.area = 4, s.window = std::array{0., 0., 1., 1.};
          },
-         [](PlotSettings&) {},
-         {}},
-        {[](PlotSettings& s) {
-             s.ratio = {1, 100};
-         },
-         [](PlotSettings&) {},
-         {scale}},
-        {fit, [](PlotSettings&) {}, {scale}},
-        {fit,
-         [](PlotSettings& s) {
-             s.standardScale = 0;
-             s.ratio = {1, 7};
-         },
-         {}},
-        {[](PlotSettings& s) { s.centred = true; },
-         [](PlotSettings& s) {
-             s.centred = true;
-             s.offset = {9, 9};
-         },
-         {}},
-        {[](PlotSettings& s) {
-             s.offset = {1.5, 3};
-         },
-         [](PlotSettings&) {},
-         {offset}},
-        {[](PlotSettings& s) { s.view = L"v"; }, [](PlotSettings&) {}, {}},
-        {[](PlotSettings& s) {
-             s.area = 3;
-             s.view = L"v";
-         },
-         [](PlotSettings& s) { s.area = 3; },
-         {area}},
-        {[](PlotSettings& s) {
-             s.area = 4;
-             s.window = {0, 0, 1, 1};
-         },
-         [](PlotSettings& s) {
-             s.area = 4;
-             s.window = {0, 0, 1, 2};
+         [](S& s) {
+             s.area = 4, s.window = std::array{0., 0., 1., 2.};
          },
          {area}},
-        {[](PlotSettings& s) {
-             s.paperUnits = 0;
-             s.styleSheet = L"x";
-             s.options[6] = true;
-         },
-         [](PlotSettings&) {},
+        {[](S& s) { s.paperUnits = 0, s.styleSheet = L"x", s.options[6] = true; },
+         nothing,
          {units, style, options}},
     };
     for (const auto& each : cases) {

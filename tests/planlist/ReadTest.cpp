@@ -11,12 +11,11 @@ std::wstring numbered(const wchar_t* stem, int number) {
 class ReadTest : public testing::Test, public PlanWorld {
   protected:
     void setPlot(const demo::DocumentPtr& document, const std::wstring& layout, const std::wstring& paper) {
-        demo::Layout& found = *document->findLayout(layout);
-        demo::PlotSettings settings = found.plotSettings();
-        settings.device = L"DWG To PDF.pc3";
-        settings.paper = paper;
-        settings.styleSheet = L"büro.ctb";
-        found.setPlotSettings(settings);
+        change(document, layout, [&](demo::PlotSettings& settings) {
+            settings.device = L"DWG To PDF.pc3";
+            settings.paper = paper;
+            settings.styleSheet = L"büro.ctb";
+        });
     }
 };
 
@@ -55,14 +54,12 @@ TEST_F(ReadTest, ReadingAnewKeepsRowsAndAsksNothingTwice) {
     autoCAD.ConnectAutoCAD();
     calls.clear();
     reader.begin();
-    while (reader.step()) {
-    }
+    finish(reader);
     constexpr std::size_t facts = 2 + drawings * (7 + layouts * 5);
     EXPECT_EQ(calls.count(), facts + drawings) << "one readable name for each paper";
     calls.clear();
     reader.begin();
-    while (reader.step()) {
-    }
+    finish(reader);
     EXPECT_EQ(calls.count(), facts);
 
     ListView list(world.locale);
@@ -114,8 +111,7 @@ TEST_F(ReadTest, AReadingThatEndsEarlyShowsWholeDrawingsOnly) {
     read();
     begin();
     host().close(b);
-    while (reader.step()) {
-    }
+    finish(reader);
     EXPECT_EQ(reader.state(), PlanReader::State::done);
     EXPECT_EQ(rows(), (Names{all[0], all[1], all[4], all[5]}));
 

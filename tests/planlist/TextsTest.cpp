@@ -1,13 +1,12 @@
 #include <filesystem>
 #include <fstream>
-#include <random>
-#include <set>
 
 #include "planlist/PdfNames.h"
 #include "planlist/PlanExport.h"
 #include "planlist/PlanFilter.h"
 #include "planlist/RenamePattern.h"
 #include "PlanWorld.h"
+#include "support/ToldBy.h"
 
 namespace blattwart::test {
 
@@ -23,10 +22,7 @@ std::string readByPython(const std::string& csv) {
         "csv.reader(open(sys.argv[1],encoding=\"utf-8-sig\",newline=\"\"),delimiter=\";\",strict=True):\n"
         "  sys.stdout.buffer.write((\"\".join(\"[\"+c+\"]\" for c in line)+\"\\n\").encode())' " +
         file.string();
-    std::string text;
-    FILE* pipe = popen(command.c_str(), "r");
-    for (int c = 0; (c = fgetc(pipe)) != EOF;) text += static_cast<char>(c);
-    EXPECT_EQ(pclose(pipe), 0);
+    std::string text = toldBy(command);
     std::filesystem::remove(file);
     return text;
 }

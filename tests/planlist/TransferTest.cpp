@@ -29,12 +29,6 @@ class Transferring : public PlanWorld {
         prepare();
     }
 
-    void change(const demo::DocumentPtr& document, const wchar_t* layout,
-                const std::function<void(demo::PlotSettings&)>& how) {
-        demo::PlotSettings settings = settingsOf(document, layout);
-        how(settings);
-        document->findLayout(layout)->setPlotSettings(settings);
-    }
     static demo::PlotSettings settingsOf(const demo::DocumentPtr& document, const wchar_t* layout) {
         return document->findLayout(layout)->plotSettings();
     }
@@ -52,12 +46,9 @@ class Transferring : public PlanWorld {
     void begin() { transfer.begin(source, targets, settings); }
     void carryOver() {
         begin();
-        run(transfer);
+        finish(transfer);
     }
-    void takeBack() {
-        transfer.beginUndo();
-        run(transfer);
-    }
+    PlanGroup& group() { return transfer; }
     /// What counts of the targets' settings: a window only where it is plotted.
     std::vector<demo::PlotSettings> now() const {
         std::vector<demo::PlotSettings> all{settingsOf(a, L"a1"), settingsOf(a, L"a2"), settingsOf(b, L"b1"),
@@ -87,7 +78,7 @@ TEST(TransferTest, EveryLayoutTakesAllAndGetsBackWhatItHad) {
     EXPECT_EQ(world.rows()[1],
               L"A.dwg|2|a1|DWG To PDF.pc3|ISO A3 (420.00 x 297.00 MM)|monochrome.ctb|geändert");
 
-    world.takeBack();
+    PlanWorld::takeBack(world.transfer);
     // Three had no device, which cannot be put.
     EXPECT_EQ(world.transfer.result().reasons.size(), 3U);
     EXPECT_TRUE(world.transfer.result().message().ends_with(
@@ -131,41 +122,25 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     EXPECT_EQ(world.note(2), L"nicht übertragen: die Quelle hat kein Plotgerät");
     EXPECT_EQ(Transferring::settingsOf(world.a, L"a1").device, L"");
     world.change(world.a, L"a1", [](demo::PlotSettings& s) { s.rotation = 3; });
-    world.takeBack();
+    PlanWorld::takeBack(world.transfer);
     EXPECT_EQ(world.transfer.result().reasons.front(),
               L"Layout „a1“: Seiteneinrichtung inzwischen geändert.");
 }
 
 TEST(TransferTest, AFailureAtAnyCallLeavesNothingThatCannotBeTakenBack) {
-    // Each target has a device, so that all can be put back.
-    const auto prepared = [](Transferring& world) {
-        for (const wchar_t* layout : {L"a1", L"a2"})
-            world.change(world.a, layout, [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
-        world.change(world.b, L"b1", [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
-        world.prepare();
+    const auto make = [] {
+        auto world = std::make_unique<Transferring>();
+        // Each target has a device, so that all can be put back.
+        for (const auto& [document, layout] :
+             {std::pair(world->a, L"a1"), {world->a, L"a2"}, {world->b, L"b1"}})
+            world->change(document, layout, [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
+        world->prepare();
+        world->begin();
+        return world;
     };
-    Transferring undisturbed;
-    prepared(undisturbed);
-    const auto before = undisturbed.now();
-    undisturbed.carryOver();
-    const std::size_t all = undisturbed.calls.count();
     constexpr auto refused = static_cast<std::int32_t>(0x80200003);
-    for (std::size_t call = 1; call <= all; ++call) {
-        // One call is refused, one answer is lost, or all from one on.
-        const auto error = call % 3 == 0 ? refused : hresult::callCanceled;
-        const std::size_t last = call % 3 == 2 ? call + 500 : call;
-        SCOPED_TRACE(std::to_string(call) + " to " + std::to_string(last));
-        Transferring world;
-        prepared(world);
-        world.begin();
-        world.failFrom(call, last, error, demo::Moment::after);
-        world.run(world.transfer);
-        world.calls.heal();
-        EXPECT_TRUE(world.now() == undisturbed.now() || !world.transfer.result().message().empty());
-        if (!world.undo.empty()) world.takeBack();
-        EXPECT_EQ(world.now(), before);
-        EXPECT_TRUE(world.undo.empty());
-    }
+    expectFailuresCanBeTakenBack(make,
+                                 {{refused, 1}, {hresult::callCanceled, 1}, {hresult::callCanceled, 500}});
 }
 
 }  // namespace

@@ -21,10 +21,20 @@ class FakeDesktop : public Desktop {
     WindowHandle foregroundWindow = 0;
     std::vector<std::wstring> log;  ///< what was done to which window: "showNormal 7", "setForeground 7"
 
-    WindowHandle findWindow(const std::wstring& caption) override;
-    void showNormal(WindowHandle window) override;
+    WindowHandle findWindow(const std::wstring& caption) override {
+        for (const auto& [handle, window] : windows)
+            if (window.caption == caption && !window.messageBox) return handle;
+        return 0;
+    }
+    void showNormal(WindowHandle window) override {
+        log.push_back(L"showNormal " + std::to_wstring(window));
+        if (windows.contains(window)) windows[window].state = State::normal;
+    }
     /// A minimised window stays minimised.
-    void setForeground(WindowHandle window) override;
+    void setForeground(WindowHandle window) override {
+        log.push_back(L"setForeground " + std::to_wstring(window));
+        if (windows.contains(window)) foregroundWindow = window;
+    }
     WindowHandle foreground() override { return foregroundWindow; }
 };
 

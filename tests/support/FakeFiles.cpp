@@ -42,7 +42,7 @@ std::vector<std::uint8_t> FakeFileReader::read(std::uint64_t offset, std::size_t
 }
 
 void FakeFiles::add(const std::wstring& path) {
-    if (find(path) == files_.end()) files_.push_back(path);
+    if (!find(path)) files_.push_back({path, {}});
     addFolder(folderOf(path));
 }
 
@@ -52,14 +52,19 @@ void FakeFiles::addFolder(const std::wstring& path) {
 
 void FakeFiles::fill(const std::wstring& path, std::vector<std::uint8_t> bytes) {
     add(path);
-    Content& content = contents_[locale_.upperCase(path)];
-    content.bytes = std::move(bytes);
-    ++content.written;
+    File& file = *find(path);
+    file.bytes = std::move(bytes);
+    file.written = ++writes_;
 }
 
 void FakeFiles::forget(const std::wstring& path) {
-    const auto file = find(path);
-    if (file != files_.end()) files_.erase(file);
+    std::erase_if(files_, [&](const File& file) { return locale_.equalIgnoringCase(file.path, path); });
+}
+
+std::vector<std::wstring> FakeFiles::all() const {
+    std::vector<std::wstring> paths;
+    for (const File& file : files_) paths.push_back(file.path);
+    return paths;
 }
 
 std::vector<std::wstring> FakeFiles::list(const std::wstring& pattern) {
@@ -69,15 +74,16 @@ std::vector<std::wstring> FakeFiles::list(const std::wstring& pattern) {
         throw RuntimeError(errorNumber::pathNotFound, L"Pfad nicht gefunden");
     const std::wstring upperPattern = locale_.upperCase(nameOf(pattern));
     std::vector<std::wstring> names;
-    for (const std::wstring& file : files_) {
-        const bool here = locale_.upperCase(folderOf(file)) == upperFolder;
-        if (here && matches(locale_.upperCase(nameOf(file)), upperPattern)) names.push_back(nameOf(file));
+    for (const File& file : files_) {
+        const bool here = locale_.upperCase(folderOf(file.path)) == upperFolder;
+        const std::wstring name = nameOf(file.path);
+        if (here && matches(locale_.upperCase(name), upperPattern)) names.push_back(name);
     }
     return names;
 }
 
 bool FakeFiles::exists(const std::wstring& path) {
-    return !fails(L"Files.exists") && find(path) != files_.end();
+    return !fails(L"Files.exists") && find(path);
 }
 
 std::vector<std::wstring> FakeFiles::silent(const std::vector<std::wstring>& paths) {
@@ -93,10 +99,8 @@ std::wstring FakeFiles::shortPath(const std::wstring& path) {
 }
 
 std::unique_ptr<FileReader> FakeFiles::open(const std::wstring& path) {
-    if (fails(L"Files.open")) throwDenied();
-    if (find(path) == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
-    const Content& content = contents_[locale_.upperCase(path)];
-    return std::make_unique<FakeFileReader>(content.bytes, content.written);
+    const File& file = existing(path, L"Files.open");
+    return std::make_unique<FakeFileReader>(file.bytes, file.written);
 }
 
 bool FakeFiles::folderExists(const std::wstring& path) {
@@ -104,11 +108,9 @@ bool FakeFiles::folderExists(const std::wstring& path) {
 }
 
 void FakeFiles::rename(const std::wstring& path, const std::wstring& newPath) {
-    if (fails(L"Files.rename") || find(newPath) != files_.end()) throwDenied();
-    const auto file = find(path);
-    if (file == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
-    *file = newPath;
-    contents_[locale_.upperCase(newPath)] = std::exchange(contents_[locale_.upperCase(path)], {});
+    File& file = existing(path, L"Files.rename");
+    if (find(newPath)) throwDenied();
+    file.path = newPath;
 }
 
 void FakeFiles::writeAtomically(const std::wstring& path, const std::string& bytes) {
@@ -117,15 +119,20 @@ void FakeFiles::writeAtomically(const std::wstring& path, const std::string& byt
 }
 
 void FakeFiles::remove(const std::wstring& path) {
-    if (fails(L"Files.remove")) throwDenied();
-    const auto file = find(path);
-    if (file == files_.end()) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
-    files_.erase(file);
+    forget(existing(path, L"Files.remove").path);
 }
 
-std::vector<std::wstring>::iterator FakeFiles::find(const std::wstring& path) {
-    return std::ranges::find_if(
-        files_, [&](const std::wstring& file) { return locale_.equalIgnoringCase(file, path); });
+FakeFiles::File* FakeFiles::find(const std::wstring& path) {
+    const auto file = std::ranges::find_if(
+        files_, [&](const File& each) { return locale_.equalIgnoringCase(each.path, path); });
+    return file == files_.end() ? nullptr : &*file;
+}
+
+FakeFiles::File& FakeFiles::existing(const std::wstring& path, std::wstring_view call) {
+    if (fails(call)) throwDenied();
+    File* file = find(path);
+    if (!file) throw RuntimeError(errorNumber::fileNotFound, L"Datei nicht gefunden");
+    return *file;
 }
 
 }  // namespace blattwart::test

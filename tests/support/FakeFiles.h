@@ -10,7 +10,6 @@
 
 namespace blattwart::test {
 
-/// A file system in memory: Windows paths, looked up without regard to case, listed in the order of adding.
 /// Bytes in memory as an open file. Knows how many of them were read.
 class FakeFileReader : public FileReader {
   public:
@@ -28,6 +27,7 @@ class FakeFileReader : public FileReader {
     std::uint64_t lastWritten_;
 };
 
+/// A file system in memory: Windows paths, looked up without regard to case, listed in the order of adding.
 class FakeFiles : public Files {
   public:
     std::wstring folder = L"C:\\Programme\\Blattwart";  ///< the executable's
@@ -46,7 +46,8 @@ class FakeFiles : public Files {
     void fill(const std::wstring& path, std::vector<std::uint8_t> bytes);
     /// Lets a file disappear as if another program deleted it.
     void forget(const std::wstring& path);
-    const std::vector<std::wstring>& all() const { return files_; }
+    /// The paths of all files.
+    std::vector<std::wstring> all() const;
 
     std::wstring applicationFolder() const override { return folder; }
     std::vector<std::wstring> list(const std::wstring& pattern) override;
@@ -60,16 +61,21 @@ class FakeFiles : public Files {
     void remove(const std::wstring& path) override;
 
   private:
-    std::vector<std::wstring>::iterator find(const std::wstring& path);
-
-    GermanLocale locale_;
-    std::vector<std::wstring> files_;
-    std::set<std::wstring> folders_;  // upper case
-    struct Content {
+    struct File {
+        std::wstring path;
         std::vector<std::uint8_t> bytes;
         std::uint64_t written = 0;
     };
-    std::map<std::wstring, Content> contents_;  // by the path in upper case
+
+    /// Null when there is no such file.
+    File* find(const std::wstring& path);
+    /// Throws when there is no such file, or the call is to fail.
+    File& existing(const std::wstring& path, std::wstring_view call);
+
+    GermanLocale locale_;
+    std::vector<File> files_;
+    std::set<std::wstring> folders_;  // upper case
+    std::uint64_t writes_ = 0;
 };
 
 }  // namespace blattwart::test

@@ -16,10 +16,6 @@ std::string folded(std::string text) {
 
 }  // namespace
 
-void FakeRegistry::addKey(RegistryRoot root, const std::string& path) {
-    keys_.try_emplace({root, folded(path)});
-}
-
 void FakeRegistry::store(RegistryRoot root, const std::string& path, const std::string& name, Entry entry) {
     keys_[{root, folded(path)}][folded(name)] = std::move(entry);
 }

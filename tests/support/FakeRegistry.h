@@ -22,7 +22,6 @@ class FakeRegistry : public Registry {
         friend bool operator==(const Entry&, const Entry&) = default;
     };
 
-    void addKey(RegistryRoot root, const std::string& path);
     /// Stores the bytes as they are; makes the key when it is missing.
     void store(RegistryRoot root, const std::string& path, const std::string& name, Entry entry);
     /// Stores a text with its terminating NUL.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <compare>
+#include <map>
 
 namespace blattwart::test {
 
@@ -28,20 +29,13 @@ wchar_t upper(wchar_t c) {
 
 /// Upper case with the umlauts beside their vowels.
 std::wstring folded(std::wstring_view text) {
+    static const std::map<wchar_t, const wchar_t*> others{
+        {L'Ä', L"A"}, {L'Ö', L"O"}, {L'Ü', L"U"}, {L'ß', L"SS"}};
     std::wstring result;
     for (const wchar_t character : text) {
         const wchar_t c = upper(character);
-        if (c == L'Ä') {
-            result += L'A';
-        } else if (c == L'Ö') {
-            result += L'O';
-        } else if (c == L'Ü') {
-            result += L'U';
-        } else if (c == L'ß') {
-            result += L"SS";
-        } else {
-            result += c;
-        }
+        const auto other = others.find(c);
+        result += other == others.end() ? std::wstring(1, c) : other->second;
     }
     return result;
 }

@@ -92,12 +92,6 @@ TEST_F(Automation, ObjectsGoBackToTheirServer) {
     EXPECT_EQ(errorOf([&] { echo(ObjectPtr(std::make_shared<Foreign>())); }), DISP_E_TYPEMISMATCH);
 }
 
-TEST_F(Automation, TheSameNameMayHaveAnotherIdInAnotherClass) {
-    EXPECT_EQ(application_->get({L"App", L"Name"}), Value(L"Prüfling"));
-    const ObjectPtr child = collection(L"Children", 1)->enumerate(L"Children").at(0);
-    EXPECT_EQ(child->get({L"Child", L"Name"}), Value(L"Kind 0"));
-}
-
 TEST_F(Automation, AKnownMemberCostsOneMessage) {
     const auto get = [&] { application_->get({L"App", L"Name"}); };
     EXPECT_EQ(sent("idLookups", get), 1);
@@ -127,12 +121,6 @@ TEST_F(Automation, ErrorsBringTheServersCodeAndText) {
     const RuntimeError withText = failure(static_cast<std::int32_t>(0x80200014), L"Schlüssel nicht gefunden");
     EXPECT_EQ(withText.number(), static_cast<std::int32_t>(0x80200014));
     EXPECT_EQ(withText.description(), L"Schlüssel nicht gefunden");
-    const RuntimeError withoutText = failure(static_cast<std::int32_t>(0x80200157), L"");
-    EXPECT_EQ(withoutText.number(), static_cast<std::int32_t>(0x80200157));
-    EXPECT_FALSE(withoutText.description().empty());
-    const RuntimeError plain = failure(DISP_E_BADPARAMCOUNT, L"");
-    EXPECT_EQ(plain.number(), DISP_E_BADPARAMCOUNT);
-    EXPECT_FALSE(plain.description().empty());
     struct Kind {
         std::int32_t number;
         bool gone, refused, lost, notAnswering;
@@ -143,9 +131,11 @@ TEST_F(Automation, ErrorsBringTheServersCodeAndText) {
                           Kind{hresult::serverDied, true, false, true, false},
                           Kind{hresult::callCanceled, false, false, true, true},
                           Kind{hresult::cannotCallOut, false, true, false, true},
-                          Kind{DISP_E_BADPARAMCOUNT, false, false, false, false}}) {
+                          Kind{DISP_E_BADPARAMCOUNT, false, false, false, false},
+                          Kind{static_cast<std::int32_t>(0x80200157), false, false, false, false}}) {
         const RuntimeError error = failure(k.number, L"");
         EXPECT_EQ(error.number(), k.number);
+        EXPECT_NE(error.description(), L"") << k.number;
         EXPECT_EQ(isGone(error), k.gone) << k.number;
         EXPECT_EQ(isRefused(error), k.refused) << k.number;
         EXPECT_EQ(isAnswerLost(error), k.lost) << k.number;
@@ -219,7 +209,8 @@ TEST_F(Automation, AnEnumerationCanBeLeft) {
     }
 }
 
-TEST_F(Automation, AnObjectThatKnowsAMemberByAnotherIdIsAskedByName) {
+TEST_F(Automation, TheSameNameMayHaveAnotherIdInAnotherClassOrObject) {
+    EXPECT_EQ(application_->get({L"App", L"Name"}), Value(L"Prüfling"));
     EXPECT_EQ(collection(L"Children", 1)->enumerate(L"Children").at(0)->get({L"Child", L"Name"}),
               Value(L"Kind 0"));
     const Value odd = application_->get({L"App", L"Odd"});

@@ -58,22 +58,16 @@ std::int32_t numberIn(const Argument& argument) {
 }
 
 /// Its Name has another id than that of the application.
-ObjectPtr makeChild(std::int32_t number) {
+ObjectPtr makeChild(const std::wstring& name, std::int32_t id = 2) {
     auto child = std::make_shared<Scripted>();
-    child->members[L"Name"] = {2, [number](Access, Arguments) { return L"Kind " + std::to_wstring(number); }};
-    return child;
-}
-
-/// A child whose Name has yet another id, that of nothing among the other children.
-ObjectPtr makeOddChild() {
-    auto child = std::make_shared<Scripted>();
-    child->members[L"Name"] = {9, [](Access, Arguments) { return L"Sonderling"; }};
+    child->members[L"Name"] = {id, [name](Access, Arguments) { return name; }};
     return child;
 }
 
 ObjectPtr makeCollection(std::int32_t count, bool enumerable) {
     auto collection = std::make_shared<Scripted>();
-    for (std::int32_t i = 0; i < count; ++i) collection->elements.push_back(makeChild(i));
+    for (std::int32_t i = 0; i < count; ++i)
+        collection->elements.push_back(makeChild(L"Kind " + std::to_wstring(i)));
     collection->enumerable = enumerable;
     auto* self = collection.get();
     self->members[L"Count"] = {3, [count](Access, Arguments) { return count; }};
@@ -108,7 +102,8 @@ ObjectPtr makeApplication() {
         7, [](Access, Arguments arguments) { return makeCollection(numberIn(arguments[0]), true); }};
     members[L"Plain"] = {
         8, [](Access, Arguments arguments) { return makeCollection(numberIn(arguments[0]), false); }};
-    members[L"Odd"] = {9, [](Access, Arguments) { return makeOddChild(); }};
+    // Its Name has an id that is nothing among the other children.
+    members[L"Odd"] = {9, [](Access, Arguments) { return makeChild(L"Sonderling", 9); }};
     return application;
 }
 

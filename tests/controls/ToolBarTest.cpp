@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "controls/Expectations.h"
-#include "controls/Menu.h"
 #include "controls/ToolBar.h"
 
 namespace blattwart {
