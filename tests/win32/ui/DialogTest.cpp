@@ -5,6 +5,9 @@
 
 #include "ControlHost.h"
 #include "dialogs/frmErstellen.h"
+#include "planlist/frmPlanEinstellungen.h"
+#include "planlist/frmPlanPdf.h"
+#include "planlist/frmPlanReihenfolge.h"
 #include "planlist/frmPlanUmbenennen.h"
 #include "res/DialogIds.h"
 #include "shell/basMain.h"
@@ -17,6 +20,8 @@
 namespace blattwart::test {
 
 namespace {
+
+constexpr UINT dpiChanged = 0x02E0;
 
 HWND findDialog(HWND owner) {
     HWND window = nullptr;
@@ -265,7 +270,6 @@ TEST_F(PlanListWindowTest, StandsRightInEverySizeAndResolution) {
         EXPECT_EQ(placeOf(IDC_LISTE).right - list.right, client().cx - made.cx);
         EXPECT_EQ(placeOf(IDC_LISTE).bottom - list.bottom, client().cy - made.cy);
         expectPlaced();
-        constexpr UINT dpiChanged = 0x02E0;
         const RECT suggested{0, 0, 1250, 950};
         SendMessageW(dialog, dpiChanged, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
         const LONG height = placeOf(IDCANCEL).bottom - placeOf(IDCANCEL).top;
@@ -346,6 +350,47 @@ TEST_F(PlanListWindowTest, TheDialogForPatternsStandsOverIt) {
                  press(VK_ESCAPE);
              });
     EXPECT_TRUE(rename.names().empty());
+}
+
+TEST_F(PlanListWindowTest, ItsOtherDialogsHaveRoomInEverySizeAndResolution) {
+    PlanList plan(world.locale);
+    PlanDrawing drawing;
+    drawing.identity = L"PLAN.DWG";
+    drawing.name = drawing.shownName = L"Plan.dwg";
+    drawing.complete = true;
+    plan.setDrawings({drawing});
+    PlanRow row;
+    row.name = L"EG";
+    plan.setRows(plan.drawings().front(), {row});
+    const std::vector<int> rows{plan.drawings().front().rows.front().number};
+    PlanReader reader(program.autoCAD, world.platform, plan);
+    PlanUndo undo;
+    PlanTransfer transfer(reader, plan, undo, world.locale);
+    PlanRestore restore(program.autoCAD, reader);
+    PdfRun run(reader, plan, restore, world.platform);
+    PdfChoice choice{.folder = {}, .pattern = L"<Zeichnung>-<Layout>"};
+    frmPlanReihenfolge order(plan, rows, frmPlanReihenfolge::FirstStep::none, program.help, world.platform);
+    frmPlanEinstellungen settings(plan, transfer, rows, program.help, world.platform);
+    frmPlanPdf pdf(plan, run, rows, choice, program.help, world.platform);
+    const auto user = [this] {
+        const auto expectWhole = [this] {
+            expectRoom();
+            EXPECT_LE(placeOf(IDCANCEL).right, client().cx);
+            EXPECT_LE(placeOf(IDCANCEL).bottom, client().cy);
+            EXPECT_LE(placeOf(IDC_LISTE).bottom, placeOf(IDCANCEL).top);
+        };
+        expectWhole();
+        SetWindowPos(dialog, nullptr, 0, 0, 10, 10, SWP_NOZORDER | SWP_NOMOVE);
+        expectWhole();
+        const RECT suggested{0, 0, 900, 700};
+        SendMessageW(dialog, dpiChanged, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
+        expectWhole();
+        press(VK_ESCAPE);
+        EXPECT_FALSE(IsWindowVisible(dialog));
+    };
+    inDialog([&] { presenter.showModal(order); }, user);
+    inDialog([&] { presenter.showModal(settings); }, user);
+    inDialog([&] { presenter.showModal(pdf); }, user);
 }
 
 }  // namespace
