@@ -2,9 +2,12 @@
 
 #include "Client.h"
 #include "server/TestServer.h"
+#include "support/ErrorOf.h"
 
 namespace blattwart {
 namespace {
+
+using test::errorOf;
 
 using demo::testServerName;
 using demo::testServerWindow;

@@ -4,9 +4,12 @@
 #include <stdexcept>
 
 #include "Client.h"
+#include "support/ErrorOf.h"
 
 namespace blattwart {
 namespace {
+
+using test::errorOf;
 
 class NoObjects : public ObjectBorder {
   public:

@@ -8,7 +8,6 @@
 
 #include "demo/com/Server.h"
 #include "demo/com/ServerWindow.h"
-#include "support/ErrorOf.h"
 #include "win32/com/ComAutomation.h"
 #include "win32/ui/Guard.h"
 
@@ -56,7 +55,5 @@ ObjectPtr attach(Client& client, const wchar_t* name);
 std::wstring temporaryFile(const std::wstring& name);
 /// A file of the build as Windows names it.
 std::wstring windowsPath(const char* file);
-
-using test::errorOf;
 
 }  // namespace blattwart
