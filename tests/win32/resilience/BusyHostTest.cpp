@@ -51,19 +51,23 @@ class BusyHostTest : public testing::Test {
         EXPECT_EQ(outcome.messages, expected.messages);
     }
 
-    /// The window is told at least five times a second, paints in between, says so after a second, and no
-    /// more when the host answers.
+    /// The window is told five times a second on the average, paints in between, says so after a second, and
+    /// no more when the host answers.
     void expectTold() {
         std::int32_t last = 0;
+        std::int32_t waited = 0;
+        std::int32_t times = 0;
         for (const BusyMoment& moment : program.busy) {
             EXPECT_EQ(moment.status, moment.milliseconds < 1000 ? L"" : L"AutoCAD ist beschäftigt")
                 << moment.milliseconds;
             if (moment.milliseconds > 0 && last > 0) {
                 EXPECT_TRUE(moment.painted) << moment.milliseconds;
-                EXPECT_LE(moment.milliseconds - last, 200);
+                waited += moment.milliseconds - last;
+                ++times;
             }
             last = moment.milliseconds;
         }
+        EXPECT_LE(waited, times * 200);
         EXPECT_EQ(last, 0);
     }
     std::int32_t longestWait() {
@@ -105,7 +109,7 @@ TEST_P(BusyOperations, AreGivenUpOnceWhenTheHostStaysBusy) {
             // Some operations are done with the first call.
             const int refused = host->counters()["refused"] > 0 ? 1 : 0;
             EXPECT_EQ(program.asked, refused);
-            EXPECT_LT(longestWait(), 400);
+            EXPECT_LT(longestWait(), 1000);
             expectTold();
 
             program.world.messages.clear();

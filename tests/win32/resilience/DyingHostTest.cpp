@@ -103,7 +103,7 @@ class DyingHostTest : public testing::Test {
     }
 
     static constexpr std::size_t samplesEach = 4;
-    static constexpr std::int64_t hang = 2000;  // milliseconds
+    static constexpr std::int64_t hang = 4000;  // milliseconds
     HostProgram host;
     ProgramOnHost program{std::chrono::seconds(10)};
 };
