@@ -4,7 +4,7 @@
 # Small, stripped, needs nothing but Windows' own libraries, has its manifest and its version.
 set -uo pipefail
 program=$1 version=$2
-size_limit=2000000
+size_limit=3000000
 # All but COMCTL32 are loaded from the system folder whatever lies elsewhere; COMCTL32 is found through the manifest.
 system_libraries='ADVAPI32 COMCTL32 COMDLG32 GDI32 KERNEL32 MSVCRT OLE32 OLEAUT32 SHELL32 SHLWAPI USER32'
 faults=0
