@@ -152,13 +152,13 @@ TEST_F(XDataTest, MoreValuesThanSixteenBitsCountAreNotWritten) {
 TEST_F(XDataTest, AViewportFillsItselfFromItsData) {
     const struct {
         ValueArray stored;
-        std::int16_t ours;
         std::wstring label;
+        std::int16_t ours;
         std::int16_t overview;
-    } cases[] = {{{0, L"1", 121, L"A1", 21, L"2"}, 1, L"A1", 2},
-                 {{}, 0, L"", 0},
-                 {{0, L"", 121, L""}, 0, L"", 0},
-                 {{0, L"1A", 21, L"99999"}, 0, L"", 0}};
+    } cases[] = {{{0, L"1", 121, L"A1", 21, L"2"}, L"A1", 1, 2},
+                 {{}, L"", 0, 0},
+                 {{0, L"", 121, L""}, L"", 0, 0},
+                 {{0, L"1A", 21, L"99999"}, L"", 0, 0}};
     for (const auto& each : cases) {
         store(each.stored);
         CAFenster viewport;

@@ -87,7 +87,7 @@ TEST(PdfRunTest, WhatIsNoPdfIsToldAndTheFileBeforeComesBack) {
 
 TEST(PdfRunTest, AReasonStandsBesideEachLayoutThatWasLeftOut) {
     Plotting world;
-    world.change(world.a, L"zwei", [](demo::PlotSettings& s) { s.device = L"HP DesignJet"; });
+    PlanWorld::change(world.a, L"zwei", [](demo::PlotSettings& s) { s.device = L"HP DesignJet"; });
     const auto denied = [&](std::wstring_view call) { return call == L"Files.rename"; };
     world.write(L"C:\\P\\A-drei.pdf", "alt");
     world.world.files.fails = denied;

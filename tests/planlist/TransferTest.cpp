@@ -91,7 +91,7 @@ TEST(TransferTest, EveryLayoutTakesAllAndGetsBackWhatItHad) {
 
 TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     Transferring world({.plotDevices = {L"DWG To PDF.pc3", L"Plotter.pc3"}});
-    world.change(world.a, L"Quelle", [](demo::PlotSettings& s) {
+    PlanWorld::change(world.a, L"Quelle", [](demo::PlotSettings& s) {
         s.styleSheet = L"fremd.stb";
         s.plotType = plotArea::view;
         s.view = L"Süd";
@@ -110,18 +110,18 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     EXPECT_EQ(world.note(2), L"Plotstil nicht übernommen: Ungültige Eingabe");
     EXPECT_EQ(world.transfer.result().message(), L"Nicht alles wurde übertragen, siehe Spalte „Hinweis“.");
 
-    world.change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.device = L"Alt.pc3"; });
+    PlanWorld::change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.device = L"Alt.pc3"; });
     world.prepare();
     world.carryOver();
     EXPECT_EQ(world.note(3), L"Plotgerät nicht übernommen: Ungültige Eingabe");
     EXPECT_EQ(Transferring::settingsOf(world.b, L"b2").paper, L"ISO_A3_(420.00_x_297.00_MM)")
         << "nothing is put for a device that is not there";
-    world.change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.device = L""; });
+    PlanWorld::change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.device = L""; });
     world.prepare();
     world.carryOver();
     EXPECT_EQ(world.note(2), L"nicht übertragen: die Quelle hat kein Plotgerät");
     EXPECT_EQ(Transferring::settingsOf(world.a, L"a1").device, L"");
-    world.change(world.a, L"a1", [](demo::PlotSettings& s) { s.rotation = 3; });
+    PlanWorld::change(world.a, L"a1", [](demo::PlotSettings& s) { s.rotation = 3; });
     PlanWorld::takeBack(world.transfer);
     EXPECT_EQ(world.transfer.result().reasons.front(),
               L"Layout „a1“: Seiteneinrichtung inzwischen geändert.");
