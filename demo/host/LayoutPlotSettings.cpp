@@ -42,7 +42,7 @@ constexpr std::array<std::pair<double, double>, 17> plainScales{{{1, 1},
 std::vector<MemberSlot<LayoutObject>> LayoutObject::plotMembers() {
     using Self = LayoutObject;
     using Settings = PlotSettings;
-    std::vector<MemberSlot<Self>> slots{
+    return {
         property(0x03, L"ConfigName", &Self::configName, &Self::putConfigName),
         property(0x04, L"CanonicalMediaName", &Self::fact<&Settings::paper>, &Self::putCanonicalMediaName),
         property(0x06, L"PaperUnits", &Self::fact<&Settings::units>, &Self::putChoice<&Settings::units, 2>),
@@ -62,20 +62,23 @@ std::vector<MemberSlot<LayoutObject>> LayoutObject::plotMembers() {
         method(0x19, L"GetLocaleMediaName", &Self::localeMediaName, 1),
         method(0x1A, L"RefreshPlotDeviceInfo", &Self::refreshPlotDeviceInfo),
         method(0x1B, L"CopyFrom", &Self::copyFrom, 1),
+        property(0x30, L"PlotViewportBorders", &Self::flag<plotFlag::viewportBorders>,
+                 &Self::putFlag<plotFlag::viewportBorders>),
+        property(0x31, L"ShowPlotStyles", &Self::flag<plotFlag::showStyles>,
+                 &Self::putFlag<plotFlag::showStyles>),
+        property(0x32, L"CenterPlot", &Self::flag<plotFlag::centred>, &Self::putFlag<plotFlag::centred>),
+        property(0x33, L"PlotHidden", &Self::flag<plotFlag::hidden>, &Self::putFlag<plotFlag::hidden>),
+        property(0x34, L"UseStandardScale", &Self::flag<plotFlag::standardScale>,
+                 &Self::putFlag<plotFlag::standardScale>),
+        property(0x35, L"PlotWithPlotStyles", &Self::flag<plotFlag::withStyles>,
+                 &Self::putFlag<plotFlag::withStyles>),
+        property(0x36, L"ScaleLineweights", &Self::flag<plotFlag::scaleLineweights>,
+                 &Self::putFlag<plotFlag::scaleLineweights>),
+        property(0x37, L"PlotWithLineweights", &Self::flag<plotFlag::lineweights>,
+                 &Self::putFlag<plotFlag::lineweights>),
+        property(0x38, L"PlotViewportsFirst", &Self::flag<plotFlag::viewportsFirst>,
+                 &Self::putFlag<plotFlag::viewportsFirst>),
     };
-    const auto flags = [&]<std::int32_t... bit>(std::integer_sequence<std::int32_t, bit...>,
-                                                std::initializer_list<std::wstring_view> names) {
-        auto name = names.begin();
-        std::int32_t id = 0x30;
-        (slots.push_back(property(id++, *name++, &Self::flag<bit>, &Self::putFlag<bit>)), ...);
-    };
-    using namespace plotFlag;
-    flags(std::integer_sequence<std::int32_t, viewportBorders, showStyles, centred, hidden,
-                                plotFlag::standardScale, withStyles, scaleLineweights, lineweights,
-                                viewportsFirst>(),
-          {L"PlotViewportBorders", L"ShowPlotStyles", L"CenterPlot", L"PlotHidden", L"UseStandardScale",
-           L"PlotWithPlotStyles", L"ScaleLineweights", L"PlotWithLineweights", L"PlotViewportsFirst"});
-    return slots;
 }
 
 void LayoutObject::changePlotSettings(const std::function<void(PlotSettings&)>& change) {

@@ -111,7 +111,7 @@ TEST(Win32InstallationsTest, LooksIntoBothViewsAndForTheServersFile) {
     EXPECT_EQ(installations.classOf(L"AutoCAD.Application.24.3"), text);
     EXPECT_FALSE(installations.hasServer(text));
     std::filesystem::create_directories(L"C:\\Mit Blank\\acad.exe folder");
-    std::ofstream(std::filesystem::path(L"C:\\Mit Blank\\acad.exe"));
+    std::ofstream(std::filesystem::path(L"C:\\Mit Blank\\acad.exe")) << "MZ";
     for (const auto& [command, exists] : {std::pair(L"\"C:\\Mit Blank\\acad.exe\" /Automation", true),
                                           {L"C:\\Mit Blank\\acad.exe /Automation", true},
                                           {L"C:\\Mit Blank\\acad /Automation", true},
