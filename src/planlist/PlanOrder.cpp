@@ -190,7 +190,7 @@ void PlanOrder::finish(End end) {
     result_.end = end;
     jobs_.clear();
     phase_ = Phase::idle;
-    undo_.settle();
+    result_.remains = undo_.settle();
 }
 
 }  // namespace blattwart

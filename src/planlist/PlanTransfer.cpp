@@ -273,7 +273,7 @@ void PlanTransfer::finish(End end) {
     for (const std::wstring& identity : std::exchange(written_, {}))
         if (PlanDrawing* drawing = plan_.findDrawing(identity)) reader_.readNames(*drawing, {});
     phase_ = Phase::idle;
-    undo_.settle();
+    result_.remains = undo_.settle();
 }
 
 }  // namespace blattwart

@@ -50,8 +50,8 @@ std::wstring PlanUndoEntry::text() const {
     return std::to_wstring(layouts) + (layouts == 1 ? L" Layout umbenannt" : L" Layouts umbenannt");
 }
 
-void PlanUndo::settle() {
-    if (empty()) return;
+bool PlanUndo::settle() {
+    if (empty()) return false;
     std::erase_if(top().names, [](const DrawingNamesChanged& drawing) {
         return drawing.names.empty() && !drawing.unknown;
     });
@@ -59,7 +59,9 @@ void PlanUndo::settle() {
     std::erase_if(top().settings, [](const SettingsChanged& changed) {
         return changed.now && differences(changed.before, *changed.now).empty();
     });
-    if (top().names.empty() && top().orders.empty() && top().settings.empty()) pop();
+    const bool remains = !top().names.empty() || !top().orders.empty() || !top().settings.empty();
+    if (!remains) pop();
+    return remains;
 }
 
 }  // namespace blattwart

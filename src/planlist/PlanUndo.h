@@ -67,7 +67,8 @@ class PlanUndo {
     /// Drops the last operation: it was taken back, or the user gives it up.
     void pop() { entries_.pop_back(); }
     /// Drops the last operation if nothing is left to be taken back of it, with the drawings that are done.
-    void settle();
+    /// Returns whether it is still there.
+    bool settle();
 
   private:
     std::vector<PlanUndoEntry> entries_;

@@ -35,6 +35,7 @@ struct PlanWriteResult {
 
     End end = End::done;
     bool undoing = false;
+    bool remains = false;   ///< something is left of the operation that can be taken back
     std::wstring what;      ///< the operation, as PlanUndoEntry::text says it
     std::wstring doneText;  ///< what the status line says when all is done; "" counts renamed layouts
     int done = 0;           ///< layouts

@@ -226,7 +226,7 @@ void PlanWriter::finish(PlanWriteResult::End end) {
     result_.end = end;
     jobs_.clear();
     phase_ = Phase::idle;
-    undo_.settle();
+    result_.remains = undo_.settle();
 }
 
 }  // namespace blattwart

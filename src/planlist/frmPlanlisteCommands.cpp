@@ -112,7 +112,8 @@ void frmPlanliste::goOnWriting() {
 void frmPlanliste::tell(const PlanWriteResult& result) {
     const std::wstring message = result.message();
     if (message.empty()) return;
-    if (result.end != PlanWriteResult::End::partly) return platform_.messages.warn(message);
+    if (result.end != PlanWriteResult::End::partly || !result.remains)
+        return platform_.messages.warn(message);
     if (platform_.messages.ask(message + L"\n\nSoll der Rest nicht mehr rückgängig gemacht werden können?")) {
         undo_.pop();
         showState();
