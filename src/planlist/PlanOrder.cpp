@@ -9,6 +9,14 @@ namespace blattwart {
 
 using End = PlanWriteResult::End;
 
+namespace {
+
+std::wstring notRead(const RuntimeError& error) {
+    return L"Die Reihenfolge kann nicht gelesen werden: " + error.description();
+}
+
+}  // namespace
+
 void PlanOrder::begin(const std::vector<NewOrder>& orders) {
     std::vector<Job> jobs;
     for (const NewOrder& order : orders) {
@@ -65,7 +73,7 @@ void PlanOrder::checkAll() {
             if (!isAsShown(*plan_.findDrawing(job.drawing))) result_.drawings.push_back(job.shownName);
     } catch (const RuntimeError& error) {
         if (isSilence(error)) return finish(End::noAnswer);
-        result_.reasons = {L"Die Reihenfolge kann nicht gelesen werden: " + error.description()};
+        result_.reasons = {notRead(error)};
         return finish(End::otherwise);
     }
     if (!result_.drawings.empty()) return finish(End::changedInHost);
@@ -123,6 +131,7 @@ void PlanOrder::write(const Job& job) {
         result_.reasons.push_back(L"„" + job.shownName + L"“ ist nicht mehr geöffnet.");
         return;
     }
+    before_.clear();
     try {
         if (result_.undoing && !fits(*drawing)) {
             result_.reasons.push_back(L"Die Reihenfolge in „" + job.shownName +
@@ -143,8 +152,12 @@ void PlanOrder::write(const Job& job) {
     } catch (const RuntimeError& error) {
         if (reader_.isClosed(error)) {
             result_.reasons.push_back(L"„" + job.shownName + L"“ ist nicht mehr geöffnet.");
-        } else {
+        } else if (!before_.empty()) {
             phase_ = Phase::takeBack;
+        } else if (isSilence(error)) {
+            finish(End::noAnswer);
+        } else {
+            result_.reasons.push_back(L"„" + job.shownName + L"“: " + notRead(error));
         }
     }
 }

@@ -53,7 +53,8 @@ class PlanOrder : public PlanGroup {
     Phase phase_ = Phase::idle;
     std::vector<Job> jobs_;  // the next one last
     Job job_;
-    std::vector<std::wstring> before_;  // the names of the job's drawing as they stood
+    std::vector<std::wstring>
+        before_;  // the names of the job's drawing as they stood; none before it is written
 };
 
 }  // namespace blattwart

@@ -104,6 +104,9 @@ void PlanTransfer::nextLayout() {
                 const std::wstring reason = L"„" + job_.shownName + L"“ ist nicht mehr geöffnet.";
                 notes_[job_.row] = reason;
                 result_.reasons.push_back(reason);
+            } else if (part().now) {
+                // Nothing has been put yet.
+                finish(End::noAnswer);
             } else {
                 phase_ = Phase::readBack;
             }

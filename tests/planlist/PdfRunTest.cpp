@@ -127,7 +127,6 @@ TEST(PdfRunTest, TheHostIsAsBeforeAndNoFileIsLostAlsoAfterAFailureAtAnyCall) {
     EXPECT_EQ(undisturbed.world.settings.values[L"PlanRestore"], L"");
     EXPECT_EQ(undisturbed.calls.count(L"Activate"), 3U) << "each drawing once, and the first one again";
     const std::size_t all = undisturbed.calls.count();
-    constexpr auto refused = static_cast<std::int32_t>(0x80200003);
     for (std::size_t call = 1; call <= all; ++call) {
         for (const auto& [error, last] :
              {std::pair(refused, call), std::pair(hresult::callCanceled, call),

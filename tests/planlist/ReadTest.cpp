@@ -149,7 +149,7 @@ TEST_F(ReadTest, AFactThatIsRefusedLeavesItsCellEmpty) {
     for (std::size_t i = 0; i < asked.size(); ++i) {
         SCOPED_TRACE(testing::Message() << i);
         calls.clear();
-        calls.failAt(i + 1, RuntimeError(static_cast<std::int32_t>(0x80200003), L"Ungültige Eingabe"));
+        calls.failAt(i + 1, RuntimeError(refused, L"Ungültige Eingabe"));
         read();
         calls.heal();
         const bool needed = asked[i] == L"get Layout.Name" || asked[i] == L"enumerate" ||

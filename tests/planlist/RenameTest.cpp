@@ -146,7 +146,6 @@ void expectNothingHalfDone(const Scenario& scenario, std::size_t put, std::int32
 /// Any one put refused, or its answer and what follows lost.
 void expectFailuresAtAnyPut(const Scenario& scenario, const std::vector<std::size_t>& puts) {
     using demo::Moment;
-    constexpr auto refused = static_cast<std::int32_t>(0x80200003);
     for (const std::size_t put : puts) {
         SCOPED_TRACE(put);
         expectNothingHalfDone(scenario, put, refused, Moment::before, Trouble::call);

@@ -69,8 +69,9 @@ TEST(TabOrderTest, AFailureAtAnyCallIsToldAndCanBeTakenBack) {
             world->begin(wanted);
             return world;
         };
-        expectFailuresCanBeTakenBack(make, {{hresult::callCanceled, 1}});
-        expectFailuresCanBeTakenBack(make, {{hresult::callCanceled, 500}});
+        for (const FailingCalls failures :
+             {FailingCalls{refused, 1}, {hresult::callCanceled, 1}, {hresult::callCanceled, 500}})
+            expectFailuresCanBeTakenBack(make, {failures});
     }
 }
 

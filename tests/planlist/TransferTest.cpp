@@ -122,6 +122,9 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     EXPECT_EQ(world.note(2), L"nicht übertragen: die Quelle hat kein Plotgerät");
     EXPECT_EQ(Transferring::settingsOf(world.a, L"a1").device, L"");
     PlanWorld::change(world.a, L"a1", [](demo::PlotSettings& s) { s.rotation = 3; });
+    world.failNext(L"get Layout.ConfigName", hresult::callCanceled);
+    PlanWorld::takeBack(world.transfer);
+    EXPECT_EQ(world.transfer.result().end, PlanWriteResult::End::noAnswer);
     PlanWorld::takeBack(world.transfer);
     EXPECT_EQ(world.transfer.result().reasons.front(),
               L"Layout „a1“: Seiteneinrichtung inzwischen geändert.");
@@ -138,7 +141,6 @@ TEST(TransferTest, AFailureAtAnyCallLeavesNothingThatCannotBeTakenBack) {
         world->begin();
         return world;
     };
-    constexpr auto refused = static_cast<std::int32_t>(0x80200003);
     expectFailuresCanBeTakenBack(make,
                                  {{refused, 1}, {hresult::callCanceled, 1}, {hresult::callCanceled, 500}});
 }
