@@ -148,7 +148,7 @@ void PlanOrder::write(const Job& job) {
                                       L"Stand.");
         if (reached) ++result_.done;
         repaint(*drawing);
-        reader_.readNames(*drawing, {});
+        reader_.readState(*drawing);
     } catch (const RuntimeError& error) {
         if (reader_.isClosed(error)) {
             result_.reasons.push_back(L"„" + job.shownName + L"“ ist nicht mehr geöffnet.");

@@ -120,7 +120,7 @@ PlanReader::Outcome PlanReader::readDrawing(PlanDrawing& drawing, LongRead& watc
     try {
         std::optional<std::vector<PlanRow>> rows = readRows(drawing, watch);
         if (!rows) return Outcome::ended;
-        readState(drawing);
+        askState(drawing);
         plan_.setRows(drawing, std::move(*rows));
         return Outcome::read;
     } catch (const RuntimeError& error) {
@@ -174,7 +174,11 @@ void PlanReader::takePlotFacts(PlanRow& row, const PlotSettings& settings) {
     findPapers();
 }
 
-void PlanReader::readState(PlanDrawing& drawing) {
+bool PlanReader::readState(PlanDrawing& drawing) {
+    return ignoringErrors([&] { askState(drawing); });
+}
+
+void PlanReader::askState(PlanDrawing& drawing) {
     drawing.currentLayout.reset();
     readFact(drawing.currentLayout, [&] { return drawing.document.GetTextVariable(L"CTAB"); });
     if (!drawing.currentLayout)
@@ -236,7 +240,7 @@ void PlanReader::readNames(PlanDrawing& drawing, std::span<const std::size_t> ro
             readFact(name, [&] { return row.layout.Name(); });
             if (name != row.name) plan_.rename(drawing, row, name);
         }
-        readState(drawing);
+        askState(drawing);
     });
     plan_.arrange(drawing);
 }

@@ -274,7 +274,7 @@ void PlanTransfer::finish(End end) {
     result_.end = end;
     jobs_.clear();
     for (const std::wstring& identity : std::exchange(written_, {}))
-        if (PlanDrawing* drawing = plan_.findDrawing(identity)) reader_.readNames(*drawing, {});
+        if (PlanDrawing* drawing = plan_.findDrawing(identity)) reader_.readState(*drawing);
     phase_ = Phase::idle;
     result_.remains = undo_.settle();
 }
