@@ -126,6 +126,15 @@ TEST(PdfRunTest, TheHostIsAsBeforeAndNoFileIsLostAlsoAfterAFailureAtAnyCall) {
     EXPECT_EQ(undisturbed.state(), before);
     EXPECT_EQ(undisturbed.world.settings.values[L"PlanRestore"], L"");
     EXPECT_EQ(undisturbed.calls.count(L"Activate"), 3U) << "each drawing once, and the first one again";
+
+    Plotting twice;
+    twice.pdf.begin(twice.sheets, true);
+    while (twice.result(1) != L"fertig") twice.pdf.step();
+    twice.failNext(L"put Document.ActiveLayout", refused, 2);
+    PlanWorld::finish(twice.pdf);
+    EXPECT_NE(twice.state(), before);
+    EXPECT_TRUE(twice.restore.finish());
+    EXPECT_EQ(twice.state(), before) << "the active drawing, too";
     const std::size_t all = undisturbed.calls.count();
     for (std::size_t call = 1; call <= all; ++call) {
         for (const auto& [error, last] :
