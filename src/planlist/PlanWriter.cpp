@@ -224,6 +224,8 @@ void PlanWriter::endDrawing() {
 
 void PlanWriter::finish(PlanWriteResult::End end) {
     result_.end = end;
+    result_.doneText =
+        std::to_wstring(result_.done) + (result_.done == 1 ? L" Layout umbenannt." : L" Layouts umbenannt.");
     jobs_.clear();
     phase_ = Phase::idle;
     result_.remains = undo_.settle();

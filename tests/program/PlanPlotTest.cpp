@@ -138,6 +138,18 @@ TEST_F(PlanPlotTest, APageSetupIsShownBeforeItIsCarriedOver) {
         };
         list().cmdEinstellungen.userClicks();
         window().goOn();
+        select({L"Plan.dwg/EG", L"Haus.dwg/EG", L"Haus.dwg/OG 2"});
+        presenter.inPlanEinstellungen = [this](frmPlanEinstellungen& form) {
+            form.step();
+            form.step();
+            calls.failAt(calls.count() + 1, RuntimeError(hresult::callRejected, L"beschäftigt"));
+            window().goOn();
+            EXPECT_EQ(form.lblStatus.text(), L"AutoCAD antwortet nicht.");
+            EXPECT_EQ(form.lvNach.row(1).column(9), L"") << "nothing of the transfer before";
+            form.cmdCancel.userClicks();
+        };
+        list().cmdEinstellungen.userClicks();
+        EXPECT_EQ(status(), L"5 Layouts, 3 markiert");
     });
 }
 
