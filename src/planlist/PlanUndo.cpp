@@ -14,6 +14,12 @@ void DrawingNamesChanged::note(const std::wstring& from, const std::wstring& to)
     }
 }
 
+std::size_t DrawingNamesChanged::layouts() const {
+    const bool another =
+        unknown && std::ranges::find(names, unknown->before, &NameChanged::now) == names.end();
+    return names.size() + (another ? 1 : 0);
+}
+
 namespace {
 
 template <class Part>
@@ -28,7 +34,7 @@ Part& partOf(std::vector<Part>& parts, const std::wstring& drawing, const std::w
 
 }  // namespace
 
-DrawingNamesChanged& PlanUndoEntry::of(const std::wstring& drawing, const std::wstring& shownName) {
+DrawingNamesChanged& PlanUndoEntry::namesOf(const std::wstring& drawing, const std::wstring& shownName) {
     return partOf(names, drawing, shownName);
 }
 
@@ -46,7 +52,7 @@ std::wstring PlanUndoEntry::text() const {
         return L"Seiteneinrichtung auf " + std::to_wstring(settings.size()) + L" Layouts übertragen";
     }
     std::size_t layouts = 0;
-    for (const DrawingNamesChanged& drawing : names) layouts += drawing.names.size();
+    for (const DrawingNamesChanged& drawing : names) layouts += drawing.layouts();
     return std::to_wstring(layouts) + (layouts == 1 ? L" Layout umbenannt" : L" Layouts umbenannt");
 }
 

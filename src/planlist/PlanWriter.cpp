@@ -100,7 +100,7 @@ std::vector<std::wstring> PlanWriter::unfit(Job& job) {
     }
     PlanDrawing* drawing = plan_.findDrawing(job.drawing);
     if (!drawing) return {L"„" + job.shownName + L"“ ist nicht mehr geöffnet."};
-    DrawingNamesChanged& part = undo_.top().of(job.drawing, job.shownName);
+    DrawingNamesChanged& part = undo_.top().namesOf(job.drawing, job.shownName);
     const auto exists = [&](const std::wstring& name) {
         return std::ranges::find(drawing->rows, name, &PlanRow::name) != drawing->rows.end();
     };

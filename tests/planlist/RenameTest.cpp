@@ -138,7 +138,10 @@ void expectNothingHalfDone(const Scenario& scenario, std::size_t put, std::int32
             EXPECT_TRUE(renaming.listIsTrue());
         }
     }
-    if (!renaming.undo.empty()) PlanWorld::takeBack(renaming.writer);
+    if (!renaming.undo.empty()) {
+        EXPECT_FALSE(renaming.undo.top().text().starts_with(L"0 "));
+        PlanWorld::takeBack(renaming.writer);
+    }
     EXPECT_EQ(renaming.now(), scenario.names);
     EXPECT_TRUE(renaming.undo.empty());
 }
