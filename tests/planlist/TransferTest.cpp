@@ -67,7 +67,7 @@ class Transferring : public PlanWorld {
 };
 
 TEST(TransferTest, EveryLayoutTakesAllAndGetsBackWhatItHad) {
-    Transferring world;
+    Transferring world({.copyTakesName = true});
     const auto before = world.now();
     world.carryOver();
     const demo::PlotSettings source = Transferring::settingsOf(world.a, L"Quelle");
@@ -86,6 +86,14 @@ TEST(TransferTest, EveryLayoutTakesAllAndGetsBackWhatItHad) {
     EXPECT_EQ(world.now()[3], before[3]);
     EXPECT_EQ(world.now()[2].device, source.device);
     EXPECT_EQ(world.now()[2].styleSheet, before[2].styleSheet);
+    EXPECT_TRUE(world.undo.empty());
+
+    world.prepare();
+    world.failNext(L"put Layout.Name", refused);
+    world.carryOver();
+    EXPECT_EQ(world.note(0), L"heißt jetzt „Quelle (2)“: Ungültige Eingabe");
+    EXPECT_TRUE(world.rows()[1].starts_with(L"A.dwg|2|Quelle (2)|DWG To PDF.pc3|"));
+    PlanWorld::takeBack(world.transfer);
     EXPECT_TRUE(world.undo.empty());
 }
 
@@ -109,6 +117,19 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     EXPECT_EQ(Transferring::settingsOf(world.b, L"b1").plotType, 5);
     EXPECT_EQ(world.note(2), L"Plotstil nicht übernommen: Ungültige Eingabe");
     EXPECT_EQ(world.transfer.result().message(), L"Nicht alles wurde übertragen, siehe Spalte „Hinweis“.");
+
+    // What cannot be read stays each layout's own in another drawing, and is not known when taken back.
+    PlanWorld::change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.plotType = 1; });
+    PlanWorld::change(world.b, L"b1", [](demo::PlotSettings& s) { s.styleSheet = L"x.ctb"; });
+    world.prepare();
+    world.settings[world.source].styleSheet.reset();
+    world.settings[world.targets[3]].paperUnits.reset();
+    world.carryOver();
+    EXPECT_EQ(world.note(2) + world.note(3), L"übertragenübertragen");
+    EXPECT_EQ(Transferring::settingsOf(world.b, L"b2").styleSheet, L"");
+    PlanWorld::takeBack(world.transfer);
+    EXPECT_EQ(world.transfer.result().reasons,
+              Names{L"Layout „b2“: Nicht lesbare Einstellungen können geändert bleiben."});
 
     PlanWorld::change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.device = L"Alt.pc3"; });
     world.prepare();
