@@ -78,6 +78,7 @@ class PlanReader {
     void findPapers();
     void readNextPaper();
     void finish(State state);
+    void finishRead();
 
     Check checkDrawings(std::span<const std::wstring> drawings, LongRead& watch);
     bool commandRuns(std::span<const std::wstring> drawings);

@@ -91,6 +91,15 @@ TEST_F(ReadTest, AReadingThatEndsEarlyShowsWholeDrawingsOnly) {
         reader.step();
         reader.step();
     };
+    autoCAD.ConnectAutoCAD();
+    begin();
+    failNext(L"get Document.Layouts", refused);
+    reader.step();
+    reader.step();
+    reader.stop();
+    EXPECT_EQ(reader.statusText(), L"Einlesen abgebrochen, 1 Zeichnung fehlt. F5 liest neu.")
+        << "also where only papers are left to read";
+
     read();
     begin();
     EXPECT_EQ(rows(), all) << "what was read before stays until it is read anew";

@@ -196,7 +196,7 @@ TEST_F(PlanListTest, WhatHasChangedInAutoCADIsToldAndReadAnew) {
             world.messages.expect(
                 L"Der Vorgang kann nicht mehr rückgängig gemacht werden: 2 Layouts umbenannt.\n"
                 L"Der Name „EG“ ist inzwischen vergeben.\n\n"
-                L"Soll der Rest nicht mehr rückgängig gemacht werden können?",
+                L"Soll der Rest bleiben, wie er ist? Mit „Nein“ können Sie es noch einmal versuchen.",
                 answer);
             list().cmdRueckgaengig.userClicks();
             window().goOn();
@@ -216,6 +216,9 @@ TEST_F(PlanListTest, ReadingAndWritingEndByEscapeBetweenTwoDrawings) {
     presenter.inPlanliste = [this](frmPlanliste& form) {
         EXPECT_FALSE(list().cmdKopieren.enabled());
         EXPECT_EQ(status(), L"Layouts werden gelesen …");
+        press({.key = Shortcut::escape});
+        EXPECT_EQ(status(), L"Einlesen abgebrochen. F5 liest neu.");
+        press({.key = Shortcut::f5});
         form.step();
         EXPECT_EQ(status(), L"Zeichnung 1 von 2 wird gelesen … (Esc bricht ab)");
         form.step();
