@@ -44,6 +44,7 @@ void PlanOrder::start(std::vector<Job> jobs, bool undoing) {
     result_.undoing = undoing;
     result_.chosen = static_cast<int>(jobs_.size());
     result_.doneText = L"Reihenfolge geändert.";
+    activeDrawing_.clear();
 }
 
 bool PlanOrder::step() {
@@ -193,9 +194,10 @@ bool PlanOrder::put(PlanDrawing& drawing, const std::vector<std::wstring>& names
 /// The host draws its tabs anew when a layout is made the current one.
 void PlanOrder::repaint(const PlanDrawing& drawing) {
     ignoringErrors([&] {
-        const host::Document active = autoCAD_.gAcadApp.ActiveDocument();
-        if (openDrawing(active).fullName() == drawing.fullName())
-            active.putActiveLayout(active.ActiveLayout());
+        if (activeDrawing_.empty())
+            activeDrawing_ = openDrawing(autoCAD_.gAcadApp.ActiveDocument()).fullName();
+        if (activeDrawing_ == drawing.fullName())
+            drawing.document.putActiveLayout(drawing.document.ActiveLayout());
     });
 }
 

@@ -42,10 +42,12 @@ TEST(TabOrderTest, EveryOrderIsReachedAndGoesBackWhateverTheHostMakesOfDoubles) 
             const std::vector<Names> before = world.now();
             std::vector<Names> wanted = before;
             for (Names& names : wanted) std::ranges::shuffle(names, random);
+            world.calls.clear();
             world.begin(wanted);
             PlanWorld::finish(world.order);
             EXPECT_EQ(world.now(), wanted);
             EXPECT_EQ(world.shown(), wanted);
+            EXPECT_LE(world.calls.count(L"ActiveDocument"), 2U) << "for the check, and for the tabs";
             EXPECT_EQ(world.order.result().statusText(), L"Reihenfolge geändert.");
             if (turn % 2 != 0 || world.undo.empty()) continue;
             PlanWorld::takeBack(world.order);
