@@ -114,7 +114,9 @@ void frmPlanliste::tell(const PlanWriteResult& result) {
     if (message.empty()) return;
     if (result.end != PlanWriteResult::End::partly || !result.remains)
         return platform_.messages.warn(message);
-    if (platform_.messages.ask(message + L"\n\nSoll der Rest nicht mehr rückgängig gemacht werden können?")) {
+    if (platform_.messages.ask(
+            message +
+            L"\n\nSoll der Rest bleiben, wie er ist? Mit „Nein“ können Sie es noch einmal versuchen.")) {
         undo_.pop();
         showState();
     }
