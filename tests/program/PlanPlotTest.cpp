@@ -159,12 +159,13 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
     world.files.fill(L"C:\\Haus\\1 EG.pdf", {'a', 'l', 't'});
     open([this] {
         makePdfOf({L"Haus.dwg/EG", L"Haus.dwg/OG 10", L"Plan.dwg/EG"}, [this](frmPlanPdf& form) {
-            EXPECT_EQ(columnOf(form.lvLayouts, 3),
-                      (Texts{L"Haus-EG.pdf", L"Haus-OG 10.pdf", L"Plan-EG.pdf"}));
+            EXPECT_EQ(columnOf(form.lvLayouts, 3), (Texts{L"Haus-EG.pdf", L"Haus-OG 10.pdf", L""}));
             EXPECT_EQ(form.lvLayouts.row(2).column(4), L"wird nicht geplottet: Plotgerät ist kein PDF-Gerät");
             form.txtName.setText(L"<Unsinn>");
             EXPECT_EQ(form.lvLayouts.row(0).column(4), L"unbekannter Platzhalter");
             EXPECT_FALSE(form.cmdPlotten.enabled());
+            form.txtName.setText(L"<Layout>");
+            EXPECT_EQ(form.lvLayouts.row(0).column(4), L"bereit") << "Plan.dwg's takes no name";
             form.txtName.setText(L"<Nr> <Layout>");
             form.txtOrdner.setText(L"C:\\Fehlt");
             EXPECT_FALSE(form.txtOrdner.events.validate());
@@ -196,6 +197,7 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
             world.messages.answer(MessageAnswer::yes);
             form.cmdPlotten.userClicks();
             form.step();
+            EXPECT_EQ(columnOf(form.lvLayouts, 4), (Texts{L"wird geplottet …", L""}));
             form.step();
             form.interrupt();
             EXPECT_EQ(form.lblStatus.text(), L"Wird nach diesem Layout angehalten …");
