@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "planlist/PlanReader.h"
 #include "planlist/PlanRestore.h"
 #include "planlist/PlanWriteResult.h"
 

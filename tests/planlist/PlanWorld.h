@@ -121,7 +121,7 @@ class PlanWorld {
     PlanWriter writer{reader, plan, undo, world.platform};
     PlanOrder order{autoCAD, reader, plan, undo};
     PlanTransfer transfer{reader, plan, undo, world.locale};
-    PlanRestore restore{autoCAD, reader};
+    PlanRestore restore{autoCAD};
     PdfRun pdf{reader, plan, restore, world.platform, std::chrono::milliseconds(5)};
 
   private:

@@ -366,7 +366,7 @@ TEST_F(PlanListWindowTest, ItsOtherDialogsHaveRoomInEverySizeAndResolution) {
     PlanReader reader(program.autoCAD, world.platform, plan);
     PlanUndo undo;
     PlanTransfer transfer(reader, plan, undo, world.locale);
-    PlanRestore restore(program.autoCAD, reader);
+    PlanRestore restore(program.autoCAD);
     PdfRun run(reader, plan, restore, world.platform);
     PdfChoice choice{.folder = {}, .pattern = L"<Zeichnung>-<Layout>"};
     frmPlanReihenfolge order(plan, rows, frmPlanReihenfolge::FirstStep::none, program.help, world.platform);
