@@ -204,6 +204,12 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
             window().goOn();
             EXPECT_EQ(columnOf(form.lvLayouts, 4), (Texts{L"fertig", L"angehalten"}));
         });
+        makePdfOf({L"Plan.dwg/EG"}, [](frmPlanPdf& form) {
+            form.chkAndere.userClicks();
+            form.txtOrdner.setText(L"C:\\Fehlt");
+            form.chkAndere.userClicks();
+            EXPECT_EQ(form.lvLayouts.row(0).column(4), L"Der Ordner ist nicht vorhanden.");
+        });
     });
     EXPECT_EQ(host().activeDocument(), plan);
     EXPECT_EQ(house->drawing().currentLayout().name(), L"EG");
