@@ -7,7 +7,8 @@ namespace {
 /// The source in A.dwg, two targets there and two in B.dwg.
 class Transferring : public PlanWorld {
   public:
-    explicit Transferring(demo::HostOptions options = {}) : PlanWorld(std::move(options)) {
+    explicit Transferring(demo::HostOptions options = {}, const Names& withDevice = {L"b2"})
+        : PlanWorld(std::move(options)) {
         a = open(L"C:\\P", L"A.dwg", {L"Quelle", L"a1", L"a2"});
         b = open(L"C:\\P", L"B.dwg", {L"b1", L"b2"});
         change(a, L"Quelle", [](demo::PlotSettings& s) {
@@ -25,7 +26,9 @@ class Transferring : public PlanWorld {
             s.flags |= demo::plotFlag::hidden;
             s.offsetX = 5;
         });
-        change(b, L"b2", [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
+        for (const std::wstring& layout : withDevice)
+            change(layout.starts_with(L'a') ? a : b, layout,
+                   [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
         prepare();
     }
 
@@ -153,12 +156,8 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
 
 TEST(TransferTest, AFailureAtAnyCallLeavesNothingThatCannotBeTakenBack) {
     const auto make = [] {
-        auto world = std::make_unique<Transferring>();
         // Each target has a device, so that all can be put back.
-        for (const auto& [document, layout] :
-             {std::pair(world->a, L"a1"), {world->a, L"a2"}, {world->b, L"b1"}})
-            world->change(document, layout, [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
-        world->prepare();
+        auto world = std::make_unique<Transferring>(demo::HostOptions{}, Names{L"a1", L"a2", L"b1", L"b2"});
         world->begin();
         return world;
     };
