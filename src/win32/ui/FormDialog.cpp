@@ -180,9 +180,11 @@ INT_PTR FormDialog::notified(NMHDR& header) {
 INT_PTR FormDialog::contextMenu(HWND control, LPARAM position) {
     const ListWindow* list = listOf(control);
     if (!list) return FALSE;
+    const auto& menu = std::get<ListView*>(boundOf(control)->model)->events.contextMenu;
+    if (!menu) return FALSE;
     const POINT screen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
     menuPlace_ = position == -1 ? list->contextMenuByKey() : screen;
-    gate_.post(std::get<ListView*>(boundOf(control)->model)->events.contextMenu);
+    gate_.post(menu);
     return TRUE;
 }
 

@@ -49,6 +49,7 @@ class DialogTest : public testing::Test {
     }
     ~DialogTest() override {
         current = nullptr;
+        EXPECT_EQ(failures, std::vector<std::wstring>());
         presenter.destroyWindows();
         pump();
     }
@@ -107,7 +108,8 @@ class DialogTest : public testing::Test {
     NoAutomation automation;
     TestPlatform world{automation};
     Win32MessageBoxes realBoxes;
-    Guard guard{{}};
+    std::vector<std::wstring> failures;
+    Guard guard{[this](const std::wstring& text) { failures.push_back(text); }};
     Win32FormPresenter presenter{guard, world.gate};
     basMain program{world.platform, presenter};
     HWND dialog = nullptr;
@@ -231,6 +233,10 @@ class PlanListWindowTest : public DialogTest {
     }
     frmPlanliste& form() { return program.planList; }
     HWND control(int id) { return GetDlgItem(dialog, id); }
+    void pressMenuKey() {
+        SendMessageW(dialog, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control(IDC_LISTE)), -1);
+        settle();
+    }
     RECT placeOf(int id) {
         RECT place{};
         GetWindowRect(control(id), &place);
@@ -347,6 +353,7 @@ TEST_F(PlanListWindowTest, TheDialogForPatternsStandsOverIt) {
                  EXPECT_TRUE(IsWindowEnabled(control(IDC_AB)));
                  SendMessageW(control(IDC_NEU_BEGINNEN), BM_CLICK, 0, 0);
                  EXPECT_FALSE(pattern.restartInEachDrawing);
+                 pressMenuKey();
                  press(VK_ESCAPE);
              });
     EXPECT_TRUE(rename.names().empty());
@@ -385,6 +392,7 @@ TEST_F(PlanListWindowTest, ItsOtherDialogsHaveRoomInEverySizeAndResolution) {
         const RECT suggested{0, 0, 900, 700};
         SendMessageW(dialog, dpiChanged, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
         expectWhole();
+        pressMenuKey();
         press(VK_ESCAPE);
         EXPECT_FALSE(IsWindowVisible(dialog));
     };
