@@ -104,7 +104,11 @@ class Application {
     Win32MessageBoxes messages_;
     Gate gate_;
     HostCaller hostCaller_{gate_};
-    Guard guard_{[this](const std::wstring& text) { messages_.reportError(text); }};
+    Guard guard_{[this](const std::wstring& text) {
+        // The event that failed is over; the box must not let others in all the same.
+        const Gate::Event event(gate_);
+        messages_.reportError(text);
+    }};
     WaitingNotice notice_{guard_, [this] { hostCaller_.endProgram(); }};
     ComAutomation automation_{hostCaller_};
     Win32Registry registry_;
