@@ -136,6 +136,8 @@ class Application {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     blattwart::hardenLibrarySearch();
+    // A drive without a medium fails as others do, without a box of Windows' own that holds the program up.
+    SetErrorMode(SEM_FAILCRITICALERRORS);
     INITCOMMONCONTROLSEX controls{sizeof(INITCOMMONCONTROLSEX),
                                   ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);
