@@ -117,7 +117,13 @@ INT_PTR CALLBACK FormDialog::procedure(HWND window, UINT message, WPARAM wParam,
 INT_PTR FormDialog::handleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
-            return begin();
+            try {
+                return begin();
+            } catch (...) {
+                // Half made it might take no command, not even the one that closes it.
+                EndDialog(window_, 0);
+                throw;
+            }
         case WM_COMMAND:
             command(LOWORD(wParam), HIWORD(wParam));
             return TRUE;

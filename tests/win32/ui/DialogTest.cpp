@@ -15,6 +15,7 @@
 #include "win32/platform/Win32MessageBoxes.h"
 #include "win32/ui/Dpi.h"
 #include "win32/ui/Fonts.h"
+#include "win32/ui/FormDialog.h"
 #include "win32/ui/Win32FormPresenter.h"
 
 namespace blattwart::test {
@@ -214,6 +215,22 @@ TEST_F(DialogTest, EveryTextHasItsRoom) {
             expectRoom();
             EXPECT_EQ(textOf(GetFocus()), L"Layout1");
         });
+}
+
+TEST_F(DialogTest, OneThatFailsWhileItIsMadeDoesNotStay) {
+    struct Failing : Dialog {
+        void opened() override {
+            window().stepLater();
+            throw RuntimeError(errorNumber::invalidCall, L"misslungen");
+        }
+        void step() override {
+            ADD_FAILURE() << "it is open";
+            window().close();
+        }
+        void showHelp() override {}
+    } form;
+    FormDialog(form, {}, guard, world.gate).show(presenter.mainWindow()->window(), IDD_INFO);
+    EXPECT_EQ(std::exchange(failures, {}), std::vector<std::wstring>{L"misslungen"});
 }
 
 /// The plan list, in which a row stands though there is no host.
