@@ -24,13 +24,6 @@ namespace {
 
 constexpr UINT dpiChanged = 0x02E0;
 
-HWND findDialog(HWND owner) {
-    HWND window = nullptr;
-    while ((window = FindWindowExW(nullptr, window, L"#32770", nullptr)))
-        if (GetWindow(window, GW_OWNER) == owner && IsWindowVisible(window)) return window;
-    return nullptr;
-}
-
 /// The program's dialogs over its real window, in a world without AutoCAD but with the node of a drawing. The
 /// message boxes are real too, and answered with OK.
 class DialogTest : public testing::Test {
@@ -81,23 +74,7 @@ class DialogTest : public testing::Test {
             DispatchMessageW(&message);
         }
     }
-    /// No text of the dialog is cut off.
-    void expectRoom() {
-        for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-            const std::wstring text = textOf(child);
-            const HDC dc = GetDC(child);
-            const HGDIOBJ before =
-                SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)));
-            SIZE size{};
-            GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-            SelectObject(dc, before);
-            ReleaseDC(child, dc);
-            RECT room{};
-            GetClientRect(child, &room);
-            EXPECT_LE(size.cx, room.right) << testing::PrintToString(text);
-            EXPECT_LE(size.cy, room.bottom) << testing::PrintToString(text);
-        }
-    }
+    void expectRoom() { expectRoomForTexts(dialog); }
     void type(int id, const wchar_t* text) { SetDlgItemTextW(dialog, id, text); }
     void focus(int id) {
         SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, id)), TRUE);
@@ -250,10 +227,6 @@ class PlanListWindowTest : public DialogTest {
     }
     frmPlanliste& form() { return program.planList; }
     HWND control(int id) { return GetDlgItem(dialog, id); }
-    void pressMenuKey() {
-        SendMessageW(dialog, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control(IDC_LISTE)), -1);
-        settle();
-    }
     RECT placeOf(int id) {
         RECT place{};
         GetWindowRect(control(id), &place);
@@ -370,7 +343,7 @@ TEST_F(PlanListWindowTest, TheDialogForPatternsStandsOverIt) {
                  EXPECT_TRUE(IsWindowEnabled(control(IDC_AB)));
                  SendMessageW(control(IDC_NEU_BEGINNEN), BM_CLICK, 0, 0);
                  EXPECT_FALSE(pattern.restartInEachDrawing);
-                 pressMenuKey();
+                 SendMessageW(dialog, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control(IDC_LISTE)), -1);
                  press(VK_ESCAPE);
              });
     EXPECT_TRUE(rename.names().empty());
@@ -409,7 +382,7 @@ TEST_F(PlanListWindowTest, ItsOtherDialogsHaveRoomInEverySizeAndResolution) {
         const RECT suggested{0, 0, 900, 700};
         SendMessageW(dialog, dpiChanged, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
         expectWhole();
-        pressMenuKey();
+        SendMessageW(dialog, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control(IDC_LISTE)), -1);
         press(VK_ESCAPE);
         EXPECT_FALSE(IsWindowVisible(dialog));
     };
