@@ -50,7 +50,6 @@ void PdfRun::begin(const std::vector<PdfSheet>& sheets, bool replace) {
     entered_.clear();
     stopped_ = false;
     halted_.clear();
-    check_ = {};
     phase_ = Phase::prepare;
 }
 
@@ -97,11 +96,10 @@ void PdfRun::prepare() {
     }
     try {
         restore_.begin();
-        phase_ = Phase::plot;
     } catch (const RuntimeError& error) {
         halt(isSilence(error) ? noAnswer : failedSheet + error.description());
-        phase_ = Phase::finish;
     }
+    phase_ = Phase::plot;
 }
 
 void PdfRun::plotNext() {

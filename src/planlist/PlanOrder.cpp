@@ -59,7 +59,6 @@ bool PlanOrder::step() {
 }
 
 void PlanOrder::stop() {
-    jobs_.clear();
     if (phase_ == Phase::check || phase_ == Phase::write) finish(End::cancelled);
 }
 
@@ -203,7 +202,6 @@ void PlanOrder::repaint(const PlanDrawing& drawing) {
 
 void PlanOrder::finish(End end) {
     result_.end = end;
-    jobs_.clear();
     phase_ = Phase::idle;
     result_.remains = undo_.settle();
 }

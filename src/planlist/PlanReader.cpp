@@ -19,9 +19,7 @@ void PlanReader::begin() {
     state_ = State::reading;
     phase_ = Phase::names;
     waiting_.clear();
-    papersWaiting_.clear();
     missing_ = 0;
-    total_ = 0;
 }
 
 bool PlanReader::step() {
@@ -52,7 +50,6 @@ void PlanReader::finish(State state) {
     plan_.remove(waiting_);
     missing_ += waiting_.size();
     waiting_.clear();
-    papersWaiting_.clear();
     state_ = state;
 }
 
@@ -177,7 +174,6 @@ void PlanReader::takePlotFacts(PlanRow& row, const PlotSettings& settings) {
     row.canonicalPaper = settings.paper;
     row.styleSheet = settings.styleSheet;
     nameKnownPaper(row);
-    papersWaiting_.clear();
     findPapers();
 }
 
@@ -203,6 +199,7 @@ bool PlanReader::isClosed(const RuntimeError& error) {
 
 void PlanReader::findPapers() {
     std::set<Paper> found;
+    papersWaiting_.clear();
     for (const PlanDrawing& drawing : plan_.drawings()) {
         for (const PlanRow& row : drawing.rows) {
             if (!row.device || row.canonicalPaper.value_or(L"").empty()) continue;

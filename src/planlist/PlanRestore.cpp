@@ -50,10 +50,9 @@ void PlanRestore::leave() {
     if (putBack(places_.back())) places_.pop_back();
 }
 
-bool PlanRestore::putBack(Place& place) {
+bool PlanRestore::putBack(const Place& place) {
     return settled([&] {
         if (place.madeQuiet) place.plot.putQuietErrorMode(false);
-        place.madeQuiet = false;
         if (place.shown.empty()) return;
         const std::wstring now = place.document.ActiveLayout().Name();
         if (std::ranges::find(place.shown, now) != place.shown.end())
@@ -68,11 +67,11 @@ bool PlanRestore::putActiveBack() {
     });
 }
 
-bool PlanRestore::finish() {
+void PlanRestore::finish() {
     leave();
     // On a later try another drawing may be the active one.
     if (!places_.empty() && !active_) ignoringErrors([&] { active_ = autoCAD_.gAcadApp.ActiveDocument(); });
-    std::erase_if(places_, [&](Place& place) {
+    std::erase_if(places_, [&](const Place& place) {
         ours_.push_back(place.fullName);
         return settled([&] { autoCAD_.activate(place.document); }) && putBack(place);
     });
@@ -85,13 +84,12 @@ bool PlanRestore::finish() {
         ignoringErrors([&] { any = autoCAD_.gAcadApp.ActiveDocument(); });
     autoCAD_.borrowed.giveBack(autoCAD_.gAcadApp, any);
     hostGone_ = false;
-    if (!outstanding()) return true;
+    if (!outstanding()) return;
     try {
         autoCAD_.gAcadApp.Documents();
     } catch (const RuntimeError& error) {
         hostGone_ = isGone(error);
     }
-    return false;
 }
 
 bool PlanRestore::outstanding() const {

@@ -28,8 +28,8 @@ class PlanRestore {
     const host::Plot& plot() const { return places_.back().plot; }
     /// Puts the entered drawing back.
     void leave();
-    /// Puts everything back. Returns whether nothing is left to be put back.
-    bool finish();
+    /// Puts everything back that the host lets.
+    void finish();
     bool outstanding() const;
     /// Whether the last try found no host any more.
     bool hostGone() const { return hostGone_; }
@@ -47,7 +47,7 @@ class PlanRestore {
         bool madeQuiet = false;
     };
 
-    bool putBack(Place& place);
+    bool putBack(const Place& place);
     bool putActiveBack();
     /// Whether the statement went through, or there is nothing left that it could do.
     template <class Statement>

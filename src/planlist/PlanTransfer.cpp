@@ -68,7 +68,6 @@ bool PlanTransfer::step() {
 }
 
 void PlanTransfer::stop() {
-    jobs_.clear();
     if (phase_ == Phase::check || phase_ == Phase::write) finish(End::cancelled);
 }
 
@@ -290,7 +289,6 @@ void PlanTransfer::readBack() {
 
 void PlanTransfer::finish(End end) {
     result_.end = end;
-    jobs_.clear();
     for (const std::wstring& identity : std::exchange(written_, {}))
         if (PlanDrawing* drawing = plan_.findDrawing(identity)) reader_.readState(*drawing);
     phase_ = Phase::idle;

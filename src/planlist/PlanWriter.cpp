@@ -33,7 +33,6 @@ void PlanWriter::beginUndo() {
 void PlanWriter::begin(std::vector<Job> jobs, bool undoing) {
     jobs_ = std::move(jobs);
     std::ranges::reverse(jobs_);
-    work_ = {};
     result_ = {};
     result_.undoing = undoing;
     for (const Job& job : jobs_) result_.chosen += static_cast<int>(job.names.size());
@@ -179,7 +178,6 @@ void PlanWriter::takeBack() {
         PlanRow& row = drawing()->rows[step.layout];
         std::wstring now;
         known = ignoringErrors([&] { now = row.layout.Name(); });
-        work_.uncertain = !known;
         if (known && now == step.to) {
             noteName(row, now);
             ++work_.done;
@@ -226,7 +224,6 @@ void PlanWriter::finish(PlanWriteResult::End end) {
     result_.end = end;
     result_.doneText =
         std::to_wstring(result_.done) + (result_.done == 1 ? L" Layout umbenannt." : L" Layouts umbenannt.");
-    jobs_.clear();
     phase_ = Phase::idle;
     result_.remains = undo_.settle();
 }

@@ -13,7 +13,7 @@ class Planner {
             const Locale& locale)
         : now_(names), wanted_(wanted), locale_(locale) {
         for (std::size_t i = 0; i < names.size(); ++i) {
-            holder_[upper(names[i])] = i;
+            held_.insert(upper(names[i]));
             known_.insert(upper(names[i]));
             known_.insert(upper(wanted[i]));
             if (names[i] != wanted[i]) waiting_[upper(wanted[i])] = i;
@@ -23,7 +23,7 @@ class Planner {
     std::vector<RenameStep> plan() {
         // First what leads to a free name, each with all that waits behind it; then only rings are left.
         for (std::size_t i = 0; i < now_.size(); ++i)
-            if (changes(i) && !holder_.contains(upper(wanted_[i]))) moveChain(i);
+            if (changes(i) && !held_.contains(upper(wanted_[i]))) moveChain(i);
         for (std::size_t i = 0; i < now_.size(); ++i) {
             if (!changes(i)) continue;
             std::wstring freed = now_[i];
@@ -51,8 +51,6 @@ class Planner {
 
     void put(std::size_t i, const std::wstring& name) {
         steps_.push_back({i, now_[i], name});
-        holder_.erase(upper(now_[i]));
-        holder_[upper(name)] = i;
         now_[i] = name;
     }
 
@@ -67,7 +65,7 @@ class Planner {
     std::vector<std::wstring> now_;
     const std::vector<std::wstring>& wanted_;
     const Locale& locale_;
-    std::unordered_map<std::wstring, std::size_t> holder_;   // of a name in upper case
+    std::unordered_set<std::wstring> held_;                  // names at the beginning, in upper case
     std::unordered_map<std::wstring, std::size_t> waiting_;  // for a name in upper case
     std::unordered_set<std::wstring> known_;
     std::vector<RenameStep> steps_;

@@ -76,9 +76,7 @@ TransferPreviewRow targetRowOf(const PlanList::Place& source, const PlotSettings
 
 PlotSettings settingsToTake(const PlotSettings& source, bool sameDrawing) {
     PlotSettings taken = source;
-    if (sameDrawing) return taken;
-    if (source.area == plotArea::view) taken.area.reset();
-    taken.view.reset();
+    if (!sameDrawing && source.area == plotArea::view) taken.area.reset();
     return taken;
 }
 

@@ -62,7 +62,6 @@ void frmPlanReihenfolge::takeSelection() {
 }
 
 void frmPlanReihenfolge::move(bool (*step)(TabOrder&)) {
-    takeSelection();
     for (Drawing& drawing : drawings_) step(drawing.order);
     show();
     showState();
