@@ -87,6 +87,18 @@ TEST(PdfRunTest, WhatIsNoPdfIsToldAndTheFileBeforeComesBack) {
     Plotting late({.plots = Plots::late});
     late.plot(true, [&] { late.host().finishPlots(); });
     EXPECT_EQ(late.pdf.statusText(), L"3 von 3 Layouts geplottet.");
+    // After silence nothing more is plotted; whether that one was, its file tells.
+    for (const auto& [call, moment, plotted] :
+         {std::tuple(L"get Layout.ConfigName", demo::Moment::before, false),
+          std::tuple(L"call Plot.PlotToFile", demo::Moment::before, false),
+          std::tuple(L"call Plot.PlotToFile", demo::Moment::after, true)}) {
+        Plotting silent;
+        silent.failNext(call, hresult::callCanceled, 1, moment);
+        silent.plot();
+        EXPECT_EQ(silent.result(0) == L"fertig", plotted);
+        for (const std::size_t other : {1U, 2U})
+            EXPECT_EQ(silent.result(other), L"nicht geplottet: AutoCAD antwortet nicht");
+    }
 }
 
 TEST(PdfRunTest, AReasonStandsBesideEachLayoutThatWasLeftOut) {
@@ -142,6 +154,9 @@ TEST(PdfRunTest, TheHostIsAsBeforeAndNoFileIsLostAlsoAfterAFailureAtAnyCall) {
     twice.restore.finish();
     EXPECT_EQ(twice.state(), before) << "the active drawing, too";
     const std::size_t all = undisturbed.calls.count();
+    undisturbed.sheets.resize(1);
+    undisturbed.plot(true, [&] { undisturbed.host().activate(undisturbed.b); });
+    EXPECT_EQ(undisturbed.host().activeDocument(), undisturbed.b) << "not one of this run's drawings";
     for (std::size_t call = 1; call <= all; ++call) {
         for (const auto& [error, last] :
              {std::pair(refused, call), std::pair(hresult::callCanceled, call),

@@ -102,10 +102,11 @@ class PlanWorld {
             calls.failAt(n, RuntimeError(number, L"Ungültige Eingabe"), moment);
     }
     /// The next calls of this name ("put Layout.Name") fail.
-    void failNext(const std::wstring& call, std::int32_t number, int times = 1) {
+    void failNext(const std::wstring& call, std::int32_t number, int times = 1,
+                  demo::Moment moment = demo::Moment::before) {
         calls.beforeCall([=, this](std::size_t n) mutable {
             if (calls.list().back() == call && times-- > 0)
-                calls.failAt(n, RuntimeError(number, L"Ungültige Eingabe"));
+                calls.failAt(n, RuntimeError(number, L"Ungültige Eingabe"), moment);
         });
     }
 

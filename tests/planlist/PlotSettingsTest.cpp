@@ -47,10 +47,12 @@ TEST(PlotSettingsTest, OnlyWhatComesOutDifferentlyIsADifference) {
              s.area = 4, s.window = std::array{0., 0., 1., 1.};
          },
          [](S& s) {
-             s.area = 4, s.window = std::array{0., 0., 1., 2.};
+             s.area = 4, s.window = std::array{2., 0., 1., 1.};
          },
          {area}},
-        {[](S& s) { s.paperUnits = 0, s.styleSheet = L"x", s.options[6] = true; },
+        {[](S& s) { s.area = 4, s.window.emplace(); }, [](S& s) { s.area = 4; }, {area}},
+        {[](S& s) { s.centred = true; }, nothing, {offset}},
+        {[](S& s) { s.paperUnits = 0, s.styleSheet = L"x", s.options[0] = true; },
          nothing,
          {units, style, options}},
     };
@@ -61,6 +63,9 @@ TEST(PlotSettingsTest, OnlyWhatComesOutDifferentlyIsADifference) {
         each.present(present);
         EXPECT_EQ(differences(wanted, present), each.expected) << &each - cases;
     }
+    EXPECT_EQ(unread(usual()), std::vector<PlotProperty>{});
+    EXPECT_EQ(unread({}),
+              (std::vector{device, paper, units, orientation, area, scale, offset, style, options}));
     EXPECT_EQ(plotPropertyName(offset), L"Plot-Abstand");
     EXPECT_EQ(plotPropertyName(options), L"Plotoptionen");
 }

@@ -52,11 +52,13 @@ TEST_F(ReadTest, ReadingAnewKeepsRowsAndAsksNothingTwice) {
         for (const std::wstring& name : names) setPlot(documents.back(), name, numbered(L"ISO_A", i));
     }
     autoCAD.ConnectAutoCAD();
+    reader.begin();
+    for (int step = 0; step <= drawings; ++step) reader.step();
     calls.clear();
     reader.begin();
     finish(reader);
     constexpr std::size_t facts = 2 + drawings * (7 + layouts * 5);
-    EXPECT_EQ(calls.count(), facts + drawings) << "one readable name for each paper";
+    EXPECT_EQ(calls.count(), facts + drawings) << "one readable name for each paper not known";
     calls.clear();
     reader.begin();
     finish(reader);
@@ -128,21 +130,6 @@ TEST_F(ReadTest, AReadingThatEndsEarlyShowsWholeDrawingsOnly) {
     demo.end();
     reader.step();
     EXPECT_EQ(reader.state(), PlanReader::State::noAnswer);
-    read();
-    EXPECT_EQ(reader.statusText(), L"AutoCAD läuft nicht mehr.");
-    EXPECT_EQ(rows(), Names{});
-}
-
-TEST_F(ReadTest, AClosedWindowHoldsNothingOfTheHost) {
-    open(L"C:\\P", L"A.dwg", {L"1", L"2"});
-    read();
-    autoCAD.gAcadApp = {};
-    autoCAD.gAcadDoc = {};
-    calls.hostEnded();
-    EXPECT_GT(calls.deadObjects(), 0u);
-    plan.letGo();
-    EXPECT_EQ(calls.deadObjects(), 0u);
-    EXPECT_EQ(rows().size(), 2u);
 }
 
 /// Any single fact may be refused: the row then stands without it.
@@ -157,8 +144,11 @@ TEST_F(ReadTest, AFactThatIsRefusedLeavesItsCellEmpty) {
     const Names asked = calls.list();
     for (std::size_t i = 0; i < asked.size(); ++i) {
         SCOPED_TRACE(testing::Message() << i);
+        a->show(*a->findLayout(L"1"));
+        read();
         calls.clear();
         calls.failAt(i + 1, RuntimeError(refused, L"Ungültige Eingabe"));
+        a->show(*a->findLayout(L"2"));
         read();
         calls.heal();
         const bool needed = asked[i] == L"get Layout.Name" || asked[i] == L"enumerate" ||
@@ -170,8 +160,10 @@ TEST_F(ReadTest, AFactThatIsRefusedLeavesItsCellEmpty) {
         } else {
             EXPECT_EQ(reader.state(), PlanReader::State::done);
             EXPECT_EQ(rows().size(), whole.size());
+            EXPECT_EQ(plan.drawings()[0].currentLayout, L"2");
         }
     }
+    a->show(*a->findLayout(L"1"));
     read();
     EXPECT_EQ(rows(), whole);
 }

@@ -64,7 +64,8 @@ struct Scenario {
 
 class Renaming : public PlanWorld {
   public:
-    explicit Renaming(const Scenario& scenario) : PlanWorld({.caseIsTaken = true}), scenario_(scenario) {
+    explicit Renaming(const Scenario& scenario)
+        : PlanWorld({.modelName = L"Blatt 0", .caseIsTaken = true}), scenario_(scenario) {
         documents = {open(L"C:\\P", L"A.dwg", scenario.names[0]),
                      open(L"C:\\P", L"B.dwg", scenario.names[1])};
         read();
@@ -183,11 +184,14 @@ TEST(RenameTest, WhatDoesNotFitAnyMoreIsNotTakenBackAndStays) {
     const auto b = world.open(L"C:\\P", L"B.dwg", {L"eins", L"zwei"});
     world.read();
     const PlanWriteResult& result = world.writer.result();
+    world.calls.clear();
     world.writer.beginRenaming({{world.number(L"A.dwg", L"eins"), L"zwei"},
                                 {world.number(L"A.dwg", L"zwei"), L"eins"},
                                 {world.number(L"B.dwg", L"eins"), L"neu"}});
     PlanWorld::finish(world.writer);
     EXPECT_EQ(result.statusText(), L"3 Layouts umbenannt.");
+    EXPECT_EQ(std::ranges::count(world.calls.list(), std::wstring(L"get Layout.Name")), 7 + 3)
+        << "each for the check, and each that was renamed";
     EXPECT_EQ(PlanWorld::layouts(a), (Names{L"zwei", L"eins", L"drei"}));
     b->drawing().addLayout(L"EINS");
     PlanWorld::takeBack(world.writer);

@@ -12,7 +12,7 @@ namespace {
 class Ordering : public PlanWorld {
   public:
     explicit Ordering(demo::TabNumbers manner) : PlanWorld({.tabNumbers = manner}) {
-        documents = {open(L"C:\\P", L"A.dwg", {L"a", L"b", L"c", L"d", L"e", L"f"}),
+        documents = {open(L"C:\\P", L"A.dwg", {L"b", L"a", L"c", L"d", L"e", L"f"}),
                      open(L"C:\\P", L"B.dwg", {L"x", L"y", L"z"})};
         read();
         calls.clear();
@@ -47,6 +47,7 @@ TEST(TabOrderTest, EveryOrderIsReachedAndGoesBackWhateverTheHostMakesOfDoubles) 
             PlanWorld::finish(world.order);
             EXPECT_EQ(world.now(), wanted);
             EXPECT_EQ(world.shown(), wanted);
+            EXPECT_EQ(world.plan.drawings()[0].rows.front().tabOrder, 1);
             EXPECT_LE(world.calls.count(L"ActiveDocument"), 2U) << "for the check, and for the tabs";
             EXPECT_EQ(world.order.result().statusText(), L"Reihenfolge geändert.");
             if (turn % 2 != 0 || world.undo.empty()) continue;
@@ -60,6 +61,18 @@ TEST(TabOrderTest, EveryOrderIsReachedAndGoesBackWhateverTheHostMakesOfDoubles) 
         PlanWorld::finish(world.order);
         EXPECT_TRUE(manner != demo::TabNumbers::store || world.calls.count(L"TabOrder") == 9)
             << "no repair where none is needed";
+        EXPECT_EQ(std::ranges::count(world.calls.list(), std::wstring(L"put Document.ActiveLayout")), 1)
+            << "draws the tabs anew";
+        const std::vector<Names> before = world.now();
+        Names first = before[0];
+        std::ranges::reverse(first);
+        std::ranges::reverse(turned);
+        world.begin({first, turned});
+        world.order.step();
+        world.order.step();
+        world.order.stop();
+        EXPECT_EQ(world.order.result().statusText(), L"Abgebrochen: 1 von 2 erledigt.");
+        EXPECT_EQ(world.now(), (std::vector{first, before[1]}));
     }
 }
 
@@ -101,13 +114,25 @@ TEST(TabOrderTest, WhatIsNotAsWishedIsTold) {
     PlanWorld::finish(world.order);
     EXPECT_EQ(world.now(), wanted);
     for (const auto& [error, told] :
-         {std::pair(refused, L"\n„B.dwg“: Die Reihenfolge kann nicht gelesen werden: Ungültige Eingabe"),
+         {std::pair(refused, L"Die Reihenfolge kann nicht gelesen werden: Ungültige Eingabe"),
           std::pair(hresult::callCanceled,
                     L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.")}) {
         world.failNext(L"get Layout.TabOrder", error);
         PlanWorld::takeBack(world.order);
         EXPECT_TRUE(world.order.result().message().ends_with(told));
+        world.failNext(L"get Layout.TabOrder", error);
+        world.begin({world.now()[0], {L"y", L"z", L"x"}});
+        PlanWorld::finish(world.order);
+        EXPECT_EQ(world.order.result().message(), told);
     }
+    world.failNext(L"put Layout.TabOrder", hresult::callCanceled, 2);
+    world.begin({world.now()[0], {L"y", L"z", L"x"}});
+    PlanWorld::finish(world.order);
+    EXPECT_EQ(world.order.result().message(),
+              L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.\nDie Reihenfolge in „B.dwg“ ist "
+              L"vielleicht nur zum Teil geändert. „Rückgängig“ stellt die alte her.");
+    PlanWorld::takeBack(world.order);
+    EXPECT_EQ(world.order.result().statusText(), L"Rückgängig gemacht: Reihenfolge in 1 Zeichnung geändert.");
     world.documents[1]->putTabNumber(*world.documents[1]->findLayout(L"x"), 9);
     world.documents[1]->putTabNumber(*world.documents[1]->findLayout(L"y"), 10);
     PlanWorld::takeBack(world.order);
@@ -120,23 +145,19 @@ TEST(TabOrderTest, ChosenLayoutsMoveTogetherAndStopAtTheEdge) {
     TabOrder order;
     for (const wchar_t* name : {L"b", L"A10", L"c", L"A2", L"d"})
         order.push_back({.row = 0, .name = name, .selected = *name == L'A'});
-    const auto names = [&] {
+    const auto becomes = [&](bool moved, const wchar_t* names) {
         std::wstring text;
         for (const TabOrderEntry& entry : order) text += entry.name + L" ";
-        return text;
+        EXPECT_TRUE(moved) << names;
+        EXPECT_EQ(text, names);
     };
-    EXPECT_TRUE(moveToStart(order));
-    EXPECT_EQ(names(), L"A10 b A2 c d ");
-    EXPECT_TRUE(moveToStart(order));
-    EXPECT_EQ(names(), L"A10 A2 b c d ");
-    EXPECT_FALSE(moveToStart(order));
-    EXPECT_TRUE(moveToEnd(order));
-    EXPECT_EQ(names(), L"b A10 A2 c d ");
-    while (moveToEnd(order)) {
-    }
-    EXPECT_EQ(names(), L"b c d A10 A2 ");
+    becomes(moveToStart(order), L"A10 b A2 c d ");
+    becomes(moveToStart(order), L"A10 A2 b c d ");
+    becomes(!moveToStart(order), L"A10 A2 b c d ");
+    becomes(moveToEnd(order), L"b A10 A2 c d ");
+    becomes(moveToEnd(order) && moveToEnd(order) && !moveToEnd(order), L"b c d A10 A2 ");
     orderByName(order, GermanLocale());
-    EXPECT_EQ(names(), L"A2 A10 b c d ");
+    becomes(true, L"A2 A10 b c d ");
 }
 
 }  // namespace

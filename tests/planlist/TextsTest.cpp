@@ -40,7 +40,7 @@ TEST(ExportTest, AnotherProgramReadsWhatTheListShows) {
     add(L"01", L"=1+1", L"ä;\"b\"");
     add(L"1-2", L"+1.OG", L" Blank ");
     add(L"-3,5", L"-A1", L"a\tb\r\nc");
-    add(L"4", L"+SUMME(A1)", L"\U0001F3E0 <b>&");
+    add(L"4", L"+1*(A1)", L"\U0001F3E0 <b>&");
     add(L"5", L"-2+x|y", L"@x");
     add(L"6", L"", L"- 2");
     const PlanTable table = planTable(list);
@@ -51,7 +51,7 @@ TEST(ExportTest, AnotherProgramReadsWhatTheListShows) {
               "[ä;\"b\"]['=1+1][01]\n"
               "[ Blank ][+1.OG][1-2]\n"
               "[a b  c]['-A1][-3,5]\n"
-              "[🏠 <b>&]['+SUMME(A1)][4]\n"
+              "[🏠 <b>&]['+1*(A1)][4]\n"
               "['@x]['-2+x|y][5]\n"
               "[- 2][][6]\n");
     list.setSelected(list.row(1), true);
@@ -190,6 +190,7 @@ TEST_F(NamesTest, PdfFilesHaveNamesOfTheirOwnThatWindowsTakes) {
     for (const wchar_t* folder : {L"..", L"\\Temp", L"E:x", L"x"})
         EXPECT_EQ(names(folder, L"<Layout>")[1], L"! Der Ordner ist kein vollständiger Pfad.");
     EXPECT_EQ(names(L"E:", L"<Zeichnung>-<nr>")[3], L"E:\\A-4.pdf");
+    EXPECT_EQ(names(L"E:", L"Com1 .<Nr>")[3], L"E:\\_Com1 .4.pdf");
     EXPECT_EQ(names(L"E:", L"<Blatt>")[0], L"! unbekannter Platzhalter");
     EXPECT_EQ(names(L"E:", L"a/<Nr>")[0], L"! unzulässiges Zeichen im Dateinamen");
     EXPECT_EQ(names(L"E:", L". ")[0], L"! Dateiname leer");

@@ -17,6 +17,7 @@ class Transferring : public PlanWorld {
             s.paperWidth = 420;
             s.paperHeight = 297;
             s.rotation = 1;
+            s.units = 0;
             s.plotType = plotArea::window;
             s.windowRight = 100;
             s.windowTop = 50;
@@ -27,8 +28,9 @@ class Transferring : public PlanWorld {
             s.offsetX = 5;
         });
         for (const std::wstring& layout : withDevice)
-            change(layout.starts_with(L'a') ? a : b, layout,
-                   [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
+            change(layout.starts_with(L'a') ? a : b, layout, [](demo::PlotSettings& s) {
+                s.device = L"DWG To PDF.pc3", s.plotType = plotArea::view, s.view = L"Nord";
+            });
         prepare();
     }
 
@@ -81,7 +83,9 @@ TEST(TransferTest, EveryLayoutTakesAllAndGetsBackWhatItHad) {
     EXPECT_EQ(world.rows()[1],
               L"A.dwg|2|a1|DWG To PDF.pc3|ISO A3 (420.00 x 297.00 MM)|monochrome.ctb|geändert");
 
+    world.plan.drawings()[0].changed = false;
     PlanWorld::takeBack(world.transfer);
+    EXPECT_EQ(world.rows()[1], L"A.dwg|2|a1|DWG To PDF.pc3|ISO A3 (420.00 x 297.00 MM)|Kein|geändert");
     // Three had no device, which cannot be put.
     EXPECT_EQ(world.transfer.result().reasons.size(), 3U);
     EXPECT_TRUE(world.transfer.result().message().ends_with(
@@ -114,7 +118,8 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     EXPECT_EQ(preview.rows[1].note, L"Plotgerät und Papier nicht rückgängig zu machen");
     EXPECT_EQ(preview.rows[4].note, L"Plotbereich „Ansicht“ bleibt in seiner Zeichnung");
     EXPECT_EQ(preview.rows[4].cells[2], L"Hochformat → Querformat");
-    EXPECT_EQ(preview.rows[4].cells[5], L"Layout");
+    EXPECT_EQ(preview.rows[4].cells[5], L"Ansicht");
+    EXPECT_EQ(preview.rows[0].cells[0], L"DWG To PDF.pc3");
     world.carryOver();
     EXPECT_EQ(Transferring::settingsOf(world.a, L"a1").view, L"Süd");
     EXPECT_EQ(Transferring::settingsOf(world.b, L"b1").plotType, 5);
@@ -137,7 +142,6 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     PlanWorld::change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.device = L"Alt.pc3"; });
     world.prepare();
     world.carryOver();
-    EXPECT_EQ(world.note(3), L"Plotgerät nicht übernommen: Ungültige Eingabe");
     EXPECT_EQ(Transferring::settingsOf(world.b, L"b2").paper, L"ISO_A3_(420.00_x_297.00_MM)")
         << "nothing is put for a device that is not there";
     PlanWorld::change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.device = L""; });
@@ -149,9 +153,22 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     world.failNext(L"get Layout.ConfigName", hresult::callCanceled);
     PlanWorld::takeBack(world.transfer);
     EXPECT_EQ(world.transfer.result().end, PlanWriteResult::End::noAnswer);
+    world.host().sendCommand(world.a, L"_.-LAYOUT\r");
+    PlanWorld::takeBack(world.transfer);
+    EXPECT_EQ(world.transfer.result().end, PlanWriteResult::End::commandRunning);
+    world.a->commandLine().type(L"\x1b");
     PlanWorld::takeBack(world.transfer);
     EXPECT_EQ(world.transfer.result().reasons.front(),
               L"Layout „a1“: Seiteneinrichtung inzwischen geändert.");
+
+    PlanWorld::change(world.a, L"Quelle",
+                      [](demo::PlotSettings& s) { s.device = pdfDevice, s.rotation = 2; });
+    world.prepare();
+    world.begin();
+    world.transfer.step();
+    world.host().close(world.b);
+    PlanWorld::finish(world.transfer);
+    EXPECT_EQ(world.note(2), L"„B.dwg“ ist nicht mehr geöffnet.");
 }
 
 TEST(TransferTest, AFailureAtAnyCallLeavesNothingThatCannotBeTakenBack) {

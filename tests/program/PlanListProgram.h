@@ -1,5 +1,6 @@
 #pragma once
 
+#include "planlist/PlanExport.h"
 #include "Program.h"
 
 namespace blattwart::test {
@@ -42,6 +43,11 @@ class PlanListProgram : public Program {
         return {.key = static_cast<std::uint16_t>(letter), .control = true};
     }
 
+    /// The headers of a list of details, as they stand on the screen.
+    static Texts headers(const ListView& shown) {
+        EXPECT_EQ(shown.mode(), ListViewMode::details);
+        return planTable(shown).front();
+    }
     frmPlanliste& list() { return main->planList; }
     FakeDialogWindow& window() { return presenter.dialog; }
     /// "Haus.dwg/EG"

@@ -14,8 +14,10 @@ class PlanListTest : public PlanListProgram {
             form.txtErsetzen.setText(replacement);
             EXPECT_TRUE(form.cmdUmbenennen.enabled());
             form.cmdUmbenennen.userClicks();
+            EXPECT_TRUE(window().closed);
         };
         list().cmdUmbenennen.userClicks();
+        EXPECT_EQ(status(), L"Layouts werden umbenannt …");
         window().goOn();
     }
     Texts rows() {
@@ -37,6 +39,8 @@ TEST_F(PlanListTest, IsSearchedCopiedAndLeadsToTheLayout) {
         EXPECT_EQ(status(), L"5 Layouts");
         EXPECT_FALSE(list().cmdUmbenennen.enabled());
         EXPECT_FALSE(list().cmdRueckgaengig.enabled());
+        press({.key = Shortcut::f2});
+        EXPECT_EQ(presenter.dialogsShown, 1) << "a command that is not enabled has no key";
 
         press(control(L'F'));
         EXPECT_EQ(window().focus, &list().txtFilter);
@@ -62,6 +66,7 @@ TEST_F(PlanListTest, IsSearchedCopiedAndLeadsToTheLayout) {
 
         press({.key = Shortcut::enter});
         EXPECT_EQ(host().activeDocument(), house);
+        EXPECT_EQ(world.desktop.log, Texts{L"setForeground 68108"});
         EXPECT_EQ(house->drawing().currentLayout().name(), L"OG 2");
         EXPECT_EQ(list().lvPlan.row(0).column(7), L"aktuell");
         // Its own keys are left to the filter.
@@ -90,6 +95,8 @@ TEST_F(PlanListTest, RenamesByAPatternAndTakesItBackAfterReopening) {
             EXPECT_EQ(form.txtMuster.text(), L"<Name>");
             EXPECT_FALSE(form.cmdUmbenennen.enabled());
             EXPECT_FALSE(form.txtAb.enabled());
+            EXPECT_EQ(headers(form.lvVorschau),
+                      (Texts{L"Zeichnung", L"Alter Name", L"Neuer Name", L"Hinweis"}));
             form.txtMuster.setText(L"EG");
             EXPECT_EQ(form.lblStatus.text(), L"3 werden umbenannt, 5 Konflikte");
             EXPECT_EQ(form.lvVorschau.row(0).column(4), L"doppelt in der Vorschau");
@@ -97,10 +104,12 @@ TEST_F(PlanListTest, RenamesByAPatternAndTakesItBackAfterReopening) {
             EXPECT_TRUE(form.txtAb.enabled());
             EXPECT_EQ(form.lvVorschau.row(4).column(3), L"Plan-02");
             form.chkNeuBeginnen.userClicks();
+            EXPECT_EQ(form.lvVorschau.row(4).column(3), L"Plan-05");
             form.txtAb.setText(L"7");
             EXPECT_EQ(form.lvVorschau.row(4).column(3), L"Plan-11");
             form.showHelp();
             form.cmdCancel.userClicks();
+            EXPECT_TRUE(window().closed);
         };
         press({.key = Shortcut::f2});
         EXPECT_EQ(world.help.shown.back().topic, "Tarvix_39.htm");
@@ -171,19 +180,25 @@ TEST_F(PlanListTest, WhatHasChangedInAutoCADIsToldAndReadAnew) {
             window().goOn();
         };
         attempt(
-            [this] { house->drawing().renameLayout(*house->findLayout(L"EG"), L"Keller"); },
+            [this] {
+                demo::Layout& layout = *house->findLayout(L"EG");
+                house->drawing().renameLayout(layout, L"Keller");
+                demo::PlotSettings settings = layout.plotSettings();
+                settings.device = L"DWG To PDF.pc3";
+                layout.setPlotSettings(settings);
+                house->save();
+                house->saveAs(L"C:\\Haus\\HAUS.dwg");
+            },
             L"In AutoCAD wurden Layouts geändert: Haus.dwg. Es wurde nichts ausgeführt, die Planliste ist "
             L"neu gelesen. Bitte prüfen Sie die Auswahl!");
-        EXPECT_EQ(rows().front(), L"Haus.dwg/Keller");
-        attempt([this] { house->commandLine().type(L"LAYOUT\r"); },
-                L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
-        house->commandLine().type(L"\x1b");
+        EXPECT_EQ(rows().front(), L"HAUS.dwg/Keller");
+        EXPECT_EQ(list().lvPlan.row(0).column(5), L"ISO A4 (210.00 x 297.00 MM)") << "its readable name";
         attempt([this] { calls.failAt(calls.count() + 1, RuntimeError(hresult::callRejected, L"belegt")); },
                 L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.");
         EXPECT_EQ(layoutsOf(house), L"Keller,OG 10,OG 2");
         attempt(
             [this] { host().close(house); },
-            L"In AutoCAD wurden Layouts geändert: Haus.dwg. Es wurde nichts ausgeführt, die Planliste ist "
+            L"In AutoCAD wurden Layouts geändert: HAUS.dwg. Es wurde nichts ausgeführt, die Planliste ist "
             L"neu gelesen. Bitte prüfen Sie die Auswahl!");
         EXPECT_EQ(rows(), (Texts{L"Plan.dwg/Schnitt", L"Plan.dwg/EG"}));
 
@@ -218,8 +233,10 @@ TEST_F(PlanListTest, ReadingAndWritingEndByEscapeBetweenTwoDrawings) {
         EXPECT_EQ(status(), L"Layouts werden gelesen …");
         press({.key = Shortcut::escape});
         EXPECT_EQ(status(), L"Einlesen abgebrochen. F5 liest neu.");
-        press({.key = Shortcut::f5});
-        form.step();
+        for (int begun = 0; begun < 2; ++begun) {
+            press({.key = Shortcut::f5});
+            form.step();
+        }
         EXPECT_EQ(status(), L"Zeichnung 1 von 2 wird gelesen … (Esc bricht ab)");
         form.step();
         EXPECT_EQ(rows().size(), 3U);
@@ -249,6 +266,21 @@ TEST_F(PlanListTest, ReadingAndWritingEndByEscapeBetweenTwoDrawings) {
     };
     choose(L"mnuPlanList");
     EXPECT_TRUE(window().closed);
+    EXPECT_EQ(layoutsOf(house), L"y x EG,y x OG 10,y x OG 2");
+    EXPECT_EQ(layoutsOf(plan), L"Schnitt,EG");
+    open([this] {
+        world.messages.expect(L"3 Layouts umbenannt rückgängig machen?", MessageAnswer::yes);
+        press(control(L'Z'));
+        window().goOn();
+        EXPECT_FALSE(window().closed);
+        EXPECT_EQ(layoutsOf(house), L"x EG,x OG 10,x OG 2");
+        presenter.inPlanUmbenennen = [](frmPlanUmbenennen& dialog) { dialog.cmdUmbenennen.userClicks(); };
+        list().cmdUmbenennen.userClicks();
+        list().step();
+        list().step();
+        window().close();
+        EXPECT_FALSE(list().working());
+    });
     EXPECT_EQ(layoutsOf(house), L"y x EG,y x OG 10,y x OG 2");
     EXPECT_EQ(layoutsOf(plan), L"Schnitt,EG");
 }

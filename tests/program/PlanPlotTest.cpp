@@ -49,6 +49,9 @@ TEST_F(PlanPlotTest, TabsStandAsTheUserHasMovedThemAndGoBack) {
         select({L"Haus.dwg/OG 2", L"Plan.dwg/EG"});
         presenter.inPlanReihenfolge = [this](frmPlanReihenfolge& form) {
             EXPECT_EQ(columnOf(form.lvLayouts, 1), (Texts{L"EG", L"OG 2", L"OG 10", L"EG", L"Schnitt"}));
+            EXPECT_EQ(headers(form.lvLayouts), (Texts{L"Zeichnung", L"Nr. bisher", L"Nr. neu", L"Layout"}));
+            EXPECT_EQ(form.lvLayouts.row(3).column(2), L"Plan.dwg");
+            EXPECT_EQ(form.lvLayouts.focused()->text(), L"OG 2");
             EXPECT_EQ(columnOf(form.lvLayouts, 3), (Texts{L"1", L"3", L"2", L"2", L"1"}));
             EXPECT_EQ(columnOf(form.lvLayouts, 4), (Texts{L"1", L"2", L"3", L"1", L"2"}));
             EXPECT_EQ(form.lvLayouts.selectedItems().size(), 2U);
@@ -57,10 +60,13 @@ TEST_F(PlanPlotTest, TabsStandAsTheUserHasMovedThemAndGoBack) {
             form.cmdOben.userClicks();
             form.cmdOben.userClicks();
             EXPECT_FALSE(form.cmdOben.enabled());
+            form.lvLayouts.userSelects({&form.lvLayouts.row(1)}, &form.lvLayouts.row(1));
+            EXPECT_TRUE(form.cmdOben.enabled());
             form.cmdNamen.userClicks();
             form.cmdOK.userClicks();
         };
         press({.key = Shortcut::up, .alt = true});
+        EXPECT_EQ(status(), L"Reihenfolge wird geändert …");
         window().goOn();
         EXPECT_EQ(layoutsOf(house), L"EG,OG 2,OG 10");
         EXPECT_EQ(layoutsOf(plan), L"EG,Schnitt");
@@ -69,10 +75,19 @@ TEST_F(PlanPlotTest, TabsStandAsTheUserHasMovedThemAndGoBack) {
         EXPECT_EQ(list().lvPlan.row(1).column(3), L"2");
         EXPECT_EQ(list().cmdRueckgaengig.toolTip(),
                   L"Macht rückgängig: Reihenfolge in 2 Zeichnungen geändert (Strg+Z)");
+        house->commandLine().type(L"LAYOUT\r");
+        undo(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
+        house->commandLine().type(L"\x1b");
         undo();
         EXPECT_EQ(layoutsOf(house), L"EG,OG 10,OG 2");
         EXPECT_EQ(layoutsOf(plan), L"Schnitt,EG");
         EXPECT_FALSE(list().cmdRueckgaengig.enabled());
+        presenter.inPlanReihenfolge = [this](frmPlanReihenfolge& form) {
+            EXPECT_FALSE(form.cmdOK.enabled());
+            form.cmdCancel.userClicks();
+            EXPECT_TRUE(window().closed);
+        };
+        list().cmdReihenfolge.userClicks();
     });
 }
 
@@ -97,7 +112,11 @@ TEST_F(PlanPlotTest, APageSetupIsShownBeforeItIsCarriedOver) {
             EXPECT_EQ(form.lblStatus.text(), L"Seiteneinrichtung 1 von 3 wird gelesen … (Esc bricht ab)");
             window().goOn();
             EXPECT_EQ(form.txtVon.text(), L"Haus.dwg, EG");
+            EXPECT_EQ(headers(form.lvNach)[0] + headers(form.lvNach)[1], L"ZeichnungLayout");
+            EXPECT_EQ(columnOf(form.lvNach, 2), (Texts{L"Haus.dwg", L"Haus.dwg", L"Plan.dwg"}));
+            EXPECT_FALSE(form.cmdQuelle.enabled());
             form.lvNach.userSelects({&form.lvNach.row(1)}, &form.lvNach.row(1));
+            EXPECT_TRUE(form.cmdQuelle.enabled());
             form.cmdQuelle.userClicks();
             EXPECT_EQ(form.txtVon.text(), L"Haus.dwg, OG 2");
             EXPECT_EQ(columnOf(form.lvNach, 4),
@@ -123,6 +142,7 @@ TEST_F(PlanPlotTest, APageSetupIsShownBeforeItIsCarriedOver) {
         EXPECT_EQ(status(), L"Rückgängig gemacht: 1 Layout umbenannt.");
     });
     open([this] {
+        EXPECT_EQ(status(), L"5 Layouts, 3 markiert") << "nothing of what was done before";
         change(plan, L"EG", [](demo::PlotSettings& s) { s.device = L"Weg.pc3"; });
         select({L"Plan.dwg/EG", L"Haus.dwg/EG"});
         presenter.inPlanEinstellungen = [this](frmPlanEinstellungen& form) {
@@ -150,6 +170,16 @@ TEST_F(PlanPlotTest, APageSetupIsShownBeforeItIsCarriedOver) {
         };
         list().cmdEinstellungen.userClicks();
         EXPECT_EQ(status(), L"5 Layouts, 3 markiert");
+        calls.heal();
+        presenter.inPlanEinstellungen = [this](frmPlanEinstellungen& form) {
+            window().goOn();
+            EXPECT_EQ(form.cmdCancel.text(), L"Abbrechen");
+            form.cmdUebertragen.userClicks();
+            form.step();
+            window().close();
+        };
+        list().cmdEinstellungen.userClicks();
+        EXPECT_EQ(status(), L"Abgebrochen: 0 von 2 erledigt.");
     });
 }
 
@@ -159,6 +189,7 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
     world.files.fill(L"C:\\Haus\\1 EG.pdf", {'a', 'l', 't'});
     open([this] {
         makePdfOf({L"Haus.dwg/EG", L"Haus.dwg/OG 10", L"Plan.dwg/EG"}, [this](frmPlanPdf& form) {
+            EXPECT_EQ(headers(form.lvLayouts), (Texts{L"Zeichnung", L"Layout", L"Datei", L"Ergebnis"}));
             EXPECT_EQ(columnOf(form.lvLayouts, 3), (Texts{L"Haus-EG.pdf", L"Haus-OG 10.pdf", L""}));
             EXPECT_EQ(form.lvLayouts.row(2).column(4), L"wird nicht geplottet: Plotgerät ist kein PDF-Gerät");
             form.txtName.setText(L"<Unsinn>");
@@ -168,6 +199,7 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
             EXPECT_EQ(form.lvLayouts.row(0).column(4), L"bereit") << "Plan.dwg's takes no name";
             form.txtName.setText(L"<Nr> <Layout>");
             form.txtOrdner.setText(L"C:\\Fehlt");
+            EXPECT_EQ(form.lvLayouts.row(0).column(4), L"bereit") << "not asked for while it is typed";
             EXPECT_FALSE(form.txtOrdner.events.validate());
             EXPECT_EQ(form.lvLayouts.row(0).column(4), L"Der Ordner ist nicht vorhanden.");
             form.txtOrdner.setText(L"");
@@ -190,30 +222,52 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
             form.cmdOrdner.userClicks();
             EXPECT_EQ(world.process.started.back(), L"explorer.exe C:\\Haus");
             form.cmdCancel.userClicks();
+            EXPECT_TRUE(window().closed);
         });
-        EXPECT_EQ(world.settings.values[L"PlanPdfPattern"], L"<Nr> <Layout>");
         makePdfOf({L"Haus.dwg/EG", L"Haus.dwg/OG 10"}, [this](frmPlanPdf& form) {
             EXPECT_TRUE(form.chkAndere.checked());
             world.messages.answer(MessageAnswer::yes);
             form.cmdPlotten.userClicks();
             form.step();
             EXPECT_EQ(columnOf(form.lvLayouts, 4), (Texts{L"wird geplottet …", L""}));
+            EXPECT_EQ(form.lblStatus.text(), L"Layout 1 von 2 wird geplottet …");
             form.step();
-            form.interrupt();
+            form.cmdCancel.userClicks();
             EXPECT_EQ(form.lblStatus.text(), L"Wird nach diesem Layout angehalten …");
             window().goOn();
             EXPECT_EQ(columnOf(form.lvLayouts, 4), (Texts{L"fertig", L"angehalten"}));
+            EXPECT_EQ(form.lblStatus.text(), L"1 von 2 Layouts geplottet, 1 nicht geplottet.");
+            EXPECT_GT(window().escapesForgotten, 0);
         });
-        makePdfOf({L"Plan.dwg/EG"}, [](frmPlanPdf& form) {
+        world.files.addFolder(L"C:\\Neu");
+        makePdfOf({L"Plan.dwg/EG"}, [this](frmPlanPdf& form) {
             form.chkAndere.userClicks();
             form.txtOrdner.setText(L"C:\\Fehlt");
             form.chkAndere.userClicks();
             EXPECT_EQ(form.lvLayouts.row(0).column(4), L"Der Ordner ist nicht vorhanden.");
+            EXPECT_EQ(form.lblStatus.text(), L"1 Layout wird geplottet, 1 Konflikt");
+            form.txtOrdner.setText(L"C:\\Neu");
+            EXPECT_FALSE(form.txtOrdner.events.validate());
+            world.files.fill(L"C:\\Neu\\2 EG.pdf", {'a', 'l', 't'});
+            world.messages.answer(MessageAnswer::yes);
+            form.cmdPlotten.userClicks();
+            form.step();
+            form.step();
+            window().close();
+        });
+        EXPECT_GT(world.files.open(L"C:\\Neu\\2 EG.pdf")->size(), 3U);
+        EXPECT_EQ(host().options().profile->backgroundPlot, 2) << "put back when the window closes";
+        makePdfOf({L"Plan.dwg/EG"}, [](frmPlanPdf& form) { EXPECT_EQ(form.txtOrdner.text(), L"C:\\Neu"); });
+    });
+    startAgain();
+    open([this] {
+        makePdfOf({L"Plan.dwg/EG"}, [](frmPlanPdf& form) {
+            EXPECT_EQ(form.txtName.text(), L"<Nr> <Layout>");
+            EXPECT_TRUE(form.chkAndere.checked());
         });
     });
     EXPECT_EQ(host().activeDocument(), plan);
     EXPECT_EQ(house->drawing().currentLayout().name(), L"EG");
-    EXPECT_EQ(host().options().profile->backgroundPlot, 2);
 }
 
 TEST_F(PlanPlotTest, WhatABusyHostKeepsComesBackWithTheNextCommand) {
