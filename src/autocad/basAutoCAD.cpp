@@ -22,6 +22,7 @@ void basAutoCAD::ConnectAutoCAD() {
     } catch (const RuntimeError&) {
         return;
     }
+    if (owesVisibility_) show();
     takeActiveDocument();
     if (!gAcadDoc) return;
     if (fileDialogsStillOff_.contains(hostName_)) switchFileDialogsOn(gAcadDoc);
@@ -60,9 +61,13 @@ void basAutoCAD::ChooseRelease(const std::optional<InstalledRelease>& choice) {
 
 void basAutoCAD::welcomeStarted() {
     LoadTypes();
-    ignoringErrors([&] { gAcadApp.putVisible(true); });
+    show();
     takeActiveDocument();
     events_.RefreshTree();
+}
+
+void basAutoCAD::show() {
+    owesVisibility_ = !ignoringErrors([&] { gAcadApp.putVisible(true); });
 }
 
 std::vector<HostName> basAutoCAD::candidates() {
@@ -98,6 +103,8 @@ bool basAutoCAD::launch(const std::vector<HostName>& names) {
         ignoringErrors([&] { host::Application(application).putVisible(true); });
         platform_.messages.warn(L"Es ist ein anderes AutoCAD gestartet als das gewählte!");
     } catch (const RuntimeError& failure) {
+        // It may come up all the same, hidden as it is started.
+        owesVisibility_ = isNotAnswering(failure);
         platform_.messages.say(failure.description());
     }
     return false;
@@ -173,7 +180,11 @@ void basAutoCAD::BringWindowToFront(WindowHandle window) {
 }
 
 void basAutoCAD::BringAutoCADToFront() {
-    ignoringErrors([&] { BringWindowToFront(gAcadApp.HWND()); });
+    ignoringErrors([&] {
+        const WindowHandle window = gAcadApp.HWND();
+        if (!platform_.desktop.isVisible(window)) show();
+        BringWindowToFront(window);
+    });
 }
 
 std::shared_ptr<OpenDocuments> basAutoCAD::openDocuments() {

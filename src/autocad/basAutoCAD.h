@@ -103,7 +103,8 @@ class basAutoCAD {
     std::wstring templateFolder();
 
     void BringWindowToFront(WindowHandle window);
-    /// Brings the host's main window to the front; nothing happens when it does not answer.
+    /// Brings the host's main window to the front, a hidden one is shown; nothing happens when it does not
+    /// answer.
     void BringAutoCADToFront();
     /// All open documents in the host's order. Throws when the host does not answer.
     std::shared_ptr<OpenDocuments> openDocuments();
@@ -168,6 +169,8 @@ class basAutoCAD {
     /// Starts the first of the hosts that can be started. Where that fails the user has been told.
     bool launch(const std::vector<HostName>& names);
     void welcomeStarted();
+    /// Makes the attached host visible; one that does not answer is made so at the next attach.
+    void show();
     /// Takes the application if a host like this is meant by the name; its version is asked for, except of
     /// the established one in automatic choice. The one attached already stays with all that is known of it.
     /// Throws when it does not answer.
@@ -185,6 +188,7 @@ class basAutoCAD {
     std::wstring hostName_;
     std::wstring programName_;        // by which it is attached
     std::optional<Release> release_;  // of the attached host, where it was asked for
+    bool owesVisibility_ = false;     // one that was started may be hidden still
     std::wstring templateFolder_;
 };
 

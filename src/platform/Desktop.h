@@ -19,6 +19,8 @@ class Desktop {
     /// Shows the window in its normal state, neither minimised nor maximised.
     virtual void showNormal(WindowHandle window) = 0;
     virtual void setForeground(WindowHandle window) = 0;
+    /// False for a window that is hidden or not there any more; a minimised one is visible.
+    virtual bool isVisible(WindowHandle window) = 0;
     virtual WindowHandle foreground() = 0;
 };
 

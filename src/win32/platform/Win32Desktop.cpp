@@ -52,6 +52,10 @@ void Win32Desktop::setForeground(WindowHandle window) {
     SetForegroundWindow(nativeWindow(window));
 }
 
+bool Win32Desktop::isVisible(WindowHandle window) {
+    return IsWindowVisible(nativeWindow(window)) != FALSE;
+}
+
 WindowHandle Win32Desktop::foreground() {
     return windowHandle(GetForegroundWindow());
 }
