@@ -24,9 +24,7 @@ void basAutoCAD::ConnectAutoCAD() {
     }
     if (owesVisibility_) show();
     takeActiveDocument();
-    if (!gAcadDoc) return;
-    if (fileDialogsStillOff_.contains(hostName_)) switchFileDialogsOn(gAcadDoc);
-    borrowed.giveBackForgotten(gAcadApp, gAcadDoc);
+    if (gAcadDoc) borrowed.giveBackForgotten(gAcadApp, gAcadDoc);
 }
 
 void basAutoCAD::StartAutoCAD() {
@@ -321,17 +319,6 @@ bool basAutoCAD::refusesControlCharacters(std::wstring_view name) {
     if (std::ranges::none_of(name, isControl)) return false;
     platform_.messages.warn(L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!");
     return true;
-}
-
-void basAutoCAD::switchFileDialogsOn(const host::Document& document) {
-    const auto switchOn = [&] { document.SetVariable(L"FILEDIA", 1); };
-    bool switched = ignoringErrors(switchOn);
-    if (!switched) switched = ignoringErrors(switchOn);
-    if (switched) {
-        fileDialogsStillOff_.erase(hostName_);
-    } else {
-        fileDialogsStillOff_.insert(hostName_);
-    }
 }
 
 bool basAutoCAD::askToStart() {

@@ -5,7 +5,6 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -152,10 +151,6 @@ class basAutoCAD {
     /// Whether a name holds control characters, which must not reach the host; the user has been told then.
     bool refusesControlCharacters(std::wstring_view name);
 
-    /// Sets "FILEDIA" to 1, in all drawings, since it is one variable of the host. Where the host does not
-    /// take it, the next ConnectAutoCAD tries again.
-    void switchFileDialogsOn(const host::Document& document);
-
     /// Asks whether AutoCAD is to be started, No ending the program. Returns whether the answer was Yes.
     bool askToStart();
 
@@ -183,8 +178,7 @@ class basAutoCAD {
     NavigatorRecords& records_;
     NavigatorEvents& events_;
     int looks_ = 0;
-    std::shared_ptr<OpenDocuments> seen_;         // only while a OneLook lives
-    std::set<std::wstring> fileDialogsStillOff_;  // names of hosts
+    std::shared_ptr<OpenDocuments> seen_;  // only while a OneLook lives
     std::wstring hostName_;
     std::wstring programName_;        // by which it is attached
     std::optional<Release> release_;  // of the attached host, where it was asked for

@@ -166,19 +166,25 @@ TEST_F(WithoutTarvix, GivesTheHostItsPreferenceBackAfterADeath) {
 }
 
 TEST_F(WithoutTarvix, OwesFilediaToTheHostThatLostIt) {
-    click(L"D7");
-    before(L"SetVariable", 2, [&] { calls.goneFrom(calls.count()); });
-    choose(L"popInsert");
-    calls.beforeCall({});
-    EXPECT_EQ(host().filedia(), 0);
-    calls.heal();
-    demo.start(L"18").addDocument(L"C:\\Projekte", L"Haus.dwg", {L"Blatt 1"});
-    demo.host(L"18")->setFiledia(0);
-    leaveAndReturn();
-    EXPECT_EQ(demo.host(L"18")->filedia(), 0) << "as its user has it";
-    demo.end(L"18");
-    leaveAndReturn();
-    EXPECT_EQ(host().filedia(), 1);
+    for (const bool saving : {false, true}) {
+        restart();
+        click(saving ? L"L5" : L"D7");
+        before(L"SetVariable", 2, [&] { calls.goneFrom(calls.count()); });
+        choose(saving ? L"mnuLayoutImport" : L"popInsert");
+        if (saving) endTreeEdit(L"Neu");
+        calls.beforeCall({});
+        EXPECT_EQ(host().filedia(), 0);
+        calls.heal();
+        demo.start(L"18").addDocument(L"C:\\Projekte", L"Haus.dwg", {L"Blatt 1"});
+        demo.host(L"18")->setFiledia(0);
+        leaveAndReturn();
+        EXPECT_EQ(demo.host(L"18")->filedia(), 0) << "as its user has it";
+        demo.end(L"18");
+        // The program has ended meanwhile, too.
+        ASSERT_TRUE(startAgain());
+        EXPECT_EQ(host().filedia(), 1);
+        EXPECT_EQ(world.settings.values[L"PlanRestore"], L"");
+    }
 }
 
 TEST_F(WithoutTarvix, CreatesUnderANameThatAutoCadTakes) {
