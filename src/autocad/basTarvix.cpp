@@ -81,8 +81,7 @@ host::Document basTarvix::CreateLayout(const std::wstring& drawing) {
     }
     const MacroRun macro = RunHostMacro(L"TX_Layout");
     if (macro == MacroRun::withoutProject && createsWithoutProject()) {
-        if (!chosen) chosen = autoCAD_.fetchActiveDocument();
-        return autoCAD_.refusesWhileCommandRuns(chosen) ? host::Document() : chosen;
+        return chosen ? chosen : autoCAD_.fetchActiveDocument();
     }
     autoCAD_.BringAutoCADToFront();
     return {};

@@ -207,6 +207,14 @@ TEST_F(WithoutTarvix, CreatesUnderANameThatAutoCadTakes) {
         }
         dialog.txtLayout.setText(L"  ");
         EXPECT_FALSE(dialog.cmdStart.enabled());
+        // The user may have begun a command since the dialog opened.
+        dialog.txtLayout.setText(L"Dach");
+        document(L"Plan.dwg")->commandLine().type(L"LAYOUT\r");
+        dialog.cmdStart.userClicks();
+        EXPECT_EQ(world.messages.shown.back(),
+                  told(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!"));
+        EXPECT_FALSE(presenter.dialog.closed);
+        document(L"Plan.dwg")->commandLine().type(L"\x1b");
         // What the host refuses all the same is told in its words.
         before(L"Add", 1,
                [&] { calls.failAt(calls.count(), RuntimeError(hresult::memberNotFound, L"EXTNAMES")); });
