@@ -99,7 +99,7 @@ bool basAutoCAD::launch(const std::vector<HostName>& names) {
         if (attach(name, application)) return true;
         // Nobody else would show it.
         ignoringErrors([&] { host::Application(application).putVisible(true); });
-        platform_.messages.warn(L"Es ist ein anderes AutoCAD gestartet als das gewählte!");
+        platform_.messages.warn(L"Es ist ein anderes AutoCAD gestartet als das gesuchte!");
     } catch (const RuntimeError& failure) {
         // It may come up all the same, hidden as it is started.
         owesVisibility_ = isNotAnswering(failure);
