@@ -29,6 +29,8 @@ class PlanRestore {
     void leave();
     /// Puts everything back. Returns whether nothing is left to be put back.
     bool finish();
+    /// Another host is attached: what the last one has of drawings and layouts stays as it is.
+    void dropHost();
     bool outstanding() const;
     /// Whether the last try found no host any more.
     bool hostGone() const { return hostGone_; }
