@@ -169,7 +169,10 @@ TEST_F(WithoutTarvix, OwesFilediaToTheHostThatLostIt) {
     for (const bool saving : {false, true}) {
         restart();
         click(saving ? L"L5" : L"D7");
-        before(L"SetVariable", 2, [&] { calls.goneFrom(calls.count()); });
+        before(L"SetVariable", 2, [&] {
+            EXPECT_EQ(world.settings.values[L"PlanRestore"], L"24.3:FILEDIA=1");
+            calls.goneFrom(calls.count());
+        });
         choose(saving ? L"mnuLayoutImport" : L"popInsert");
         if (saving) endTreeEdit(L"Neu");
         calls.beforeCall({});
