@@ -29,9 +29,9 @@ do_bench() {
     ready "${build_packages[@]}" "${bench_packages[@]}"
     build_preset release && build_preset win64 || exit
     say "The program, over COM under Wine; times in milliseconds"
-    WINE_RUN_SECONDS=1200 step tests/win32/wine-run.sh build/win64/bench/session/program_bench.exe
+    WINE_RUN_SECONDS=1200 step tools/wine-run.sh build/win64/bench/session/program_bench.exe
     say "Its start"
-    WINE_RUN_SECONDS=300 step tests/win32/wine-run.sh build/win64/bench/start/start_bench.exe
+    WINE_RUN_SECONDS=300 step tools/wine-run.sh build/win64/bench/start/start_bench.exe
     say "The program, natively"
     step build/release/bench/session/program_bench
     say "Growth of the work: a refresh by drawings, the filling of a list by layouts"
@@ -45,5 +45,5 @@ do_bench() {
 do_soak() {
     ready "${build_packages[@]}"
     build_preset win64 soak || exit
-    WINE_RUN_SECONDS=7200 tests/win32/wine-run.sh build/win64/bench/soak/soak.exe
+    WINE_RUN_SECONDS=7200 tools/wine-run.sh build/win64/bench/soak/soak.exe
 }

@@ -13,7 +13,7 @@ sample_drawings=(
 
 cadhost=build/win64/demo/cadhost/cadhost.exe
 
-in_session() { WINE_RUN_SECONDS=0 tests/win32/wine-run.sh --in "$session" "$@"; }
+in_session() { WINE_RUN_SECONDS=0 tools/wine-run.sh --in "$session" "$@"; }
 
 build_demonstration() {
     [ -f build/win64/build.ninja ] || cmake --preset win64 || return
@@ -38,7 +38,7 @@ make_database() {
 
 start_session() {
     local library="$PWD/build/win64/demo/adodb/adostandin.dll"
-    KEEP_DISPLAY=${DISPLAY:+1} tests/win32/wine-run.sh --resume "$session" || return
+    KEEP_DISPLAY=${DISPLAY:+1} tools/wine-run.sh --resume "$session" || return
     ln -sfn "$PWD/build/samples" "$session/prefix/drive_c/Beispiele"
     in_session "$cadhost" /register /templates "$samples\\Vorlagen" &&
         { [ -z "${beside:-}" ] || in_session "$cadhost" /release "$beside" /register /templates "$samples\\Vorlagen"; } &&
@@ -48,7 +48,7 @@ start_session() {
 
 end_session() {
     trap '' INT TERM
-    tests/win32/wine-run.sh --pause "$session"
+    tools/wine-run.sh --pause "$session"
     wait
 }
 

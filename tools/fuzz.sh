@@ -3,12 +3,11 @@
 
 # fuzz_target NAME: the end with 255 keeps xargs from starting further ones.
 fuzz_target() {
-    local name=$1 found="build/fuzz/corpus/$1" log="build/fuzz/$1.log" words=()
+    local name=$1 found="build/fuzz/corpus/$1" log="build/fuzz/$1.log"
     mkdir -p "$found"
-    [ ! -f "fuzz/$name.dict" ] || words=("-dict=fuzz/$name.dict")
     say "$name"
     "build/fuzz/fuzz/$name" -max_total_time="${FUZZ_SECONDS:-60}" -timeout=10 -artifact_prefix="build/fuzz/$name-" \
-        "${words[@]}" "$found" "fuzz/corpus/$name" >"$log" 2>&1 && return
+        "$found" "fuzz/corpus/$name" >"$log" 2>&1 && return
     tail -n 60 "$log"
     say "FOUND: $(sed -n 's/^.*Test unit written to //p' "$log") ($log)"
     return 255

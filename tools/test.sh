@@ -1,22 +1,32 @@
 # shellcheck shell=bash
 # Running the tests.
 
-# test_preset PRESET [PROGRAM...]: all programs, or these; a program may run in parts.
-test_preset() {
-    local preset=$1 log="build/$1/Testing/Temporary/LastTest.log" failures=$failed result counts
+# run_tests PRESET [PROGRAM...]: all programs, or these; a program may run in parts.
+run_tests() {
+    local preset=$1
     shift
     say "Testing $preset${*:+: $*}"
-    rm -f "$log"
+    rm -f "build/$preset/Testing/Temporary/LastTest.log"
     ctest --preset "$preset" --no-tests=error -j "$(nproc)" --test-output-size-passed 10000000 \
         ${1:+-R "^($(IFS='|'; echo "$*"))(_part[0-9]+)?$"} | grep -vE '^\[ +(RUN|OK) '
-    result=${PIPESTATUS[0]}
+    return "${PIPESTATUS[0]}"
+}
+
+# count_tests PRESET RESULT: adds the cases of a run, whose exit code RESULT is, to those that passed and failed.
+count_tests() {
+    local log="build/$1/Testing/Temporary/LastTest.log" failures=$failed counts
     [ -f "$log" ] || return 1
     counts=$(awk -f tools/count-cases.awk "$log")
     sed '$d' <<<"$counts"
     counts=${counts##*$'\n'}
     passed=$((passed + ${counts% *}))
     failed=$((failed + ${counts#* }))
-    [ "$result" = 0 ] || [ "$failed" -gt "$failures" ]
+    [ "$2" = 0 ] || [ "$failed" -gt "$failures" ]
+}
+
+test_preset() {
+    run_tests "$@"
+    count_tests "$1" $?
 }
 
 summarize() {
@@ -24,28 +34,33 @@ summarize() {
     [ "$failed" = 0 ]
 }
 
-# The tests under Wine wait more than they work; clang-tidy gets ahead in the meantime.
-test_under_wine() {
-    cmake --preset lint >build/lint.log
-    nice -n 19 ninja -C build/lint -j 1 -k 0 >build/lint.log 2>&1 &
-    step test_preset win64
-    kill $! 2>/dev/null
-    wait $!
-}
-
 build_and_test() { build_preset "$1" && test_preset "$1"; }
 
+wait_for_wine() {
+    wait "$1"
+    local result=$?
+    cat build/wine-tests.log
+    count_tests win64 "$result"
+}
+
+# The tests under Wine wait more than they work: all that has no part in them is done meanwhile, and gives way to them.
 test_everything() {
+    local wine=''
     ready "${build_packages[@]}" "${check_packages[@]}"
     rm -f build/times.log
+    if step build_preset win64; then
+        run_tests win64 >build/wine-tests.log 2>&1 &
+        wine=$!
+        renice -n 19 $$ >/dev/null
+    fi
     step build_and_test native
     step build_preset win32
-    step build_preset win64 && test_under_wine
     step check_program
     step check_format
     step check_layers
     step check_clang_tidy
     step check_cppcheck
+    [ -z "$wine" ] || step wait_for_wine "$wine"
     cat build/times.log
     summarize
 }

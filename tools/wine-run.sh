@@ -13,7 +13,7 @@
 # display that is there, so that one can look at the program.
 set -u
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
-build=$(cd "$here/../.." && pwd)/build
+build=$(cd "$here/.." && pwd)/build
 template=${WINE_TEMPLATE:-$build/wine-template}
 wine=/usr/lib/wine/wine64
 
