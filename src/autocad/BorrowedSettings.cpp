@@ -36,7 +36,9 @@ void BorrowedSettings::switchFileDialogsOff(const host::Document& document) {
 
 void BorrowedSettings::switchFileDialogsOn(const host::Document& document) {
     const auto switchOn = [&] { document.SetVariable(fileDialogs, 1); };
-    if (!ignoringErrors(switchOn) && !ignoringErrors(switchOn)) return lend(fileDialogs, 1);
+    bool switched = ignoringErrors(switchOn);
+    if (!switched) switched = ignoringErrors(switchOn);
+    if (!switched) return lend(fileDialogs, 1);
     if (forget(fileDialogs)) store();
 }
 
