@@ -56,6 +56,8 @@ struct HostOptions {
     TabNumbers tabNumbers = TabNumbers::shift;
     /// A layout's own name in another case counts as taken.
     bool caseIsTaken = false;
+    /// A layout that takes over another one's plot settings is called after it, too.
+    bool copyTakesName = false;
     /// The plot devices that are installed.
     std::vector<std::wstring> plotDevices = {L"DWG To PDF.pc3"};
     /// The same for all instances that are made with these options.

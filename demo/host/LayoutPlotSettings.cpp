@@ -255,7 +255,7 @@ Value LayoutObject::refreshPlotDeviceInfo(Arguments) {
     return {};
 }
 
-/// Everything but name and tab. The other layout may belong to another drawing.
+/// Everything but the tab, and mostly the name. The other layout may belong to another drawing.
 Value LayoutObject::copyFrom(Arguments arguments) {
     const auto* object = arguments[0].value().as<ObjectPtr>();
     const auto source = object ? std::dynamic_pointer_cast<LayoutObject>(*object) : nullptr;
@@ -263,6 +263,7 @@ Value LayoutObject::copyFrom(Arguments arguments) {
     source->checkReachable();
     if (source->layout().isModel() != layout().isModel()) throw failure(hostError::invalidInput);
     changePlotSettings([&](PlotSettings& settings) { settings = source->layout().plotSettings(); });
+    if (options().copyTakesName) putName(textOf(source->name()) + L" (2)");
     return {};
 }
 

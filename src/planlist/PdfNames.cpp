@@ -54,6 +54,13 @@ bool holdsForbidden(std::wstring_view pattern, const Locale& locale) {
     return plain && std::ranges::any_of(*plain, isForbidden);
 }
 
+/// From a drive or a share on; what is not, AutoCAD would look for elsewhere.
+bool isFullPath(const std::wstring& path) {
+    const auto isSeparator = [](wchar_t c) { return c == L'\\' || c == L'/'; };
+    if (path.size() < 3) return false;
+    return path[1] == L':' ? isSeparator(path[2]) : isSeparator(path[0]) && isSeparator(path[1]);
+}
+
 PdfName nameFor(const PlanList::Place& place, const std::wstring& folder, std::wstring_view pattern,
                 const Locale& locale) {
     const PlanDrawing& drawing = *place.drawing;
@@ -71,6 +78,7 @@ PdfName nameFor(const PlanList::Place& place, const std::wstring& folder, std::w
     if (target.empty()) return conflict(L"Bitte Ordner wählen");
     const std::wstring name = stem + L".pdf";
     std::wstring file = target + (target.ends_with(L'\\') ? L"" : L"\\") + name;
+    if (!isFullPath(file)) return conflict(L"Der Ordner ist kein vollständiger Pfad.");
     if (file.size() > longestPath || name.size() > longestFileName) return conflict(L"Pfad zu lang");
     return {row.number, std::move(file), {}};
 }

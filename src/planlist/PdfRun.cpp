@@ -142,8 +142,9 @@ bool PdfRun::plot(const PlanList::Place& place, const PdfSheet& sheet) {
         endSheet(L"nicht geplottet: Plotgerät ist kein PDF-Gerät");
         return false;
     }
+    if (!setAside(sheet.file)) return false;
     restore_.show(*place.row);
-    return setAside(sheet.file) && plotToFile(sheet);
+    return plotToFile(sheet);
 }
 
 void PdfRun::enter(const PlanDrawing& drawing) {
@@ -264,7 +265,7 @@ int PdfRun::count(std::wstring_view beginning) const {
 std::wstring PdfRun::statusText() const {
     if (running()) {
         if (stopped_) return L"Wird nach diesem Layout angehalten …";
-        if (next_ == sheets_.size()) return L"AutoCAD wird zurückgestellt …";
+        if (next_ == sheets_.size()) return L"Einstellungen in AutoCAD werden zurückgenommen …";
         return L"Layout " + std::to_wstring(next_ + 1) + L" von " + std::to_wstring(sheets_.size()) +
                L" wird geplottet …";
     }

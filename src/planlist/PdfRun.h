@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "planlist/PlanReader.h"
 #include "planlist/PlanRestore.h"
 #include "planlist/PlanWriteResult.h"
 
@@ -41,6 +42,8 @@ class PdfRun {
     /// Ends the run after the layout that is being plotted; may be called while it is.
     void stop();
     bool running() const { return phase_ != Phase::idle; }
+    /// Whether this row's layout is being plotted or comes next.
+    bool isAt(int row) const { return running() && next_ < sheets_.size() && sheet().row == row; }
     /// What became of each layout, by the number of its row; "" for those yet to come.
     const std::map<int, std::wstring>& results() const { return results_; }
     /// "Layout 3 von 12 wird geplottet …"; once done how many were.

@@ -12,7 +12,7 @@ std::wstring showLayout(basAutoCAD& autoCAD, PlanReader& reader, const PlanList:
                (closed ? L"„" + place.drawing->shownName + L"“ ist nicht mehr geöffnet."
                        : error.description());
     }
-    reader.readNames(*place.drawing, {});
+    reader.readState(*place.drawing);
     autoCAD.BringAutoCADToFront();
     return {};
 }
@@ -20,12 +20,15 @@ std::wstring showLayout(basAutoCAD& autoCAD, PlanReader& reader, const PlanList:
 namespace {
 
 /// Why a drawing stays as it is; "" when it is saved or has nothing to be saved.
-std::wstring saved(const PlanDrawing& drawing, int& count) {
+std::wstring saved(PlanDrawing& drawing, PlanReader& reader, int& count) {
+    // The list may be older than the changes.
+    if (!reader.readState(drawing)) return L"AutoCAD antwortet nicht";
     if (!drawing.changed) return {};
     if (!drawing.everSaved()) return L"nie gespeichert";
     if (drawing.readOnly) return L"schreibgeschützt";
     try {
         drawing.document.Save();
+        drawing.changed = false;
         ++count;
         return {};
     } catch (const RuntimeError& error) {
@@ -41,9 +44,8 @@ PlanSaveResult saveDrawings(PlanList& plan, PlanReader& reader, const std::vecto
     if (result.check.end != PlanWriteResult::End::done) return result;
     for (const std::wstring& identity : drawings) {
         PlanDrawing& drawing = *plan.findDrawing(identity);
-        const std::wstring reason = saved(drawing, result.saved);
+        const std::wstring reason = saved(drawing, reader, result.saved);
         if (!reason.empty()) result.notSaved.push_back(drawing.shownName + L": " + reason);
-        reader.readNames(drawing, {});
     }
     return result;
 }

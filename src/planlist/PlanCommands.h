@@ -21,7 +21,8 @@ struct PlanSaveResult {
     std::wstring message() const;
     std::wstring statusText() const;
 };
-/// Saves the changed ones of these drawings (by their identities) under their names, and reads their state.
+/// Saves those of these drawings (by their identities) that are changed under their names; asks the host
+/// which.
 PlanSaveResult saveDrawings(PlanList& plan, PlanReader& reader, const std::vector<std::wstring>& drawings);
 
 }  // namespace blattwart

@@ -9,6 +9,14 @@ namespace blattwart {
 
 using End = PlanWriteResult::End;
 
+namespace {
+
+std::wstring notRead(const RuntimeError& error) {
+    return L"Die Reihenfolge kann nicht gelesen werden: " + error.description();
+}
+
+}  // namespace
+
 void PlanOrder::begin(const std::vector<NewOrder>& orders) {
     std::vector<Job> jobs;
     for (const NewOrder& order : orders) {
@@ -36,6 +44,7 @@ void PlanOrder::start(std::vector<Job> jobs, bool undoing) {
     result_.undoing = undoing;
     result_.chosen = static_cast<int>(jobs_.size());
     result_.doneText = L"Reihenfolge geändert.";
+    activeDrawing_.clear();
 }
 
 bool PlanOrder::step() {
@@ -65,7 +74,7 @@ void PlanOrder::checkAll() {
             if (!isAsShown(*plan_.findDrawing(job.drawing))) result_.drawings.push_back(job.shownName);
     } catch (const RuntimeError& error) {
         if (isSilence(error)) return finish(End::noAnswer);
-        result_.reasons = {L"Die Reihenfolge kann nicht gelesen werden: " + error.description()};
+        result_.reasons = {notRead(error)};
         return finish(End::otherwise);
     }
     if (!result_.drawings.empty()) return finish(End::changedInHost);
@@ -123,6 +132,7 @@ void PlanOrder::write(const Job& job) {
         result_.reasons.push_back(L"„" + job.shownName + L"“ ist nicht mehr geöffnet.");
         return;
     }
+    before_.clear();
     try {
         if (result_.undoing && !fits(*drawing)) {
             result_.reasons.push_back(L"Die Reihenfolge in „" + job.shownName +
@@ -139,12 +149,16 @@ void PlanOrder::write(const Job& job) {
                                       L"Stand.");
         if (reached) ++result_.done;
         repaint(*drawing);
-        reader_.readNames(*drawing, {});
+        reader_.readState(*drawing);
     } catch (const RuntimeError& error) {
         if (reader_.isClosed(error)) {
             result_.reasons.push_back(L"„" + job.shownName + L"“ ist nicht mehr geöffnet.");
-        } else {
+        } else if (!before_.empty()) {
             phase_ = Phase::takeBack;
+        } else if (isSilence(error)) {
+            finish(End::noAnswer);
+        } else {
+            result_.reasons.push_back(L"„" + job.shownName + L"“: " + notRead(error));
         }
     }
 }
@@ -180,9 +194,10 @@ bool PlanOrder::put(PlanDrawing& drawing, const std::vector<std::wstring>& names
 /// The host draws its tabs anew when a layout is made the current one.
 void PlanOrder::repaint(const PlanDrawing& drawing) {
     ignoringErrors([&] {
-        const host::Document active = autoCAD_.gAcadApp.ActiveDocument();
-        if (openDrawing(active).fullName() == drawing.fullName())
-            active.putActiveLayout(active.ActiveLayout());
+        if (activeDrawing_.empty())
+            activeDrawing_ = openDrawing(autoCAD_.gAcadApp.ActiveDocument()).fullName();
+        if (activeDrawing_ == drawing.fullName())
+            drawing.document.putActiveLayout(drawing.document.ActiveLayout());
     });
 }
 
@@ -190,7 +205,7 @@ void PlanOrder::finish(End end) {
     result_.end = end;
     jobs_.clear();
     phase_ = Phase::idle;
-    undo_.settle();
+    result_.remains = undo_.settle();
 }
 
 }  // namespace blattwart

@@ -53,7 +53,9 @@ class PlanOrder : public PlanGroup {
     Phase phase_ = Phase::idle;
     std::vector<Job> jobs_;  // the next one last
     Job job_;
-    std::vector<std::wstring> before_;  // the names of the job's drawing as they stood
+    std::wstring activeDrawing_;  // its full name; "" until it is asked for
+    // The names of the job's drawing as they stood; none until something is put.
+    std::vector<std::wstring> before_;
 };
 
 }  // namespace blattwart

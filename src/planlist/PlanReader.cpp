@@ -43,7 +43,8 @@ bool PlanReader::step() {
 
 void PlanReader::stop() {
     if (state_ != State::reading) return;
-    finish(phase_ == Phase::papers ? State::done : State::stopped);
+    if (phase_ == Phase::papers) return finishRead();
+    finish(State::stopped);
 }
 
 void PlanReader::finish(State state) {
@@ -55,6 +56,11 @@ void PlanReader::finish(State state) {
     state_ = state;
 }
 
+/// All that can be shown is there.
+void PlanReader::finishRead() {
+    finish(missing_ == 0 ? State::done : State::stopped);
+}
+
 std::wstring PlanReader::statusText() const {
     switch (state_) {
         case State::reading:
@@ -62,6 +68,7 @@ std::wstring PlanReader::statusText() const {
             return L"Zeichnung " + std::to_wstring(total_ - waiting_.size() + 1) + L" von " +
                    std::to_wstring(total_) + L" wird gelesen … (Esc bricht ab)";
         case State::stopped:
+            if (missing_ == 0) return L"Einlesen abgebrochen. F5 liest neu.";
             if (missing_ == 1) return L"Einlesen abgebrochen, 1 Zeichnung fehlt. F5 liest neu.";
             return L"Einlesen abgebrochen, " + std::to_wstring(missing_) +
                    L" Zeichnungen fehlen. F5 liest neu.";
@@ -100,7 +107,7 @@ void PlanReader::readOpenDrawings(LongRead& watch) {
     std::ranges::reverse(waiting_);
     total_ = waiting_.size();
     phase_ = Phase::drawings;
-    if (waiting_.empty()) finish(missing_ == 0 ? State::done : State::stopped);
+    if (waiting_.empty()) finishRead();
 }
 
 void PlanReader::readNextDrawing(LongRead& watch) {
@@ -120,7 +127,7 @@ PlanReader::Outcome PlanReader::readDrawing(PlanDrawing& drawing, LongRead& watc
     try {
         std::optional<std::vector<PlanRow>> rows = readRows(drawing, watch);
         if (!rows) return Outcome::ended;
-        readState(drawing);
+        askState(drawing);
         plan_.setRows(drawing, std::move(*rows));
         return Outcome::read;
     } catch (const RuntimeError& error) {
@@ -174,7 +181,11 @@ void PlanReader::takePlotFacts(PlanRow& row, const PlotSettings& settings) {
     findPapers();
 }
 
-void PlanReader::readState(PlanDrawing& drawing) {
+bool PlanReader::readState(PlanDrawing& drawing) {
+    return ignoringErrors([&] { askState(drawing); });
+}
+
+void PlanReader::askState(PlanDrawing& drawing) {
     drawing.currentLayout.reset();
     readFact(drawing.currentLayout, [&] { return drawing.document.GetTextVariable(L"CTAB"); });
     if (!drawing.currentLayout)
@@ -204,7 +215,7 @@ void PlanReader::findPapers() {
     std::ranges::reverse(papersWaiting_);
     phase_ = Phase::papers;
     state_ = State::reading;
-    if (papersWaiting_.empty()) finish(missing_ == 0 ? State::done : State::stopped);
+    if (papersWaiting_.empty()) finishRead();
 }
 
 void PlanReader::readNextPaper() {
@@ -225,7 +236,7 @@ void PlanReader::readNextPaper() {
                     row.paper = readable;
         }
     }
-    if (papersWaiting_.empty()) finish(missing_ == 0 ? State::done : State::stopped);
+    if (papersWaiting_.empty()) finishRead();
 }
 
 void PlanReader::readNames(PlanDrawing& drawing, std::span<const std::size_t> rows) {
@@ -236,7 +247,7 @@ void PlanReader::readNames(PlanDrawing& drawing, std::span<const std::size_t> ro
             readFact(name, [&] { return row.layout.Name(); });
             if (name != row.name) plan_.rename(drawing, row, name);
         }
-        readState(drawing);
+        askState(drawing);
     });
     plan_.arrange(drawing);
 }

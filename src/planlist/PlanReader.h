@@ -42,6 +42,9 @@ class PlanReader {
 
     /// Whether an error of a drawing's means that the drawing alone is gone. One round trip when it may be.
     bool isClosed(const RuntimeError& error);
+    /// Reads the drawing's current layout, and whether it is changed or read-only. Returns whether the host
+    /// answers.
+    bool readState(PlanDrawing& drawing);
     /// Reads the names of these rows (by their places) and the drawing's state anew, after they were changed
     /// from here. What the host does not tell stays as it is known.
     void readNames(PlanDrawing& drawing, std::span<const std::size_t> rows);
@@ -71,10 +74,11 @@ class PlanReader {
     std::optional<std::vector<PlanRow>> readRows(PlanDrawing& drawing, LongRead& watch);
     std::optional<PlanRow> readRow(PlanDrawing& drawing, const host::Layout& layout);
     void nameKnownPaper(PlanRow& row) const;
-    void readState(PlanDrawing& drawing);
+    void askState(PlanDrawing& drawing);
     void findPapers();
     void readNextPaper();
     void finish(State state);
+    void finishRead();
 
     Check checkDrawings(std::span<const std::wstring> drawings, LongRead& watch);
     bool commandRuns(std::span<const std::wstring> drawings);

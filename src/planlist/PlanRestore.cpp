@@ -70,7 +70,10 @@ bool PlanRestore::putActiveBack() {
 
 bool PlanRestore::finish() {
     leave();
+    // On a later try another drawing may be the active one.
+    if (!places_.empty() && !active_) ignoringErrors([&] { active_ = autoCAD_.gAcadApp.ActiveDocument(); });
     std::erase_if(places_, [&](Place& place) {
+        ours_.push_back(place.fullName);
         return settled([&] { autoCAD_.activate(place.document); }) && putBack(place);
     });
     if (active_ && putActiveBack()) {

@@ -3,7 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "planlist/PlanReader.h"
+#include "autocad/basAutoCAD.h"
+#include "planlist/PlanList.h"
 
 namespace blattwart {
 
@@ -13,7 +14,7 @@ namespace blattwart {
 /// since stays as it is; on a host that is gone nothing is put back but what it keeps for its next session.
 class PlanRestore {
   public:
-    PlanRestore(basAutoCAD& autoCAD, PlanReader& reader) : autoCAD_(autoCAD), reader_(reader) {}
+    explicit PlanRestore(basAutoCAD& autoCAD) : autoCAD_(autoCAD) {}
 
     /// Remembers the active drawing, and has the host plot in the foreground and without page setup dialogs.
     /// Throws when the host refuses.
@@ -55,7 +56,6 @@ class PlanRestore {
     bool settled(Statement&& statement);
 
     basAutoCAD& autoCAD_;
-    PlanReader& reader_;
     std::vector<Place> places_;       // the entered one last
     bool entered_ = false;            // the last one is the active drawing
     host::Document active_;           // before; empty when it is active

@@ -104,6 +104,9 @@ void PlanTransfer::nextLayout() {
                 const std::wstring reason = L"„" + job_.shownName + L"“ ist nicht mehr geöffnet.";
                 notes_[job_.row] = reason;
                 result_.reasons.push_back(reason);
+            } else if (part().now) {
+                // Nothing has been put yet.
+                finish(End::noAnswer);
             } else {
                 phase_ = Phase::readBack;
             }
@@ -160,8 +163,8 @@ std::vector<PlotRefusal> PlanTransfer::copy(const PlanList::Place& source, const
         if (copyAll(source, target)) return {};
     } else if (const auto pattern = patterns_.find(job_.drawing); pattern != patterns_.end()) {
         const PlanList::Place from = plan_.find(pattern->second);
-        // A plot area that does not come along is each layout's own.
-        if (wanted.area && from && copyAll(from, target)) return {};
+        // What does not come along is each layout's own.
+        if (unread(wanted).empty() && from && copyAll(from, target)) return {};
     }
     return writePlotSettings(target.row->layout, wanted, settings_[job_.row]);
 }
@@ -170,17 +173,32 @@ std::vector<PlotRefusal> PlanTransfer::copy(const PlanList::Place& source, const
 bool PlanTransfer::copyAll(const PlanList::Place& from, const PlanList::Place& target) {
     try {
         target.row->layout.CopyFrom(from.row->layout);
-        if (target.row->layout.Name() != target.row->name) target.row->layout.putName(target.row->name);
-        return true;
     } catch (const RuntimeError& error) {
         if (isSilence(error)) throw;
         return false;
+    }
+    keepName(target);
+    return true;
+}
+
+/// The host may have copied the name, too.
+void PlanTransfer::keepName(const PlanList::Place& target) {
+    PlanRow& row = *target.row;
+    std::wstring now = row.name;
+    try {
+        readFact(now, [&] { return row.layout.Name(); });
+        if (now != row.name) row.layout.putName(row.name);
+    } catch (const RuntimeError& error) {
+        if (isSilence(error)) throw;
+        job_.renamed = L"heißt jetzt „" + now + L"“: " + error.description();
+        part().layout = job_.layout = now;
+        plan_.rename(*target.drawing, row, now);
     }
 }
 
 std::wstring PlanTransfer::noteOf(const PlotSettings& wanted, const PlotSettings& now,
                                   const std::vector<PlotRefusal>& refusals) const {
-    std::wstring note;
+    std::wstring note = job_.renamed;
     for (const PlotProperty property : differences(wanted, now)) {
         const std::wstring name = plotPropertyName(property);
         const auto refusal = std::ranges::find(refusals, property, &PlotRefusal::property);
@@ -237,6 +255,9 @@ void PlanTransfer::putBack(SettingsChanged& changed, const PlanList::Place& targ
         before.device.reset();
         before.paper.reset();
     }
+    if (!unread(changed.before).empty())
+        result_.reasons.push_back(L"Layout „" + job_.layout +
+                                  L"“: Nicht lesbare Einstellungen können geändert bleiben.");
     written_.insert(job_.drawing);
     const PlotSettings present = *std::exchange(changed.now, std::nullopt);
     const std::vector<PlotRefusal> refusals = writePlotSettings(target.row->layout, before, present);
@@ -271,9 +292,9 @@ void PlanTransfer::finish(End end) {
     result_.end = end;
     jobs_.clear();
     for (const std::wstring& identity : std::exchange(written_, {}))
-        if (PlanDrawing* drawing = plan_.findDrawing(identity)) reader_.readNames(*drawing, {});
+        if (PlanDrawing* drawing = plan_.findDrawing(identity)) reader_.readState(*drawing);
     phase_ = Phase::idle;
-    undo_.settle();
+    result_.remains = undo_.settle();
 }
 
 }  // namespace blattwart

@@ -34,8 +34,9 @@ class PlanTransfer : public PlanGroup {
         std::wstring drawing;
         std::wstring shownName;
         std::wstring layout;
-        int row = 0;           // of a target
-        std::size_t part = 0;  // of the operation that is taken back
+        int row = 0;             // of a target
+        std::size_t part = 0;    // of the operation
+        std::wstring renamed{};  // says that the layout could not keep its name
     };
 
     void begin(std::vector<Job> jobs, bool undoing);
@@ -47,6 +48,7 @@ class PlanTransfer : public PlanGroup {
     std::vector<PlotRefusal> copy(const PlanList::Place& source, const PlanList::Place& target,
                                   const PlotSettings& wanted);
     bool copyAll(const PlanList::Place& from, const PlanList::Place& target);
+    void keepName(const PlanList::Place& target);
     std::wstring noteOf(const PlotSettings& wanted, const PlotSettings& now,
                         const std::vector<PlotRefusal>& refusals) const;
     void takeBack();

@@ -14,6 +14,12 @@ void DrawingNamesChanged::note(const std::wstring& from, const std::wstring& to)
     }
 }
 
+std::size_t DrawingNamesChanged::layouts() const {
+    const bool another =
+        unknown && std::ranges::find(names, unknown->before, &NameChanged::now) == names.end();
+    return names.size() + (another ? 1 : 0);
+}
+
 namespace {
 
 template <class Part>
@@ -28,7 +34,7 @@ Part& partOf(std::vector<Part>& parts, const std::wstring& drawing, const std::w
 
 }  // namespace
 
-DrawingNamesChanged& PlanUndoEntry::of(const std::wstring& drawing, const std::wstring& shownName) {
+DrawingNamesChanged& PlanUndoEntry::namesOf(const std::wstring& drawing, const std::wstring& shownName) {
     return partOf(names, drawing, shownName);
 }
 
@@ -46,12 +52,12 @@ std::wstring PlanUndoEntry::text() const {
         return L"Seiteneinrichtung auf " + std::to_wstring(settings.size()) + L" Layouts übertragen";
     }
     std::size_t layouts = 0;
-    for (const DrawingNamesChanged& drawing : names) layouts += drawing.names.size();
+    for (const DrawingNamesChanged& drawing : names) layouts += drawing.layouts();
     return std::to_wstring(layouts) + (layouts == 1 ? L" Layout umbenannt" : L" Layouts umbenannt");
 }
 
-void PlanUndo::settle() {
-    if (empty()) return;
+bool PlanUndo::settle() {
+    if (empty()) return false;
     std::erase_if(top().names, [](const DrawingNamesChanged& drawing) {
         return drawing.names.empty() && !drawing.unknown;
     });
@@ -59,7 +65,9 @@ void PlanUndo::settle() {
     std::erase_if(top().settings, [](const SettingsChanged& changed) {
         return changed.now && differences(changed.before, *changed.now).empty();
     });
-    if (top().names.empty() && top().orders.empty() && top().settings.empty()) pop();
+    const bool remains = !top().names.empty() || !top().orders.empty() || !top().settings.empty();
+    if (!remains) pop();
+    return remains;
 }
 
 }  // namespace blattwart

@@ -24,6 +24,8 @@ struct DrawingNamesChanged {
 
     /// A layout was given another name, or its old one back, which leaves nothing to take back of it.
     void note(const std::wstring& from, const std::wstring& to);
+    /// How many were, or may have been, given another name.
+    std::size_t layouts() const;
 };
 
 /// What an operation did to the order of one drawing's layouts.
@@ -50,7 +52,7 @@ struct PlanUndoEntry {
     std::vector<SettingsChanged> settings;
 
     /// What it did to this drawing; added when it is the first.
-    DrawingNamesChanged& of(const std::wstring& drawing, const std::wstring& shownName);
+    DrawingNamesChanged& namesOf(const std::wstring& drawing, const std::wstring& shownName);
     OrderChanged& orderOf(const std::wstring& drawing, const std::wstring& shownName);
     /// "12 Layouts umbenannt".
     std::wstring text() const;
@@ -67,7 +69,8 @@ class PlanUndo {
     /// Drops the last operation: it was taken back, or the user gives it up.
     void pop() { entries_.pop_back(); }
     /// Drops the last operation if nothing is left to be taken back of it, with the drawings that are done.
-    void settle();
+    /// Returns whether it is still there.
+    bool settle();
 
   private:
     std::vector<PlanUndoEntry> entries_;

@@ -89,8 +89,7 @@ std::wstring PlanWriteResult::statusText() const {
         return L"Abgebrochen: " + std::to_wstring(done) + L" von " + std::to_wstring(chosen) + L" erledigt.";
     if (end != End::done) return {};
     if (undoing) return L"Rückgängig gemacht: " + what + L".";
-    if (!doneText.empty()) return doneText;
-    return std::to_wstring(done) + (done == 1 ? L" Layout umbenannt." : L" Layouts umbenannt.");
+    return doneText;
 }
 
 }  // namespace blattwart

@@ -100,7 +100,7 @@ std::vector<std::wstring> PlanWriter::unfit(Job& job) {
     }
     PlanDrawing* drawing = plan_.findDrawing(job.drawing);
     if (!drawing) return {L"„" + job.shownName + L"“ ist nicht mehr geöffnet."};
-    DrawingNamesChanged& part = undo_.top().of(job.drawing, job.shownName);
+    DrawingNamesChanged& part = undo_.top().namesOf(job.drawing, job.shownName);
     const auto exists = [&](const std::wstring& name) {
         return std::ranges::find(drawing->rows, name, &PlanRow::name) != drawing->rows.end();
     };
@@ -224,9 +224,11 @@ void PlanWriter::endDrawing() {
 
 void PlanWriter::finish(PlanWriteResult::End end) {
     result_.end = end;
+    result_.doneText =
+        std::to_wstring(result_.done) + (result_.done == 1 ? L" Layout umbenannt." : L" Layouts umbenannt.");
     jobs_.clear();
     phase_ = Phase::idle;
-    undo_.settle();
+    result_.remains = undo_.settle();
 }
 
 }  // namespace blattwart

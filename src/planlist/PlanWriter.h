@@ -58,7 +58,7 @@ class PlanWriter : public PlanGroup {
     void noteName(PlanRow& row, const std::wstring& name);
     void endDrawing();
     void finishWhenDone();
-    DrawingNamesChanged& undoPart() { return undo_.top().of(work_.job.drawing, work_.job.shownName); }
+    DrawingNamesChanged& undoPart() { return undo_.top().namesOf(work_.job.drawing, work_.job.shownName); }
     PlanDrawing* drawing() { return plan_.findDrawing(work_.job.drawing); }
     void finish(PlanWriteResult::End end);
 

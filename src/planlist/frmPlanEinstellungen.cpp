@@ -115,9 +115,8 @@ void frmPlanEinstellungen::show() {
             for (std::size_t i = 0; i < row.cells.size(); ++i)
                 item.setColumn(static_cast<int>(i) + 3, row.cells[i]);
             const auto outcome = transfer_.notes().find(row.row);
-            const bool written = work_ == Work::writing || reported_;
             item.setColumn(noteColumn,
-                           written && outcome != transfer_.notes().end() ? outcome->second : row.note);
+                           begun_ && outcome != transfer_.notes().end() ? outcome->second : row.note);
         }
     }
     showState();
@@ -155,6 +154,7 @@ void frmPlanEinstellungen::cmdQuelle_Click() {
 
 void frmPlanEinstellungen::cmdUebertragen_Click() {
     transfer_.begin(source_, rows_, settings_);
+    begun_ = true;
     work_ = Work::writing;
     window().stepLater();
     showState();

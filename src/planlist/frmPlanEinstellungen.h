@@ -57,6 +57,7 @@ class frmPlanEinstellungen : public Dialog {
     std::size_t read_ = 0;  // rows whose settings are known
     SettingsByRow settings_;
     TransferPreview preview_;
+    bool begun_ = false;  // to write
     bool reported_ = false;
     bool closing_ = false;
     std::wstring note_;

@@ -50,7 +50,10 @@ frmPlanPdf::frmPlanPdf(PlanList& plan, PdfRun& run, std::vector<int> rows, PdfCh
         lookAtFolders();
         return false;
     };
-    chkAndere.events.click = [this] { takeFields(); };
+    chkAndere.events.click = [this] {
+        choice_.otherDevices = chkAndere.checked();
+        lookAtFolders();
+    };
     cmdDurchsuchen.events.click = [this] { cmdDurchsuchen_Click(); };
     cmdPlotten.events.click = [this] { cmdPlotten_Click(); };
     cmdOrdner.events.click = [this] { cmdOrdner_Click(); };
@@ -96,8 +99,25 @@ void frmPlanPdf::takeFields() {
     plan();
 }
 
+/// Whether its device makes no PDF files, and is not replaced.
+bool frmPlanPdf::isLeftOut(int row) const {
+    const PlanList::Place place = plan_.find(row);
+    return !place || !(choice_.otherDevices || makesPdf(*place.row));
+}
+
+bool frmPlanPdf::makesPdf(const PlanRow& row) const {
+    return isPdfDevice(row.device.value_or(L""), platform_.locale);
+}
+
+/// Of the layouts that are plotted; the others keep no name from them.
+std::vector<PdfName> frmPlanPdf::fileNames() const {
+    std::vector<int> rows;
+    std::ranges::copy_if(rows_, std::back_inserter(rows), [this](int row) { return !isLeftOut(row); });
+    return pdfNames(plan_, rows, choice_.folder, choice_.pattern, platform_.locale);
+}
+
 void frmPlanPdf::lookAtFolders() {
-    for (const PdfName& name : pdfNames(plan_, rows_, choice_.folder, choice_.pattern, platform_.locale))
+    for (const PdfName& name : fileNames())
         if (name.conflict.empty()) folderOf(folderPart(name.file));
     plan();
 }
@@ -123,23 +143,19 @@ const frmPlanPdf::Folder& frmPlanPdf::folderOf(const std::wstring& path) {
 void frmPlanPdf::plan() {
     reported_ = false;
     sheets_.clear();
-    for (const PdfName& name : pdfNames(plan_, rows_, choice_.folder, choice_.pattern, platform_.locale))
-        sheets_.push_back(sheetOf(name));
+    const std::vector<PdfName> names = fileNames();
+    for (auto name = names.begin(); const int row : rows_)
+        sheets_.push_back(isLeftOut(row) ? Sheet{{row, {}, false}, {}, true} : sheetOf(*name++));
     show();
 }
 
-frmPlanPdf::Sheet frmPlanPdf::sheetOf(const PdfName& name) {
-    Sheet sheet{{name.row, name.file, false}, name.conflict};
-    const PlanRow& row = *plan_.find(name.row).row;
-    const bool makesPdf = isPdfDevice(row.device.value_or(L""), platform_.locale);
-    sheet.plan.byPdfDevice = !makesPdf && choice_.otherDevices;
-    sheet.leftOut = !makesPdf && !choice_.otherDevices;
-    if (sheet.leftOut) sheet.conflict.clear();
-    if (!sheet.conflict.empty() || name.file.empty()) return sheet;
+frmPlanPdf::Sheet frmPlanPdf::sheetOf(const PdfName& name) const {
+    Sheet sheet{{name.row, name.file, !makesPdf(*plan_.find(name.row).row)}, name.conflict};
+    if (!sheet.conflict.empty()) return sheet;
     // While a folder is being typed nobody is asked.
     const auto folder = folders_.find(platform_.locale.upperCase(folderPart(name.file)));
     if (folder == folders_.end()) return sheet;
-    if (!sheet.leftOut) sheet.conflict = folder->second.conflict;
+    sheet.conflict = folder->second.conflict;
     const std::wstring file = name.file.substr(folderPart(name.file).size() + 1);
     sheet.exists = folder->second.files.contains(platform_.locale.upperCase(file));
     return sheet;
@@ -147,6 +163,7 @@ frmPlanPdf::Sheet frmPlanPdf::sheetOf(const PdfName& name) {
 
 std::wstring frmPlanPdf::textOf(const Sheet& sheet) const {
     if (run_.running() || reported_) {
+        if (run_.isAt(sheet.plan.row)) return L"wird geplottet …";
         const auto result = run_.results().find(sheet.plan.row);
         if (result != run_.results().end()) return result->second;
     }
@@ -221,8 +238,7 @@ void frmPlanPdf::cmdPlotten_Click() {
         platform_.settings.set(patternSetting, choice_.pattern);
         platform_.settings.set(otherSetting, choice_.otherDevices ? L"1" : L"0");
     });
-    const auto existing =
-        std::ranges::count_if(sheets_, [](const Sheet& sheet) { return sheet.exists && !sheet.leftOut; });
+    const auto existing = std::ranges::count_if(sheets_, [](const Sheet& sheet) { return sheet.exists; });
     bool replace = false;
     if (existing > 0) {
         const std::wstring question =

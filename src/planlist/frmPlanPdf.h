@@ -62,10 +62,13 @@ class frmPlanPdf : public Dialog {
     };
 
     void takeFields();
+    bool isLeftOut(int row) const;
+    bool makesPdf(const PlanRow& row) const;
+    std::vector<PdfName> fileNames() const;
     void lookAtFolders();
     const Folder& folderOf(const std::wstring& path);
     void plan();
-    Sheet sheetOf(const PdfName& name);
+    Sheet sheetOf(const PdfName& name) const;
     void show();
     void showState();
     std::wstring textOf(const Sheet& sheet) const;

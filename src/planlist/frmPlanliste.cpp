@@ -43,7 +43,7 @@ frmPlanliste::frmPlanliste(basAutoCAD& autoCAD, PlanDialogs& dialogs, basHTMLHel
       writer_(reader_, plan_, undo_, platform),
       order_(autoCAD, reader_, plan_, undo_),
       transfer_(reader_, plan_, undo_, platform.locale),
-      restore_(autoCAD, reader_),
+      restore_(autoCAD),
       pdf_(reader_, plan_, restore_, platform) {
     lvPlan.setMode(ListViewMode::details);
     std::vector<int> positions;

@@ -112,8 +112,11 @@ void frmPlanliste::goOnWriting() {
 void frmPlanliste::tell(const PlanWriteResult& result) {
     const std::wstring message = result.message();
     if (message.empty()) return;
-    if (result.end != PlanWriteResult::End::partly) return platform_.messages.warn(message);
-    if (platform_.messages.ask(message + L"\n\nSoll der Rest nicht mehr rückgängig gemacht werden können?")) {
+    if (result.end != PlanWriteResult::End::partly || !result.remains)
+        return platform_.messages.warn(message);
+    if (platform_.messages.ask(
+            message +
+            L"\n\nSoll der Rest bleiben, wie er ist? Mit „Nein“ können Sie es noch einmal versuchen.")) {
         undo_.pop();
         showState();
     }

@@ -18,6 +18,7 @@ class Desktop {
     virtual WindowHandle findWindow(const std::wstring& caption) = 0;
     /// Shows the window in its normal state, neither minimised nor maximised.
     virtual void showNormal(WindowHandle window) = 0;
+    /// Of a window that is disabled the dialog over it comes to the front.
     virtual void setForeground(WindowHandle window) = 0;
     /// False for a window that is hidden or not there any more; a minimised one is visible.
     virtual bool isVisible(WindowHandle window) = 0;

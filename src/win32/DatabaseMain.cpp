@@ -45,6 +45,8 @@ int makeDatabase() {
 /// "Datenbank anlegen", the program beside Blattwart.
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     blattwart::hardenLibrarySearch();
+    // A drive without a medium fails as others do, without a box of Windows' own that holds the program up.
+    SetErrorMode(SEM_FAILCRITICALERRORS);
     try {
         return makeDatabase();
     } catch (const blattwart::RuntimeError&) {

@@ -104,7 +104,11 @@ class Application {
     Win32MessageBoxes messages_;
     Gate gate_;
     HostCaller hostCaller_{gate_};
-    Guard guard_{[this](const std::wstring& text) { messages_.reportError(text); }};
+    Guard guard_{[this](const std::wstring& text) {
+        // The event that failed is over; the box must not let others in all the same.
+        const Gate::Event event(gate_);
+        messages_.reportError(text);
+    }};
     WaitingNotice notice_{guard_, [this] { hostCaller_.endProgram(); }};
     ComAutomation automation_{hostCaller_};
     Win32Registry registry_;
@@ -132,6 +136,8 @@ class Application {
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     blattwart::hardenLibrarySearch();
+    // A drive without a medium fails as others do, without a box of Windows' own that holds the program up.
+    SetErrorMode(SEM_FAILCRITICALERRORS);
     INITCOMMONCONTROLSEX controls{sizeof(INITCOMMONCONTROLSEX),
                                   ICC_TREEVIEW_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
     InitCommonControlsEx(&controls);

@@ -10,14 +10,15 @@ using demo::Plots;
 /// background and asks for the page setup of new layouts, as it is set up.
 class Plotting : public PlanWorld {
   public:
-    explicit Plotting(demo::HostOptions options = {}) : PlanWorld(std::move(options)) {
+    explicit Plotting(demo::HostOptions options = {}, const std::wstring& device = pdfDevice)
+        : PlanWorld(std::move(options)) {
         profile().showsPageSetup = true;
         a = open(L"C:\\P", L"A.dwg", {L"eins", L"zwei", L"drei"});
         b = open(L"C:\\P", L"B.dwg", {L"eins", L"zwei"});
         c = open(L"C:\\P", L"C.dwg", {L"eins"});
         for (const auto& document : {a, b})
             for (demo::Layout* layout : document->drawing().layouts())
-                change(document, layout->name(), [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
+                change(document, layout->name(), [&](demo::PlotSettings& s) { s.device = device; });
         b->drawing().setCurrentLayout(b->drawing().modelLayout());
         read();
         sheets = {{number(L"A.dwg", L"zwei"), L"C:\\P\\A-zwei.pdf"},
@@ -63,14 +64,17 @@ TEST(PdfRunTest, WhatIsNoPdfIsToldAndTheFileBeforeComesBack) {
     const struct {
         Plots plots;
         const wchar_t* result;
+        const wchar_t* device = pdfDevice;  // the only one that is installed
     } cases[] = {
         {Plots::notAtAll, L"nicht geplottet: AutoCAD hat keine Datei geschrieben"},
         {Plots::nothing, L"nicht geplottet: AutoCAD hat keine Datei geschrieben"},
         {Plots::cutOff, L"nicht geplottet: AutoCAD hat keine PDF-Datei geschrieben"},
         {Plots::asOtherKind, L"nicht geplottet: AutoCAD hat keine PDF-Datei geschrieben"},
+        {Plots::asAsked, L"nicht geplottet: AutoCAD hat keine PDF-Datei geschrieben", L"Plotter.pc3"},
     };
     for (const auto& each : cases) {
-        Plotting world({.plots = each.plots});
+        Plotting world({.plotDevices = {each.device}, .plots = each.plots}, each.device);
+        for (PdfSheet& sheet : world.sheets) sheet.byPdfDevice = each.device != std::wstring(pdfDevice);
         const std::wstring before = world.state();
         world.write(L"C:\\P\\A-zwei.pdf", "alt");
         world.plot();
@@ -95,6 +99,8 @@ TEST(PdfRunTest, AReasonStandsBesideEachLayoutThatWasLeftOut) {
     EXPECT_EQ(world.result(0), L"nicht geplottet: Plotgerät ist kein PDF-Gerät");
     EXPECT_EQ(world.result(1), L"fertig");
     EXPECT_EQ(world.result(2), L"nicht geplottet: C:\\P\\A-drei.pdf ist in einem anderen Programm geöffnet");
+    EXPECT_EQ(std::ranges::count(world.calls.list(), std::wstring(L"put Document.ActiveLayout")), 2)
+        << "none is shown that is not plotted";
     world.sheets[0].byPdfDevice = true;
     world.write(L"C:\\P\\A-drei.pdf.alt", "älter");
     world.world.files.fails = [](std::wstring_view) { return false; };
@@ -126,8 +132,16 @@ TEST(PdfRunTest, TheHostIsAsBeforeAndNoFileIsLostAlsoAfterAFailureAtAnyCall) {
     EXPECT_EQ(undisturbed.state(), before);
     EXPECT_EQ(undisturbed.world.settings.values[L"PlanRestore"], L"");
     EXPECT_EQ(undisturbed.calls.count(L"Activate"), 3U) << "each drawing once, and the first one again";
+
+    Plotting twice;
+    twice.pdf.begin(twice.sheets, true);
+    while (twice.result(1) != L"fertig") twice.pdf.step();
+    twice.failNext(L"put Document.ActiveLayout", refused, 2);
+    PlanWorld::finish(twice.pdf);
+    EXPECT_NE(twice.state(), before);
+    EXPECT_TRUE(twice.restore.finish());
+    EXPECT_EQ(twice.state(), before) << "the active drawing, too";
     const std::size_t all = undisturbed.calls.count();
-    constexpr auto refused = static_cast<std::int32_t>(0x80200003);
     for (std::size_t call = 1; call <= all; ++call) {
         for (const auto& [error, last] :
              {std::pair(refused, call), std::pair(hresult::callCanceled, call),

@@ -18,6 +18,9 @@ namespace blattwart::test {
 
 using Names = std::vector<std::wstring>;
 
+/// The host's own error, of a call that it does not like.
+inline constexpr auto refused = static_cast<std::int32_t>(0x80200003);
+
 /// The plan list on a demonstration host of its own, without its window.
 class PlanWorld {
   public:
@@ -98,6 +101,13 @@ class PlanWorld {
         for (std::size_t n = first; n <= last; ++n)
             calls.failAt(n, RuntimeError(number, L"Ungültige Eingabe"), moment);
     }
+    /// The next calls of this name ("put Layout.Name") fail.
+    void failNext(const std::wstring& call, std::int32_t number, int times = 1) {
+        calls.beforeCall([=, this](std::size_t n) mutable {
+            if (calls.list().back() == call && times-- > 0)
+                calls.failAt(n, RuntimeError(number, L"Ungültige Eingabe"));
+        });
+    }
 
     demo::DemoAutomation demo;
     demo::CallRecorder calls{demo};
@@ -111,7 +121,7 @@ class PlanWorld {
     PlanWriter writer{reader, plan, undo, world.platform};
     PlanOrder order{autoCAD, reader, plan, undo};
     PlanTransfer transfer{reader, plan, undo, world.locale};
-    PlanRestore restore{autoCAD, reader};
+    PlanRestore restore{autoCAD};
     PdfRun pdf{reader, plan, restore, world.platform, std::chrono::milliseconds(5)};
 
   private:
@@ -132,15 +142,18 @@ struct FailingCalls {
     std::size_t count;
 };
 
-/// Lets each call of an operation fail, by one of the failures after the other: in the end the host has what
-/// was wanted, or the user is told, and in both cases it can be taken back. `make` gives a world whose
-/// operation has begun and called nothing yet: a pointer to a PlanWorld with `group()`, which goes on with
-/// it, and `now()`, what it changes.
+/// Lets each call of an operation and of taking it back fail, by one of the failures after the other: in the
+/// end the host has what was wanted, or the user is told, and in both cases it can be taken back. `make`
+/// gives a world whose operation has begun and called nothing yet: a pointer to a PlanWorld with `group()`,
+/// which goes on with it, and `now()`, what it changes.
 template <class Make>
 void expectFailuresCanBeTakenBack(const Make& make, const std::vector<FailingCalls>& failures) {
     const auto undisturbed = make();
     const auto before = undisturbed->now();
     PlanWorld::finish(undisturbed->group());
+    const auto wanted = undisturbed->now();
+    const std::size_t callsOfOperation = undisturbed->calls.count();
+    PlanWorld::takeBack(undisturbed->group());
     for (std::size_t call = 1; call <= undisturbed->calls.count(); ++call) {
         const auto& [error, count] = failures[call % failures.size()];
         SCOPED_TRACE(std::to_string(count) + " from " + std::to_string(call));
@@ -148,8 +161,10 @@ void expectFailuresCanBeTakenBack(const Make& make, const std::vector<FailingCal
         PlanGroup& group = world->group();
         world->failFrom(call, call + count - 1, error, demo::Moment::after);
         PlanWorld::finish(group);
+        const bool undoing = call > callsOfOperation;
+        if (undoing) PlanWorld::takeBack(group);
         world->calls.heal();
-        EXPECT_TRUE(world->now() == undisturbed->now() || !group.result().message().empty());
+        EXPECT_TRUE(world->now() == (undoing ? before : wanted) || !group.result().message().empty());
         if (!world->undo.empty()) PlanWorld::takeBack(group);
         EXPECT_EQ(world->now(), before);
         EXPECT_TRUE(world->undo.empty());

@@ -91,6 +91,15 @@ TEST_F(ReadTest, AReadingThatEndsEarlyShowsWholeDrawingsOnly) {
         reader.step();
         reader.step();
     };
+    autoCAD.ConnectAutoCAD();
+    begin();
+    failNext(L"get Document.Layouts", refused);
+    reader.step();
+    reader.step();
+    reader.stop();
+    EXPECT_EQ(reader.statusText(), L"Einlesen abgebrochen, 1 Zeichnung fehlt. F5 liest neu.")
+        << "also where only papers are left to read";
+
     read();
     begin();
     EXPECT_EQ(rows(), all) << "what was read before stays until it is read anew";
@@ -149,7 +158,7 @@ TEST_F(ReadTest, AFactThatIsRefusedLeavesItsCellEmpty) {
     for (std::size_t i = 0; i < asked.size(); ++i) {
         SCOPED_TRACE(testing::Message() << i);
         calls.clear();
-        calls.failAt(i + 1, RuntimeError(static_cast<std::int32_t>(0x80200003), L"Ungültige Eingabe"));
+        calls.failAt(i + 1, RuntimeError(refused, L"Ungültige Eingabe"));
         read();
         calls.heal();
         const bool needed = asked[i] == L"get Layout.Name" || asked[i] == L"enumerate" ||

@@ -42,10 +42,12 @@ TEST(TabOrderTest, EveryOrderIsReachedAndGoesBackWhateverTheHostMakesOfDoubles) 
             const std::vector<Names> before = world.now();
             std::vector<Names> wanted = before;
             for (Names& names : wanted) std::ranges::shuffle(names, random);
+            world.calls.clear();
             world.begin(wanted);
             PlanWorld::finish(world.order);
             EXPECT_EQ(world.now(), wanted);
             EXPECT_EQ(world.shown(), wanted);
+            EXPECT_LE(world.calls.count(L"ActiveDocument"), 2U) << "for the check, and for the tabs";
             EXPECT_EQ(world.order.result().statusText(), L"Reihenfolge geändert.");
             if (turn % 2 != 0 || world.undo.empty()) continue;
             PlanWorld::takeBack(world.order);
@@ -63,14 +65,16 @@ TEST(TabOrderTest, EveryOrderIsReachedAndGoesBackWhateverTheHostMakesOfDoubles) 
 
 TEST(TabOrderTest, AFailureAtAnyCallIsToldAndCanBeTakenBack) {
     const std::vector<Names> wanted{{L"f", L"a", L"b", L"e", L"d", L"c"}, {L"z", L"x", L"y"}};
+    std::vector<FailingCalls> failures{
+        {refused, 1}, {hresult::callCanceled, 1}, {hresult::callCanceled, 500}};
     for (const demo::TabNumbers manner : manners) {
         const auto make = [&] {
             auto world = std::make_unique<Ordering>(manner);
             world->begin(wanted);
             return world;
         };
-        expectFailuresCanBeTakenBack(make, {{hresult::callCanceled, 1}});
-        expectFailuresCanBeTakenBack(make, {{hresult::callCanceled, 500}});
+        expectFailuresCanBeTakenBack(make, failures);
+        std::ranges::rotate(failures, failures.begin() + 1);
     }
 }
 
@@ -79,18 +83,14 @@ TEST(TabOrderTest, WhatIsNotAsWishedIsTold) {
     std::vector<Names> wanted = world.now();
     std::ranges::reverse(wanted[1]);
     // The host does nothing of what it is told, as where another client holds the drawing.
-    world.calls.beforeCall([&](std::size_t number) {
-        if (world.calls.calls()[number - 1].kind == demo::RecordedCall::Kind::put)
-            world.calls.failAt(number, RuntimeError(-1, L"gesperrt"));
-    });
+    world.failNext(L"put Layout.TabOrder", refused, 100);
     world.begin(wanted);
     PlanWorld::finish(world.order);
     EXPECT_EQ(world.order.result().message(),
               L"AutoCAD hat die Reihenfolge in „B.dwg“ nicht wie gewünscht übernommen. Die Planliste zeigt "
               L"den jetzigen Stand.");
     EXPECT_TRUE(world.undo.empty());
-    world.calls.beforeCall([](std::size_t) {});
-    world.calls.heal();
+    world.calls.beforeCall({});
 
     world.documents[1]->putTabNumber(*world.documents[1]->findLayout(L"x"), 9);
     world.begin(wanted);
@@ -100,6 +100,14 @@ TEST(TabOrderTest, WhatIsNotAsWishedIsTold) {
     world.begin(wanted);
     PlanWorld::finish(world.order);
     EXPECT_EQ(world.now(), wanted);
+    for (const auto& [error, told] :
+         {std::pair(refused, L"\n„B.dwg“: Die Reihenfolge kann nicht gelesen werden: Ungültige Eingabe"),
+          std::pair(hresult::callCanceled,
+                    L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.")}) {
+        world.failNext(L"get Layout.TabOrder", error);
+        PlanWorld::takeBack(world.order);
+        EXPECT_TRUE(world.order.result().message().ends_with(told));
+    }
     world.documents[1]->putTabNumber(*world.documents[1]->findLayout(L"x"), 9);
     world.documents[1]->putTabNumber(*world.documents[1]->findLayout(L"y"), 10);
     PlanWorld::takeBack(world.order);

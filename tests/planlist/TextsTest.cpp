@@ -186,6 +186,9 @@ TEST_F(NamesTest, PdfFilesHaveNamesOfTheirOwnThatWindowsTakes) {
     EXPECT_EQ(names(L"E:\\", L"<Layout>")[2], L"! Dateiname doppelt");
     EXPECT_EQ(names(L"E:\\", L"<Layout>")[4], L"! Dateiname doppelt");
     EXPECT_EQ(names(L"E:\\", L"<Layout>")[5], L"E:\\Layout1.pdf");
+    EXPECT_EQ(names(L"\\\\Server\\P", L"<Layout>")[1], L"\\\\Server\\P\\a.pdf");
+    for (const wchar_t* folder : {L"..", L"\\Temp", L"E:x", L"x"})
+        EXPECT_EQ(names(folder, L"<Layout>")[1], L"! Der Ordner ist kein vollständiger Pfad.");
     EXPECT_EQ(names(L"E:", L"<Zeichnung>-<nr>")[3], L"E:\\A-4.pdf");
     EXPECT_EQ(names(L"E:", L"<Blatt>")[0], L"! unbekannter Platzhalter");
     EXPECT_EQ(names(L"E:", L"a/<Nr>")[0], L"! unzulässiges Zeichen im Dateinamen");

@@ -7,7 +7,8 @@ namespace {
 /// The source in A.dwg, two targets there and two in B.dwg.
 class Transferring : public PlanWorld {
   public:
-    explicit Transferring(demo::HostOptions options = {}) : PlanWorld(std::move(options)) {
+    explicit Transferring(demo::HostOptions options = {}, const Names& withDevice = {L"b2"})
+        : PlanWorld(std::move(options)) {
         a = open(L"C:\\P", L"A.dwg", {L"Quelle", L"a1", L"a2"});
         b = open(L"C:\\P", L"B.dwg", {L"b1", L"b2"});
         change(a, L"Quelle", [](demo::PlotSettings& s) {
@@ -25,7 +26,9 @@ class Transferring : public PlanWorld {
             s.flags |= demo::plotFlag::hidden;
             s.offsetX = 5;
         });
-        change(b, L"b2", [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
+        for (const std::wstring& layout : withDevice)
+            change(layout.starts_with(L'a') ? a : b, layout,
+                   [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
         prepare();
     }
 
@@ -67,7 +70,7 @@ class Transferring : public PlanWorld {
 };
 
 TEST(TransferTest, EveryLayoutTakesAllAndGetsBackWhatItHad) {
-    Transferring world;
+    Transferring world({.copyTakesName = true});
     const auto before = world.now();
     world.carryOver();
     const demo::PlotSettings source = Transferring::settingsOf(world.a, L"Quelle");
@@ -86,6 +89,14 @@ TEST(TransferTest, EveryLayoutTakesAllAndGetsBackWhatItHad) {
     EXPECT_EQ(world.now()[3], before[3]);
     EXPECT_EQ(world.now()[2].device, source.device);
     EXPECT_EQ(world.now()[2].styleSheet, before[2].styleSheet);
+    EXPECT_TRUE(world.undo.empty());
+
+    world.prepare();
+    world.failNext(L"put Layout.Name", refused);
+    world.carryOver();
+    EXPECT_EQ(world.note(0), L"heißt jetzt „Quelle (2)“: Ungültige Eingabe");
+    EXPECT_TRUE(world.rows()[1].starts_with(L"A.dwg|2|Quelle (2)|DWG To PDF.pc3|"));
+    PlanWorld::takeBack(world.transfer);
     EXPECT_TRUE(world.undo.empty());
 }
 
@@ -110,6 +121,19 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     EXPECT_EQ(world.note(2), L"Plotstil nicht übernommen: Ungültige Eingabe");
     EXPECT_EQ(world.transfer.result().message(), L"Nicht alles wurde übertragen, siehe Spalte „Hinweis“.");
 
+    // What cannot be read stays each layout's own in another drawing, and is not known when taken back.
+    PlanWorld::change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.plotType = 1; });
+    PlanWorld::change(world.b, L"b1", [](demo::PlotSettings& s) { s.styleSheet = L"x.ctb"; });
+    world.prepare();
+    world.settings[world.source].styleSheet.reset();
+    world.settings[world.targets[3]].paperUnits.reset();
+    world.carryOver();
+    EXPECT_EQ(world.note(2) + world.note(3), L"übertragenübertragen");
+    EXPECT_EQ(Transferring::settingsOf(world.b, L"b2").styleSheet, L"");
+    PlanWorld::takeBack(world.transfer);
+    EXPECT_EQ(world.transfer.result().reasons,
+              Names{L"Layout „b2“: Nicht lesbare Einstellungen können geändert bleiben."});
+
     PlanWorld::change(world.a, L"Quelle", [](demo::PlotSettings& s) { s.device = L"Alt.pc3"; });
     world.prepare();
     world.carryOver();
@@ -122,6 +146,9 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
     EXPECT_EQ(world.note(2), L"nicht übertragen: die Quelle hat kein Plotgerät");
     EXPECT_EQ(Transferring::settingsOf(world.a, L"a1").device, L"");
     PlanWorld::change(world.a, L"a1", [](demo::PlotSettings& s) { s.rotation = 3; });
+    world.failNext(L"get Layout.ConfigName", hresult::callCanceled);
+    PlanWorld::takeBack(world.transfer);
+    EXPECT_EQ(world.transfer.result().end, PlanWriteResult::End::noAnswer);
     PlanWorld::takeBack(world.transfer);
     EXPECT_EQ(world.transfer.result().reasons.front(),
               L"Layout „a1“: Seiteneinrichtung inzwischen geändert.");
@@ -129,16 +156,11 @@ TEST(TransferTest, WhatDoesNotGoIsSaidBesideTheLayout) {
 
 TEST(TransferTest, AFailureAtAnyCallLeavesNothingThatCannotBeTakenBack) {
     const auto make = [] {
-        auto world = std::make_unique<Transferring>();
         // Each target has a device, so that all can be put back.
-        for (const auto& [document, layout] :
-             {std::pair(world->a, L"a1"), {world->a, L"a2"}, {world->b, L"b1"}})
-            world->change(document, layout, [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
-        world->prepare();
+        auto world = std::make_unique<Transferring>(demo::HostOptions{}, Names{L"a1", L"a2", L"b1", L"b2"});
         world->begin();
         return world;
     };
-    constexpr auto refused = static_cast<std::int32_t>(0x80200003);
     expectFailuresCanBeTakenBack(make,
                                  {{refused, 1}, {hresult::callCanceled, 1}, {hresult::callCanceled, 500}});
 }

@@ -15,8 +15,9 @@ class PlanPlotTest : public PlanListProgram {
         world.files.addFolder(L"C:\\Haus");
     }
 
-    void undo() {
+    void undo(const std::wstring& told = {}) {
         world.messages.answer(MessageAnswer::yes);
+        if (!told.empty()) world.messages.expect(told);
         press(control(L'Z'));
         window().goOn();
     }
@@ -76,14 +77,19 @@ TEST_F(PlanPlotTest, TabsStandAsTheUserHasMovedThemAndGoBack) {
 }
 
 TEST_F(PlanPlotTest, APageSetupIsShownBeforeItIsCarriedOver) {
-    for (const auto& [document, layout] : {std::pair(house, L"EG"), {house, L"OG 2"}, {plan, L"EG"}})
-        change(document, layout, [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
+    for (const wchar_t* layout : {L"EG", L"OG 2"})
+        change(house, layout, [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
     change(house, L"OG 2", [](demo::PlotSettings& s) {
         s.paper = L"ISO_A3_(420.00_x_297.00_MM)";
         s.rotation = 1;
     });
     const demo::PlotSettings before = settingsOf(house, L"EG");
     open([this, &before] {
+        select({L"Haus.dwg/OG 10"});
+        press({.key = Shortcut::f2});
+        const std::wstring attic = L"Dach";
+        list().lvPlan.userEndsLabelEdit(&attic);
+        window().goOn();
         select({L"Haus.dwg/EG"});
         EXPECT_FALSE(list().cmdEinstellungen.enabled());
         select({L"Haus.dwg/EG", L"Haus.dwg/OG 2", L"Plan.dwg/EG"});
@@ -109,9 +115,12 @@ TEST_F(PlanPlotTest, APageSetupIsShownBeforeItIsCarriedOver) {
         EXPECT_EQ(status(), L"Seiteneinrichtung übertragen.");
         EXPECT_EQ(settingsOf(plan, L"EG").rotation, 1);
         EXPECT_EQ(list().lvPlan.row(0).column(5), L"ISO A3 (420.00 x 297.00 MM)");
-        undo();
+        undo(
+            L"Rückgängig gemacht bis auf:\nLayout „EG“: Plotgerät und Papier bleiben, vorher war kein "
+            L"Plotgerät gewählt.");
         EXPECT_EQ(settingsOf(house, L"EG"), before);
-        EXPECT_EQ(status(), L"Rückgängig gemacht: Seiteneinrichtung auf 2 Layouts übertragen.");
+        undo();
+        EXPECT_EQ(status(), L"Rückgängig gemacht: 1 Layout umbenannt.");
     });
     open([this] {
         change(plan, L"EG", [](demo::PlotSettings& s) { s.device = L"Weg.pc3"; });
@@ -129,6 +138,18 @@ TEST_F(PlanPlotTest, APageSetupIsShownBeforeItIsCarriedOver) {
         };
         list().cmdEinstellungen.userClicks();
         window().goOn();
+        select({L"Plan.dwg/EG", L"Haus.dwg/EG", L"Haus.dwg/OG 2"});
+        presenter.inPlanEinstellungen = [this](frmPlanEinstellungen& form) {
+            form.step();
+            form.step();
+            calls.failAt(calls.count() + 1, RuntimeError(hresult::callRejected, L"beschäftigt"));
+            window().goOn();
+            EXPECT_EQ(form.lblStatus.text(), L"AutoCAD antwortet nicht.");
+            EXPECT_EQ(form.lvNach.row(1).column(9), L"") << "nothing of the transfer before";
+            form.cmdCancel.userClicks();
+        };
+        list().cmdEinstellungen.userClicks();
+        EXPECT_EQ(status(), L"5 Layouts, 3 markiert");
     });
 }
 
@@ -138,12 +159,13 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
     world.files.fill(L"C:\\Haus\\1 EG.pdf", {'a', 'l', 't'});
     open([this] {
         makePdfOf({L"Haus.dwg/EG", L"Haus.dwg/OG 10", L"Plan.dwg/EG"}, [this](frmPlanPdf& form) {
-            EXPECT_EQ(columnOf(form.lvLayouts, 3),
-                      (Texts{L"Haus-EG.pdf", L"Haus-OG 10.pdf", L"Plan-EG.pdf"}));
+            EXPECT_EQ(columnOf(form.lvLayouts, 3), (Texts{L"Haus-EG.pdf", L"Haus-OG 10.pdf", L""}));
             EXPECT_EQ(form.lvLayouts.row(2).column(4), L"wird nicht geplottet: Plotgerät ist kein PDF-Gerät");
             form.txtName.setText(L"<Unsinn>");
             EXPECT_EQ(form.lvLayouts.row(0).column(4), L"unbekannter Platzhalter");
             EXPECT_FALSE(form.cmdPlotten.enabled());
+            form.txtName.setText(L"<Layout>");
+            EXPECT_EQ(form.lvLayouts.row(0).column(4), L"bereit") << "Plan.dwg's takes no name";
             form.txtName.setText(L"<Nr> <Layout>");
             form.txtOrdner.setText(L"C:\\Fehlt");
             EXPECT_FALSE(form.txtOrdner.events.validate());
@@ -175,11 +197,18 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
             world.messages.answer(MessageAnswer::yes);
             form.cmdPlotten.userClicks();
             form.step();
+            EXPECT_EQ(columnOf(form.lvLayouts, 4), (Texts{L"wird geplottet …", L""}));
             form.step();
             form.interrupt();
             EXPECT_EQ(form.lblStatus.text(), L"Wird nach diesem Layout angehalten …");
             window().goOn();
             EXPECT_EQ(columnOf(form.lvLayouts, 4), (Texts{L"fertig", L"angehalten"}));
+        });
+        makePdfOf({L"Plan.dwg/EG"}, [](frmPlanPdf& form) {
+            form.chkAndere.userClicks();
+            form.txtOrdner.setText(L"C:\\Fehlt");
+            form.chkAndere.userClicks();
+            EXPECT_EQ(form.lvLayouts.row(0).column(4), L"Der Ordner ist nicht vorhanden.");
         });
     });
     EXPECT_EQ(host().activeDocument(), plan);

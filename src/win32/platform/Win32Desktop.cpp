@@ -49,7 +49,9 @@ void Win32Desktop::showNormal(WindowHandle window) {
 }
 
 void Win32Desktop::setForeground(WindowHandle window) {
-    SetForegroundWindow(nativeWindow(window));
+    const HWND native = nativeWindow(window);
+    // A disabled one would get the keyboard and keep it from the dialog that stands over it.
+    SetForegroundWindow(IsWindowEnabled(native) ? native : GetLastActivePopup(native));
 }
 
 bool Win32Desktop::isVisible(WindowHandle window) {

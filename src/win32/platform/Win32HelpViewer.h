@@ -10,7 +10,7 @@ namespace blattwart {
 class Win32HelpViewer : public HelpViewer {
   public:
     void displayTopic(WindowHandle owner, const std::string& file, const std::string& topic) override;
-    /// Closes the help windows; before the program's own windows go.
+    /// Closes the help windows, which have a thread of their own; to be called before the program ends.
     void closeAll() const;
 
   private:

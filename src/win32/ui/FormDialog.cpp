@@ -117,7 +117,13 @@ INT_PTR CALLBACK FormDialog::procedure(HWND window, UINT message, WPARAM wParam,
 INT_PTR FormDialog::handleMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_INITDIALOG:
-            return begin();
+            try {
+                return begin();
+            } catch (...) {
+                // Half made it might take no command, not even the one that closes it.
+                EndDialog(window_, 0);
+                throw;
+            }
         case WM_COMMAND:
             command(LOWORD(wParam), HIWORD(wParam));
             return TRUE;
@@ -180,9 +186,11 @@ INT_PTR FormDialog::notified(NMHDR& header) {
 INT_PTR FormDialog::contextMenu(HWND control, LPARAM position) {
     const ListWindow* list = listOf(control);
     if (!list) return FALSE;
+    const auto& menu = std::get<ListView*>(boundOf(control)->model)->events.contextMenu;
+    if (!menu) return FALSE;
     const POINT screen{GET_X_LPARAM(position), GET_Y_LPARAM(position)};
     menuPlace_ = position == -1 ? list->contextMenuByKey() : screen;
-    gate_.post(std::get<ListView*>(boundOf(control)->model)->events.contextMenu);
+    gate_.post(menu);
     return TRUE;
 }
 

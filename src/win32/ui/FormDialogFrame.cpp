@@ -140,6 +140,8 @@ void FormDialog::setPlacement(const DialogPlacement& placement) {
                                toPixels(top + height, dpi)};
     if (MonitorFromRect(&wanted.rcNormalPosition, MONITOR_DEFAULTTONULL)) {
         SetWindowPlacement(window_, &wanted);
+        // That may have brought it to a monitor of another resolution, and so into another size.
+        SetWindowPlacement(window_, &wanted);
         layout_->fitScreen();
     }
     if (placement.maximised) ShowWindow(window_, SW_SHOWMAXIMIZED);

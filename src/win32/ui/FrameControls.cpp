@@ -78,8 +78,8 @@ void FrameControls::setDpi(int dpi) {
     Font bold = boldFont(font.get());
     Pictures pictures = loadPictures(dpi);
     tree_.setLook(font.get(), pictures.tree.get(), dpi);
-    list_.setFonts(font.get(), bold.get(), dpi);
     list_.setImages(pictures.listLarge.get(), pictures.listSmall.get());
+    list_.setFonts(font.get(), bold.get(), dpi);
     toolBar_.setImages(pictures.toolBar.get(), dpi);
     statusBar_.setFont(font.get(), dpi);
     treeTitle_.setFont(font.get());

@@ -138,7 +138,9 @@ void ListWindow::fitListColumns() {
     }
     SelectObject(screen, previous);
     ReleaseDC(handle(), screen);
-    const int icon = GetSystemMetrics(SM_CXSMICON);
+    int icon = 0;
+    int height = 0;
+    ImageList_GetIconSize(ListView_GetImageList(handle(), LVSIL_SMALL), &icon, &height);
     ListView_SetColumnWidth(handle(), 0, static_cast<int>(widest) + 2 * icon);
 }
 

@@ -18,7 +18,8 @@ class ListWindow final : public ControlWindow, private ListViewListener {
     ListWindow(HWND parent, ListView& list, EventGate& gate);
     ~ListWindow() override;
 
-    /// Index 0 is the picture of items without an icon.
+    /// Index 0 is the picture of items without an icon. To be set before the fonts, which fit the columns of
+    /// the list view.
     void setImages(HIMAGELIST large, HIMAGELIST small) const;
     /// Bold rows are drawn in `bold`, which must outlive its use here.
     void setFonts(HFONT normal, HFONT bold, int dpi);

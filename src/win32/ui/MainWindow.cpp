@@ -54,7 +54,15 @@ MainWindow::MainWindow(frmMain& form, Guard& guard, Gate& gate)
     registerWindowClass(procedure);
     if (!create()) throwSystemError();
     gate_.setWindow(window_);
-    controls_ = std::make_unique<FrameControls>(window_, form_, gate_);
+    try {
+        controls_ = std::make_unique<FrameControls>(window_, form_, gate_);
+    } catch (...) {
+        // Left behind, its procedure would call an object that never came to be.
+        const HWND window = window_;
+        destroyed();
+        DestroyWindow(window);
+        throw;
+    }
     gate_.afterEvent = [this] {
         if (controls_) controls_->layOut();
     };

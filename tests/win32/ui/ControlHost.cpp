@@ -1,5 +1,6 @@
 #include "ControlHost.h"
 
+#include <gtest/gtest.h>
 #include <ole2.h>
 
 namespace blattwart::test {
@@ -44,6 +45,30 @@ std::wstring textOf(HWND window) {
 
 HWND childOfClass(HWND parent, const wchar_t* className) {
     return FindWindowExW(parent, nullptr, className, nullptr);
+}
+
+HWND findDialog(HWND owner) {
+    HWND window = nullptr;
+    while ((window = FindWindowExW(nullptr, window, L"#32770", nullptr)))
+        if (GetWindow(window, GW_OWNER) == owner && IsWindowVisible(window)) return window;
+    return nullptr;
+}
+
+void expectRoomForTexts(HWND dialog) {
+    for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        const std::wstring text = textOf(child);
+        const HDC dc = GetDC(child);
+        const HGDIOBJ before =
+            SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)));
+        SIZE size{};
+        GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
+        SelectObject(dc, before);
+        ReleaseDC(child, dc);
+        RECT room{};
+        GetClientRect(child, &room);
+        EXPECT_LE(size.cx, room.right) << testing::PrintToString(text);
+        EXPECT_LE(size.cy, room.bottom) << testing::PrintToString(text);
+    }
 }
 
 ControlHost::ControlHost() {

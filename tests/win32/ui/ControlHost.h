@@ -36,6 +36,10 @@ void press(HWND window, WPARAM key);
 std::wstring textOf(HWND window);
 /// A window of this thread with the class, below `parent`; null when there is none.
 HWND childOfClass(HWND parent, const wchar_t* className);
+/// The dialog or message box that is shown over `owner`; null when there is none.
+HWND findDialog(HWND owner);
+/// No text of the window's controls is cut off.
+void expectRoomForTexts(HWND dialog);
 
 /// A frame window that hands notifications on to the control under test.
 class ControlHost {

@@ -15,6 +15,7 @@
 #include "win32/platform/Win32MessageBoxes.h"
 #include "win32/ui/Dpi.h"
 #include "win32/ui/Fonts.h"
+#include "win32/ui/FormDialog.h"
 #include "win32/ui/Win32FormPresenter.h"
 
 namespace blattwart::test {
@@ -22,13 +23,6 @@ namespace blattwart::test {
 namespace {
 
 constexpr UINT dpiChanged = 0x02E0;
-
-HWND findDialog(HWND owner) {
-    HWND window = nullptr;
-    while ((window = FindWindowExW(nullptr, window, L"#32770", nullptr)))
-        if (GetWindow(window, GW_OWNER) == owner && IsWindowVisible(window)) return window;
-    return nullptr;
-}
 
 /// The program's dialogs over its real window, in a world without AutoCAD but with the node of a drawing. The
 /// message boxes are real too, and answered with OK.
@@ -49,6 +43,7 @@ class DialogTest : public testing::Test {
     }
     ~DialogTest() override {
         current = nullptr;
+        EXPECT_EQ(failures, std::vector<std::wstring>());
         presenter.destroyWindows();
         pump();
     }
@@ -79,23 +74,7 @@ class DialogTest : public testing::Test {
             DispatchMessageW(&message);
         }
     }
-    /// No text of the dialog is cut off.
-    void expectRoom() {
-        for (HWND child = GetWindow(dialog, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
-            const std::wstring text = textOf(child);
-            const HDC dc = GetDC(child);
-            const HGDIOBJ before =
-                SelectObject(dc, reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)));
-            SIZE size{};
-            GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
-            SelectObject(dc, before);
-            ReleaseDC(child, dc);
-            RECT room{};
-            GetClientRect(child, &room);
-            EXPECT_LE(size.cx, room.right) << testing::PrintToString(text);
-            EXPECT_LE(size.cy, room.bottom) << testing::PrintToString(text);
-        }
-    }
+    void expectRoom() { expectRoomForTexts(dialog); }
     void type(int id, const wchar_t* text) { SetDlgItemTextW(dialog, id, text); }
     void focus(int id) {
         SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, id)), TRUE);
@@ -107,7 +86,8 @@ class DialogTest : public testing::Test {
     NoAutomation automation;
     TestPlatform world{automation};
     Win32MessageBoxes realBoxes;
-    Guard guard{{}};
+    std::vector<std::wstring> failures;
+    Guard guard{[this](const std::wstring& text) { failures.push_back(text); }};
     Win32FormPresenter presenter{guard, world.gate};
     basMain program{world.platform, presenter};
     HWND dialog = nullptr;
@@ -212,6 +192,22 @@ TEST_F(DialogTest, EveryTextHasItsRoom) {
             expectRoom();
             EXPECT_EQ(textOf(GetFocus()), L"Layout1");
         });
+}
+
+TEST_F(DialogTest, OneThatFailsWhileItIsMadeDoesNotStay) {
+    struct Failing : Dialog {
+        void opened() override {
+            window().stepLater();
+            throw RuntimeError(errorNumber::invalidCall, L"misslungen");
+        }
+        void step() override {
+            ADD_FAILURE() << "it is open";
+            window().close();
+        }
+        void showHelp() override {}
+    } form;
+    FormDialog(form, {}, guard, world.gate).show(presenter.mainWindow()->window(), IDD_INFO);
+    EXPECT_EQ(std::exchange(failures, {}), std::vector<std::wstring>{L"misslungen"});
 }
 
 /// The plan list, in which a row stands though there is no host.
@@ -347,6 +343,7 @@ TEST_F(PlanListWindowTest, TheDialogForPatternsStandsOverIt) {
                  EXPECT_TRUE(IsWindowEnabled(control(IDC_AB)));
                  SendMessageW(control(IDC_NEU_BEGINNEN), BM_CLICK, 0, 0);
                  EXPECT_FALSE(pattern.restartInEachDrawing);
+                 SendMessageW(dialog, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control(IDC_LISTE)), -1);
                  press(VK_ESCAPE);
              });
     EXPECT_TRUE(rename.names().empty());
@@ -366,7 +363,7 @@ TEST_F(PlanListWindowTest, ItsOtherDialogsHaveRoomInEverySizeAndResolution) {
     PlanReader reader(program.autoCAD, world.platform, plan);
     PlanUndo undo;
     PlanTransfer transfer(reader, plan, undo, world.locale);
-    PlanRestore restore(program.autoCAD, reader);
+    PlanRestore restore(program.autoCAD);
     PdfRun run(reader, plan, restore, world.platform);
     PdfChoice choice{.folder = {}, .pattern = L"<Zeichnung>-<Layout>"};
     frmPlanReihenfolge order(plan, rows, frmPlanReihenfolge::FirstStep::none, program.help, world.platform);
@@ -385,6 +382,7 @@ TEST_F(PlanListWindowTest, ItsOtherDialogsHaveRoomInEverySizeAndResolution) {
         const RECT suggested{0, 0, 900, 700};
         SendMessageW(dialog, dpiChanged, MAKEWPARAM(144, 144), reinterpret_cast<LPARAM>(&suggested));
         expectWhole();
+        SendMessageW(dialog, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(control(IDC_LISTE)), -1);
         press(VK_ESCAPE);
         EXPECT_FALSE(IsWindowVisible(dialog));
     };

@@ -152,7 +152,10 @@ TEST_F(MainWindowTest, FollowsItsMonitorAndTheUsersFont) {
         pump();
     };
     ShowWindow(window(), SW_HIDE);
+    form().lvListView.clear();
+    form().lvListView.setMode(ListViewMode::list);
     changeDpi(144);
+    EXPECT_EQ(SendMessageW(list(), LVM_GETCOLUMNWIDTH, 0, 0), 2 * 24) << "room for a picture of this size";
     const RECT hidden = placeOfWindow();
     EXPECT_TRUE(EqualRect(&hidden, &saved)) << "or it would grow with each start";
     EXPECT_NE(font(), before);

@@ -118,7 +118,10 @@ class MessageBoxUser {
                   box_ = FindWindowW(L"#32770", caption);
                   if (box_ && !IsWindowVisible(box_)) box_ = nullptr;
               }
-              found_ = Win32Desktop().findWindow(caption);
+              found_ = desktop_.findWindow(caption);
+              desktop_.setForeground(found_);
+              Sleep(50);
+              hasForeground_ = desktop_.foreground() == windowHandle(box_);
               text_ = textOf(GetDlgItem(box_, 0xffff));
               owner_ = GetWindow(box_, GW_OWNER);
               PostMessageW(box_, WM_COMMAND, answer, 0);
@@ -131,8 +134,11 @@ class MessageBoxUser {
     WindowHandle found() const { return found_; }
     const std::wstring& text() const { return text_; }
     HWND owner() const { return owner_; }
+    bool hasForeground() const { return hasForeground_; }
 
   private:
+    Win32Desktop desktop_;
+    bool hasForeground_ = false;
     HWND box_ = nullptr;
     HWND owner_ = nullptr;
     WindowHandle found_ = 0;
@@ -156,6 +162,7 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     EXPECT_EQ(user.found(), windowHandle(host.window()));
     EXPECT_EQ(user.text(), L"Größe löschen?");
     EXPECT_EQ(user.owner(), host.window());
+    EXPECT_TRUE(user.hasForeground()) << "its owner is disabled";
     EXPECT_EQ(desktop.findWindow(L"Blattwartprobe"), 0) << "exactly this caption";
     WNDCLASSW own{};
     own.lpfnWndProc = DefWindowProcW;
