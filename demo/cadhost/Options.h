@@ -21,14 +21,8 @@ enum class Task { run, enter, remove, wait };
 ///     /Automation, -Embedding  started for a client: invisible
 ///     /release NN.M            behaves and is entered as that release (before what changes single options)
 ///     /wide                    a 64-bit host
-///     /noshortids              without 32-bit ids beside the wide ones
-///     /english                 an English host
-///     /version TEXT            its version
 ///     /templates FOLDER        its template folder
-///     /model NAME              what the layout of model space is called
 ///     /novba                   without macros
-///     /macros FILE             the macro project file
-///     /strict                  refuses extended data of applications that are not registered
 ///     /pagesetup               a layout that is shown for the first time asks for its page setup
 ///     /plottime MS             how long a plot takes
 ///     /startup MS              how long starting takes

@@ -37,7 +37,6 @@ bool Behaviour::obey(const std::wstring& command, const WireCounters& counters) 
     std::wstring verb;
     words >> verb;
     if (verb == L"refuse") return refuse(words);
-    if (verb == L"slow") return static_cast<bool>(words >> delay_);
     if (verb == L"hold") return static_cast<bool>(words >> holdTime_);
     if (verb == L"modal") return static_cast<bool>(words >> callsToDialog_ >> dialogTime_);
     if (verb == L"die") {
@@ -86,7 +85,6 @@ HRESULT Behaviour::admitCall() {
         refuseFor(dialogTime_);
         return refusal_ = RPC_E_SERVERCALL_RETRYLATER;
     }
-    if (delay_) Sleep(delay_);
     if (holdTime_) hold();
     return S_OK;
 }

@@ -11,8 +11,8 @@
 
 namespace demo {
 
-/// How a server treats what comes in: it can refuse, be slow, keep a call for a while, or die, as it is told
-/// by commands:
+/// How a server treats what comes in: it can refuse, keep a call for a while, or die, as it is told by
+/// commands:
 ///
 /// - `refuse calls N [later]`: the next N calls are refused
 /// - `refuse creations N [later]`: the next N creations of the application are refused
@@ -21,7 +21,6 @@ namespace demo {
 /// - `modal N MS`: before the N-th call from now that is not refused, a dialog opens for so many
 /// milliseconds;
 ///   -1 for ever
-/// - `slow MS`: each call takes so much longer
 /// - `hold MS`: the next call is kept so long before it is carried out, the others are refused
 /// - `die N`: the process ends without a word when the N-th call from now comes in
 /// - `die N done`: the same when the call was carried out and not answered yet
@@ -51,7 +50,6 @@ class Behaviour {
     std::int32_t refusedPercent_ = 0;
     ULONGLONG refusedUntil_ = 0;
     HRESULT refusal_ = RPC_E_CALL_REJECTED;
-    DWORD delay_ = 0;
     DWORD holdTime_ = 0;
     std::int32_t callsToDialog_ = 0;
     std::int32_t dialogTime_ = 0;

@@ -56,10 +56,7 @@ bool CommandLine::endsAnswer(wchar_t character) const {
         return false;
     if (isReturn(character)) return true;
     if (character != L' ') return false;
-    const PromptKind kind = prompt_ ? prompt_->kind : PromptKind::word;
-    if (kind == PromptKind::word) return true;
-    const bool quoted = std::ranges::count(answer_, L'"') % 2 != 0;
-    return kind == PromptKind::path && host_.options().pathsEndAtSpace && !quoted;
+    return !prompt_ || prompt_->kind == PromptKind::word;
 }
 
 void CommandLine::takeAnswer() {

@@ -15,7 +15,7 @@ class OpenDocument;
 enum class PromptKind {
     word,  ///< a space ends the answer
     line,  ///< names: only the carriage return ends it
-    path   ///< files: as a line, or as a word where the host is set up so
+    path   ///< files: as a line, without its double quotes
 };
 
 /// A question of a running command.

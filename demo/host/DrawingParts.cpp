@@ -82,11 +82,8 @@ Value DrawingPart::setXData(Arguments arguments) {
     const auto* values = arguments[1].value().as<blattwart::ValueArray>();
     if (!types || !values) throw failure(hostError::typeMismatch);
     const XData data = xdataOf(*types, *values, options().language);
-    if (!options().strictXData) {
-        for (const XDataItem& item : data) {
-            if (item.code == 1001) drawing().registerApplication(std::get<std::wstring>(item.value));
-        }
-    }
+    for (const XDataItem& item : data)
+        if (item.code == 1001) drawing().registerApplication(std::get<std::wstring>(item.value));
     drawing().setXData(object(), data);
     document().setModified();
     return {};

@@ -53,12 +53,6 @@ struct HostOptions {
     bool vbaInstalled = true;
     /// Comes up with a start tab and no drawing.
     bool startTab = false;
-    /// The macro project file that can be loaded; "" takes any file of the project's name.
-    std::wstring macroFile{};
-    /// Extended data of an application that is not registered is refused; otherwise it is registered.
-    bool strictXData = false;
-    /// At prompts for files a space ends the answer unless it stands in double quotes.
-    bool pathsEndAtSpace = false;
     TabNumbers tabNumbers = TabNumbers::shift;
     /// A layout's own name in another case counts as taken.
     bool caseIsTaken = false;
@@ -73,8 +67,6 @@ struct HostOptions {
     std::chrono::milliseconds plotTime{0};
     /// Writes a plotted file; false where that fails. Without it the file is written to the disk.
     std::function<bool(const std::wstring& path, const std::string& bytes)> writePlot{};
-    /// How long it takes to ask the plot devices.
-    std::chrono::milliseconds plotDeviceDelay{0};
 };
 
 /// The options of a release ("24.3") as it is delivered; those of "18" are the defaults. What does not depend

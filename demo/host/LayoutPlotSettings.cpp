@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <thread>
 #include <tuple>
 
 #include "demo/dxf/Text.h"
@@ -249,7 +248,6 @@ Value LayoutObject::setWindowToPlot(Arguments arguments) {
 }
 
 Value LayoutObject::refreshPlotDeviceInfo(Arguments) {
-    std::this_thread::sleep_for(options().plotDeviceDelay);
     if (isNoDevice(layout().plotSettings().device)) {
         // Without a device the real host loses the size of the paper here, too.
         changePlotSettings([](PlotSettings& settings) { settings.paperWidth = settings.paperHeight = 0; });

@@ -42,20 +42,13 @@ void Macros::requireVba() const {
 
 void Macros::load(const std::wstring& path) {
     requireVba();
-    const std::wstring& wanted = host_.options().macroFile;
-    const bool found = wanted.empty() ? sameName(fileNameOf(path), L"Tarvix.dvb") : sameName(path, wanted);
-    if (!found) throw hostError::make(hostError::fileError, host_.options().language);
+    if (!sameName(fileNameOf(path), L"Tarvix.dvb"))
+        throw hostError::make(hostError::fileError, host_.options().language);
     loaded_ = true;
 }
 
-void Macros::run(const std::wstring& macroPath) {
+void Macros::run(const std::wstring& qualified) {
     requireVba();
-    const std::size_t fileEnd = macroPath.find(L'!');
-    std::wstring qualified = macroPath;
-    if (fileEnd != std::wstring::npos) {
-        if (!loaded_) load(macroPath.substr(0, fileEnd));
-        qualified = macroPath.substr(fileEnd + 1);
-    }
     const std::wstring name = qualified.substr(qualified.rfind(L'.') + 1);
     const std::wstring module = qualified.substr(0, qualified.size() - name.size());
     const bool moduleKnown =

@@ -16,9 +16,8 @@ class Macros {
     /// Throws when the file is not there or is no project, or when VBA is missing; loading again is allowed.
     void load(const std::wstring& path);
     bool loaded() const { return loaded_; }
-    /// `[File.dvb!][Project.][Module.]Macro`; with a file the project is loaded if needed. Throws when no
-    /// loaded project has the macro.
-    void run(const std::wstring& macroPath);
+    /// `[Project.][Module.]Macro`. Throws when no loaded project has the macro.
+    void run(const std::wstring& qualified);
 
   private:
     void requireVba() const;

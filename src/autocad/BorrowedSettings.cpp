@@ -10,6 +10,7 @@ namespace {
 constexpr const wchar_t* storedUnder = L"PlanRestore";
 constexpr const wchar_t* backgroundPlot = L"BACKGROUNDPLOT";
 constexpr const wchar_t* pageSetup = L"LayoutShowPlotSetup";
+constexpr const wchar_t* fileDialogs = L"FILEDIA";
 
 }  // namespace
 
@@ -28,6 +29,19 @@ void BorrowedSettings::hidePageSetup(const host::Application& application) {
     application.putShowsPageSetup(false);
 }
 
+void BorrowedSettings::switchFileDialogsOff(const host::Document& document) {
+    lend(fileDialogs, 1);
+    document.SetVariable(fileDialogs, 0);
+}
+
+void BorrowedSettings::switchFileDialogsOn(const host::Document& document) {
+    const auto switchOn = [&] { document.SetVariable(fileDialogs, 1); };
+    bool switched = ignoringErrors(switchOn);
+    if (!switched) switched = ignoringErrors(switchOn);
+    if (!switched) return lend(fileDialogs, 1);
+    if (forget(fileDialogs)) store();
+}
+
 bool BorrowedSettings::giveBack(const host::Application& application, const host::Document& document) {
     load();
     working_ = false;
@@ -36,7 +50,7 @@ bool BorrowedSettings::giveBack(const host::Application& application, const host
         return loan.host == host_ && ignoringErrors([&] {
                    if (loan.name == pageSetup) {
                        if (!application.showsPageSetup()) application.putShowsPageSetup(true);
-                   } else if (document.GetVariable(loan.name) == 0) {
+                   } else if (loan.name == fileDialogs || document.GetVariable(loan.name) == 0) {
                        document.SetVariable(loan.name, static_cast<std::int16_t>(loan.before));
                    }
                });
@@ -60,9 +74,14 @@ std::wstring BorrowedSettings::outstanding() const {
 void BorrowedSettings::lend(std::wstring_view name, std::int32_t before) {
     load();
     // One that has not come back yet does not count: the host has another value since.
-    std::erase_if(loans_, [&](const Loan& loan) { return loan.host == host_ && loan.name == name; });
+    forget(name);
     loans_.push_back({host_, std::wstring(name), before});
     store();
+}
+
+bool BorrowedSettings::forget(std::wstring_view name) {
+    const auto isMeant = [&](const Loan& loan) { return loan.host == host_ && loan.name == name; };
+    return std::erase_if(loans_, isMeant) > 0;
 }
 
 void BorrowedSettings::load() {
@@ -77,7 +96,7 @@ void BorrowedSettings::load() {
         const std::wstring value = loan.substr(std::min(whole.size() + 1, loan.size()));
         const std::wstring host = whole.substr(0, whole.find(L':'));
         const std::wstring name = whole.substr(std::min(host.size() + 1, whole.size()));
-        const bool known = name == backgroundPlot || name == pageSetup;
+        const bool known = name == backgroundPlot || name == pageSetup || name == fileDialogs;
         if (known && value.size() == 1 && value[0] >= L'1' && value[0] <= L'3')
             loans_.push_back({host, name, value[0] - L'0'});
     }

@@ -22,8 +22,13 @@ class BorrowedSettings {
     void plotInForeground(const host::Document& document);
     /// Has layouts that are shown for the first time open no page setup. Throws when the host refuses.
     void hidePageSetup(const host::Application& application);
-    /// Puts back what was borrowed, in this session or one before, where the host still has what was put.
-    /// Returns false while some of it is not put back; the next attach tries again.
+    /// Has the host ask for file names in its command line ("FILEDIA" is 0). Throws when it refuses.
+    void switchFileDialogsOff(const host::Document& document);
+    /// Sets "FILEDIA" to 1, whatever it was before; required so. Where the host does not take it, the next
+    /// attach tries again.
+    void switchFileDialogsOn(const host::Document& document);
+    /// Puts back what was borrowed, in this session or one before, where the host still has what was put;
+    /// file dialogs in any case. Returns false while some of it is not put back; the next attach tries again.
     bool giveBack(const host::Application& application, const host::Document& document);
     /// The same at an attach, which may come in the midst of the work.
     void giveBackForgotten(const host::Application& application, const host::Document& document);
@@ -38,6 +43,8 @@ class BorrowedSettings {
     };
 
     void lend(std::wstring_view name, std::int32_t before);
+    /// Returns whether it was lent.
+    bool forget(std::wstring_view name);
     void load();
     void store();
 

@@ -2,13 +2,13 @@
 
 namespace blattwart {
 
-FileDialogsOff::FileDialogsOff(basAutoCAD& autoCAD, host::Document document)
-    : autoCAD_(autoCAD), document_(std::move(document)) {
+FileDialogsOff::FileDialogsOff(BorrowedSettings& settings, host::Document document)
+    : settings_(settings), document_(std::move(document)) {
     try {
-        document_.SetVariable(L"FILEDIA", 0);
+        settings_.switchFileDialogsOff(document_);
     } catch (const RuntimeError&) {
         // The host may have taken the value although its answer was lost.
-        autoCAD_.switchFileDialogsOn(document_);
+        settings_.switchFileDialogsOn(document_);
         throw;
     }
 }

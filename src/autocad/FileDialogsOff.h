@@ -1,6 +1,6 @@
 #pragma once
 
-#include "autocad/basAutoCAD.h"
+#include "autocad/BorrowedSettings.h"
 
 namespace blattwart {
 
@@ -9,13 +9,13 @@ namespace blattwart {
 class FileDialogsOff {
   public:
     /// Throws when the host refuses.
-    FileDialogsOff(basAutoCAD& autoCAD, host::Document document);
-    ~FileDialogsOff() { autoCAD_.switchFileDialogsOn(document_); }
+    FileDialogsOff(BorrowedSettings& settings, host::Document document);
+    ~FileDialogsOff() { settings_.switchFileDialogsOn(document_); }
     FileDialogsOff(const FileDialogsOff&) = delete;
     FileDialogsOff& operator=(const FileDialogsOff&) = delete;
 
   private:
-    basAutoCAD& autoCAD_;
+    BorrowedSettings& settings_;
     host::Document document_;
 };
 

@@ -28,14 +28,19 @@ std::optional<int> takeNumber(std::wstring_view& text) {
     return number;
 }
 
-/// Whether it is AutoCAD itself or built on it: others (LT, OEM, TrueView) cannot be driven from outside.
+/// Whether it is AutoCAD itself or built on it: others (LT, OEM, TrueView) cannot be driven from outside. A
+/// product's key ends in two digits for its kind, a colon and its language.
 bool isDriven(const std::wstring& productKey) {
-    const std::size_t end = std::min(productKey.find(L':'), productKey.size());
-    if (end < 2) return false;
+    const std::size_t end = productKey.find(L':');
+    if (end == std::wstring::npos || !productKey.starts_with(L"ACAD-")) return false;
     std::wstring kind = productKey.substr(end - 2, 2);
     if (kind[1] == L'a') kind[1] = L'A';
     constexpr std::array<std::wstring_view, 3> others{L"09", L"0A", L"28"};
     return std::ranges::find(others, kind) == others.end();
+}
+
+std::wstring programName(const std::wstring& number) {
+    return std::wstring(generalName) + L"." + number;
 }
 
 /// Whether of two products of a release this one's name stands for it: plain AutoCAD, else the first key.
@@ -75,17 +80,33 @@ const std::vector<InstalledRelease>& HostChoice::installed() {
         if (!product.release.starts_with(L'R') || !isDriven(product.key)) continue;
         const auto release = Release::parse(std::wstring_view(product.release).substr(1));
         if (!release) continue;
-        const bool known =
-            std::ranges::find(*installed_, *release, &InstalledRelease::release) != installed_->end();
-        const auto canStart = [this](const HostName& name) { return this->canStart(name); };
-        if (known || std::ranges::none_of(namesOf(*release), canStart)) continue;
+        if (std::ranges::find(*installed_, *release, &InstalledRelease::release) != installed_->end())
+            continue;
         installed_->push_back(
             {*release, product.name.empty() ? L"AutoCAD " + release->text() : product.name});
     }
+    const std::vector<InstalledRelease> entered = *installed_;
+    std::erase_if(*installed_, [&](const InstalledRelease& each) { return !isThere(each.release, entered); });
     std::ranges::sort(*installed_, std::greater(), [](const InstalledRelease& each) {
         return std::pair(each.release.family, each.release.minor);
     });
     return *installed_;
+}
+
+std::wstring HostChoice::classOf(const std::wstring& number) {
+    return installations_.classOf(programName(number));
+}
+
+bool HostChoice::isThere(Release release, const std::vector<InstalledRelease>& entered) {
+    const std::wstring own = classOf(release.text());
+    if (!own.empty()) return installations_.hasServer(own);
+    const auto isNamedSister = [&](const InstalledRelease& each) {
+        return each.release.family == release.family && !classOf(each.release.text()).empty();
+    };
+    // The first release of a family may have the family's name only. Another one without a name of its own is
+    // a leftover where sisters have theirs: the family's name starts one of them.
+    if (release.minor != 0 && std::ranges::any_of(entered, isNamedSister)) return false;
+    return installations_.hasServer(classOf(std::to_wstring(release.family)));
 }
 
 bool HostChoice::isInstalled(Release release) {
@@ -109,16 +130,19 @@ bool HostChoice::choose(std::optional<Release> release) {
 
 std::vector<HostName> HostChoice::namesOf(Release release) {
     std::vector<HostName> names;
-    for (const std::wstring& number : {release.text(), std::to_wstring(release.family)}) {
-        const std::wstring name = std::wstring(generalName) + L"." + number;
-        if (std::wstring id = installations_.classOf(name); !id.empty())
-            names.push_back({name, std::move(id), {release}});
-    }
+    for (const std::wstring& number : {release.text(), std::to_wstring(release.family)})
+        if (std::wstring id = classOf(number); !id.empty())
+            names.push_back({programName(number), std::move(id), {release}});
     return names;
 }
 
 std::vector<HostName> HostChoice::names(std::optional<Release> choice) {
-    if (choice) return namesOf(*choice);
+    if (choice) {
+        std::vector<HostName> known = namesOf(*choice);
+        // It has been removed since it was read: nothing is found under its name.
+        if (known.empty()) known.push_back({programName(choice->text()), {}, {*choice}});
+        return known;
+    }
     std::vector<HostName> all{{establishedName, installations_.classOf(establishedName), {}}};
     const auto add = [&all](HostName name) {
         const auto same = std::ranges::find(all, name.classId, &HostName::classId);

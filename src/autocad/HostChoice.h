@@ -58,7 +58,8 @@ class HostChoice {
     /// Keeps the choice for this user. Returns false where it cannot be stored; it holds all the same.
     bool choose(std::optional<Release> release);
 
-    /// The names of the chosen release, or of all in the order of the automatic choice, each class once.
+    /// The names of the chosen release, or of all in the order of the automatic choice, each class once. At
+    /// least one, which may be unknown to the system.
     std::vector<HostName> names() { return names(chosen()); }
     /// The same as if that were chosen.
     std::vector<HostName> names(std::optional<Release> choice);
@@ -67,6 +68,9 @@ class HostChoice {
 
   private:
     std::vector<HostName> namesOf(Release release);
+    std::wstring classOf(const std::wstring& number);
+    /// Whether its own server exists; that of its family counts for it unless it must be another release's.
+    bool isThere(Release release, const std::vector<InstalledRelease>& entered);
     bool isInstalled(Release release);
 
     Installations& installations_;

@@ -34,13 +34,16 @@ void LayoutMembers::Delete(const host::Document& document, const std::vector<Doo
 void LayoutMembers::deleteEach(const host::Document& document, const std::vector<DoomedLayout>& doomed) {
     const host::Layouts layouts = document.Layouts();
     const LayoutsByHandle paper = paperLayouts(layouts);
-    const auto survivor =
+    auto survivor =
         std::ranges::find_if(paper, [&](const auto& each) { return !isDoomed(each.first, doomed); });
+    // Where all are meant the last one stays.
+    for (std::size_t i = doomed.size(); i > 0 && survivor == paper.end(); --i)
+        survivor = paper.find(doomed[i - 1].handle);
     for (const DoomedLayout& each : doomed) {
         const auto found = paper.find(each.handle);
         if (found == paper.end()) continue;
         // With that of model space.
-        if (survivor == paper.end() || layouts.Count() <= 2)
+        if (found == survivor || layouts.Count() <= 2)
             return platform_.messages.warn(L"Das letzte Layout einer Zeichnung kann nicht gelöscht werden: " +
                                            each.name);
         bool changing = false;

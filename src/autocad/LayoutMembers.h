@@ -31,7 +31,7 @@ class LayoutMembers {
   private:
     using LayoutsByHandle = std::map<std::wstring, host::Layout>;
 
-    /// Those of paper, three messages each.
+    /// Those of paper, two messages each, and one for Model.
     static LayoutsByHandle paperLayouts(const host::Layouts& layouts);
     void deleteEach(const host::Document& document, const std::vector<DoomedLayout>& doomed);
     /// `changing`: the call that failed would have changed something.

@@ -22,10 +22,9 @@ void basAutoCAD::ConnectAutoCAD() {
     } catch (const RuntimeError&) {
         return;
     }
+    if (owesVisibility_) show();
     takeActiveDocument();
-    if (!gAcadDoc) return;
-    if (fileDialogsStillOff_.contains(hostName_)) switchFileDialogsOn(gAcadDoc);
-    borrowed.giveBackForgotten(gAcadApp, gAcadDoc);
+    if (gAcadDoc) borrowed.giveBackForgotten(gAcadApp, gAcadDoc);
 }
 
 void basAutoCAD::StartAutoCAD() {
@@ -60,9 +59,13 @@ void basAutoCAD::ChooseRelease(const std::optional<InstalledRelease>& choice) {
 
 void basAutoCAD::welcomeStarted() {
     LoadTypes();
-    ignoringErrors([&] { gAcadApp.putVisible(true); });
+    show();
     takeActiveDocument();
     events_.RefreshTree();
+}
+
+void basAutoCAD::show() {
+    owesVisibility_ = !ignoringErrors([&] { gAcadApp.putVisible(true); });
 }
 
 std::vector<HostName> basAutoCAD::candidates() {
@@ -96,8 +99,10 @@ bool basAutoCAD::launch(const std::vector<HostName>& names) {
         if (attach(name, application)) return true;
         // Nobody else would show it.
         ignoringErrors([&] { host::Application(application).putVisible(true); });
-        platform_.messages.warn(L"Es ist ein anderes AutoCAD gestartet als das gewählte!");
+        platform_.messages.warn(L"Es ist ein anderes AutoCAD gestartet als das gesuchte!");
     } catch (const RuntimeError& failure) {
+        // It may come up all the same, hidden as it is started.
+        owesVisibility_ = isNotAnswering(failure);
         platform_.messages.say(failure.description());
     }
     return false;
@@ -173,7 +178,11 @@ void basAutoCAD::BringWindowToFront(WindowHandle window) {
 }
 
 void basAutoCAD::BringAutoCADToFront() {
-    ignoringErrors([&] { BringWindowToFront(gAcadApp.HWND()); });
+    ignoringErrors([&] {
+        const WindowHandle window = gAcadApp.HWND();
+        if (!platform_.desktop.isVisible(window)) show();
+        BringWindowToFront(window);
+    });
 }
 
 std::shared_ptr<OpenDocuments> basAutoCAD::openDocuments() {
@@ -310,17 +319,6 @@ bool basAutoCAD::refusesControlCharacters(std::wstring_view name) {
     if (std::ranges::none_of(name, isControl)) return false;
     platform_.messages.warn(L"Ein Name enthält Steuerzeichen und kann nicht an AutoCAD übergeben werden!");
     return true;
-}
-
-void basAutoCAD::switchFileDialogsOn(const host::Document& document) {
-    const auto switchOn = [&] { document.SetVariable(L"FILEDIA", 1); };
-    bool switched = ignoringErrors(switchOn);
-    if (!switched) switched = ignoringErrors(switchOn);
-    if (switched) {
-        fileDialogsStillOff_.erase(hostName_);
-    } else {
-        fileDialogsStillOff_.insert(hostName_);
-    }
 }
 
 bool basAutoCAD::askToStart() {

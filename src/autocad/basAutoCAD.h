@@ -5,7 +5,6 @@
 #include <initializer_list>
 #include <memory>
 #include <optional>
-#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -103,7 +102,8 @@ class basAutoCAD {
     std::wstring templateFolder();
 
     void BringWindowToFront(WindowHandle window);
-    /// Brings the host's main window to the front; nothing happens when it does not answer.
+    /// Brings the host's main window to the front, a hidden one is shown; nothing happens when it does not
+    /// answer.
     void BringAutoCADToFront();
     /// All open documents in the host's order. Throws when the host does not answer.
     std::shared_ptr<OpenDocuments> openDocuments();
@@ -151,10 +151,6 @@ class basAutoCAD {
     /// Whether a name holds control characters, which must not reach the host; the user has been told then.
     bool refusesControlCharacters(std::wstring_view name);
 
-    /// Sets "FILEDIA" to 1, in all drawings, since it is one variable of the host. Where the host does not
-    /// take it, the next ConnectAutoCAD tries again.
-    void switchFileDialogsOn(const host::Document& document);
-
     /// Asks whether AutoCAD is to be started, No ending the program. Returns whether the answer was Yes.
     bool askToStart();
 
@@ -168,6 +164,8 @@ class basAutoCAD {
     /// Starts the first of the hosts that can be started. Where that fails the user has been told.
     bool launch(const std::vector<HostName>& names);
     void welcomeStarted();
+    /// Makes the attached host visible; one that does not answer is made so at the next attach.
+    void show();
     /// Takes the application if a host like this is meant by the name; its version is asked for, except of
     /// the established one in automatic choice. The one attached already stays with all that is known of it.
     /// Throws when it does not answer.
@@ -180,11 +178,11 @@ class basAutoCAD {
     NavigatorRecords& records_;
     NavigatorEvents& events_;
     int looks_ = 0;
-    std::shared_ptr<OpenDocuments> seen_;         // only while a OneLook lives
-    std::set<std::wstring> fileDialogsStillOff_;  // names of hosts
+    std::shared_ptr<OpenDocuments> seen_;  // only while a OneLook lives
     std::wstring hostName_;
     std::wstring programName_;        // by which it is attached
     std::optional<Release> release_;  // of the attached host, where it was asked for
+    bool owesVisibility_ = false;     // one that was started may be hidden still
     std::wstring templateFolder_;
 };
 

@@ -81,8 +81,7 @@ host::Document basTarvix::CreateLayout(const std::wstring& drawing) {
     }
     const MacroRun macro = RunHostMacro(L"TX_Layout");
     if (macro == MacroRun::withoutProject && createsWithoutProject()) {
-        if (!chosen) chosen = autoCAD_.fetchActiveDocument();
-        return autoCAD_.refusesWhileCommandRuns(chosen) ? host::Document() : chosen;
+        return chosen ? chosen : autoCAD_.fetchActiveDocument();
     }
     autoCAD_.BringAutoCADToFront();
     return {};
@@ -129,7 +128,7 @@ bool basTarvix::CopyLayouts(const std::wstring& sourceName, std::wstring& newBas
 
 void basTarvix::typeCopies(const std::wstring& sourceName, std::wstring& newBaseName, std::int16_t copies) {
     const host::Document& document = autoCAD_.gAcadDoc;
-    std::set<std::wstring> names = layoutNames(document);
+    const std::set<std::wstring> names = layoutNames(document);
     std::wstring first;
     // One copy takes the bare name while it is free, several are numbered from 1. Intended.
     std::int16_t counter = copies == 1 ? 0 : 1;
@@ -137,7 +136,6 @@ void basTarvix::typeCopies(const std::wstring& sourceName, std::wstring& newBase
         if (i > 0 && autoCAD_.refusesWhileCommandRuns(document)) return;
         const std::wstring name = numbered(newBaseName, NextFreeLayoutNumber(names, newBaseName, counter));
         document.SendCommand(autoCAD_.textOf(TypedCommand::copyLayout, {sourceName, name}));
-        names.insert(platform_.locale.upperCase(name));
         if (first.empty()) first = name;
     }
     if (copies == 1) newBaseName = first;

@@ -49,17 +49,22 @@ int DatabaseMaker::makeAndTell(const std::wstring& file, bool silent) {
 
 bool DatabaseMaker::make(const std::wstring& file) {
     if (files_.exists(file)) return false;
+    // Nobody meets half a database, and what is removed is nobody else's.
+    const std::wstring unfinished = file + L".neu";
+    ignoringErrors([&] { files_.remove(unfinished); });
     ObjectPtr catalog = automation_.create(L"ADOX.Catalog");
     try {
-        writeNewDatabase(*catalog, file);
-    } catch (const RuntimeError& error) {
+        writeNewDatabase(*catalog, unfinished);
         catalog.reset();  // it keeps the file open
-        // Somebody else was quicker.
-        if (error.number() == databaseExists) return false;
-        ignoringErrors([&] { files_.remove(file); });
+        files_.rename(unfinished, file);
+        return true;
+    } catch (const RuntimeError&) {
+        catalog.reset();
+        ignoringErrors([&] { files_.remove(unfinished); });
+        // Somebody else was quicker, or the folder's drive did not answer before.
+        if (files_.exists(file)) return false;
         throw;
     }
-    return true;
 }
 
 void DatabaseMaker::tell(const std::wstring& text, MessageIcon icon) {

@@ -44,7 +44,9 @@ bool frmErstellen::txtLayout_Validate() {
 
 // The enter key starts without leaving the field, so it is looked at again.
 void frmErstellen::cmdStart_Click() {
-    if (txtLayout_Validate() || !members_.Create(document_, name())) return window().setFocus(txtLayout);
+    if (txtLayout_Validate() || context_.autoCAD.refusesWhileCommandRuns(document_) ||
+        !members_.Create(document_, name()))
+        return window().setFocus(txtLayout);
     context_.views.RefreshTree();
     window().close();
     context_.autoCAD.BringAutoCADToFront();

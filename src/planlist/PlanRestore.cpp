@@ -92,6 +92,13 @@ void PlanRestore::finish() {
     }
 }
 
+void PlanRestore::dropHost() {
+    places_.clear();
+    entered_ = false;
+    active_ = {};
+    ours_.clear();
+}
+
 bool PlanRestore::outstanding() const {
     return !places_.empty() || active_ || !autoCAD_.borrowed.outstanding().empty();
 }

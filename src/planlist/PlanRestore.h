@@ -30,6 +30,8 @@ class PlanRestore {
     void leave();
     /// Puts everything back that the host lets.
     void finish();
+    /// Another host is attached: what the last one has of drawings and layouts stays as it is.
+    void dropHost();
     bool outstanding() const;
     /// Whether the last try found no host any more.
     bool hostGone() const { return hostGone_; }

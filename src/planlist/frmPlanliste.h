@@ -42,6 +42,8 @@ class frmPlanliste : public Dialog {
 
     /// Puts back what plotting has changed in the host and a busy host has kept; nothing while a call waits.
     void putHostBack();
+    /// Another host is attached: nothing is put back in the last one any more.
+    void dropHost() { restore_.dropHost(); }
     /// Whether something is being read or written, in steps.
     bool working() const { return work_ != Work::none; }
 

@@ -20,6 +20,8 @@ class Desktop {
     virtual void showNormal(WindowHandle window) = 0;
     /// Of a window that is disabled the dialog over it comes to the front.
     virtual void setForeground(WindowHandle window) = 0;
+    /// False for a window that is hidden or not there any more; a minimised one is visible.
+    virtual bool isVisible(WindowHandle window) = 0;
     virtual WindowHandle foreground() = 0;
 };
 

@@ -91,6 +91,7 @@ void basMain::RefreshTree() {
 
 void basMain::hostChanged() {
     if (views) views->dropHost();
+    planList.dropHost();
 }
 
 void basMain::ShowNodeStatus() {

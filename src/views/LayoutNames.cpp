@@ -152,7 +152,6 @@ void LayoutNames::RenameSelectedLayouts(const std::wstring& baseName, std::int16
             const std::wstring newName = number == 0 ? baseName : baseName + std::to_wstring(number);
             names.erase(platform_.locale.upperCase(record->Layout));
             rename(layouts, *record, newName);
-            names.insert(platform_.locale.upperCase(newName));
             showName(key, newName);
         }
     } catch (const RuntimeError& error) {

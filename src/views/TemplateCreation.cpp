@@ -44,7 +44,7 @@ void TemplateCreation::CreateTemplateFromLayout(const std::wstring& newName) {
     bool created = false;
     if (isAcceptable(newName)) ignoringErrors([&] { created = saveLayoutAs(newName + L".dwt"); });
     if (!created) CancelNewTemplate();
-    if (autoCAD_.gAcadDoc) autoCAD_.switchFileDialogsOn(autoCAD_.gAcadDoc);
+    if (autoCAD_.gAcadDoc) autoCAD_.borrowed.switchFileDialogsOn(autoCAD_.gAcadDoc);
 }
 
 bool TemplateCreation::isAcceptable(const std::wstring& newName) {
@@ -83,7 +83,7 @@ bool TemplateCreation::saveLayoutAs(const std::wstring& file) {
     markActive(drawingKey, document);
 
     const std::wstring path = records_.TemplateFolder + L"\\" + file;
-    document.SetVariable(L"FILEDIA", 0);
+    autoCAD_.borrowed.switchFileDialogsOff(document);
     if (!autoCAD_.typeCommand(document, TypedCommand::saveLayoutAsTemplate, {sourceLayout_, path}))
         return false;
 

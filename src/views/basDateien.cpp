@@ -157,7 +157,7 @@ void basDateien::InsertLayoutFromTemplate() {
     if (file.empty()) return;
     ignoringErrors([&] {
         const host::Document document = autoCAD_.fetchActiveDocument();
-        const FileDialogsOff fileDialogsOff(autoCAD_, document);
+        const FileDialogsOff fileDialogsOff(autoCAD_.borrowed, document);
         autoCAD_.BringAutoCADToFront();
         autoCAD_.typeCommand(document, TypedCommand::insertLayouts, {file});
     });

@@ -26,8 +26,19 @@ class DiskFiles : public FakeFiles {
         return std::filesystem::exists(std::string(path.begin(), path.end()));
     }
     void remove(const std::wstring& path) override {
-        if (!catalog.expired()) throw RuntimeError(errorNumber::invalidCall, L"Die Datei ist geöffnet.");
+        requireClosed();
         std::filesystem::remove(std::string(path.begin(), path.end()));
+    }
+    void rename(const std::wstring& path, const std::wstring& newPath) override {
+        requireClosed();
+        if (exists(newPath)) throw RuntimeError(errorNumber::invalidCall, L"Die Datei ist vorhanden.");
+        std::filesystem::rename(std::string(path.begin(), path.end()),
+                                std::string(newPath.begin(), newPath.end()));
+    }
+
+  private:
+    void requireClosed() const {
+        if (!catalog.expired()) throw RuntimeError(errorNumber::invalidCall, L"Die Datei ist geöffnet.");
     }
 };
 
@@ -41,7 +52,10 @@ class DatabaseMakerTest : public testing::Test {
         });
         world.messages.strict = true;
     }
-    ~DatabaseMakerTest() override { std::filesystem::remove(file); }
+    ~DatabaseMakerTest() override {
+        EXPECT_FALSE(std::filesystem::exists(file.string() + ".neu"));
+        std::filesystem::remove(file);
+    }
 
     int run(std::initializer_list<std::wstring> words) { return maker.run(std::vector(words)); }
     void expect(const std::wstring& start, const std::wstring& end = {}) {
@@ -68,10 +82,11 @@ class DatabaseMakerTest : public testing::Test {
 };
 
 TEST_F(DatabaseMakerTest, MakesWhatTheProgramReads) {
+    std::ofstream(file.string() + ".neu") << "half of one, by a program that was ended";
     expect(made);
     EXPECT_EQ(0, run({}));
     EXPECT_EQ((std::vector<Value>{L"Provider=Microsoft.Jet.OLEDB.4.0;Jet OLEDB:Engine Type=5;Data Source=\"" +
-                                  file.wstring() + L"\";"}),
+                                  file.wstring() + L".neu\";"}),
               automation.calls()[1].arguments);
 
     world.registry.storeText(RegistryRoot::localMachine, "SOFTWARE\\Ormeda\\Tarvix 2.1", "DefDB",
@@ -115,11 +130,15 @@ TEST_F(DatabaseMakerTest, NeverTouchesAFileThatExists) {
     EXPECT_EQ(0, run({L"/still"}));
     EXPECT_EQ(0U, automation.count());
 
-    // It comes while the program is about to make its own.
-    std::filesystem::remove(file);
+    // It comes while the program is about to make its own, whether that could be made or not.
     automation.beforeCall([this](std::size_t) { write("Büro"); });
-    EXPECT_EQ(0, run({L"/still"}));
-    EXPECT_EQ("Büro", content());
+    for (const std::size_t failing : {0U, 2U}) {
+        std::filesystem::remove(file);
+        automation.clear();
+        automation.failAt(failing, RuntimeError(static_cast<std::int32_t>(0x80004005), L"Kein Zugriff"));
+        EXPECT_EQ(0, run({L"/still"}));
+        EXPECT_EQ("Büro", content());
+    }
 }
 
 TEST_F(DatabaseMakerTest, AFailingCallLeavesNoFileAndIsTold) {

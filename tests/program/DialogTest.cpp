@@ -233,7 +233,8 @@ TEST_F(Renaming, NumbersTheSelectedLayoutsFromTheGivenNumber) {
     for (const Case& c :
          std::vector<Case>{{{L"Blatt 2", L"Blatt 10", L"Übersicht"}, L"1", {L"Plan2", L"Plan3", L"Plan4"}},
                            {{L"Plan3", L"Plan4"}, L"7", {L"Plan7", L"Plan8"}},
-                           {{L"Plan7", L"Plan8"}, L"2499", {L"Plan2499", L"Plan"}}}) {
+                           {{L"Plan7", L"Plan8"}, L"6", {L"Plan6", L"Plan7"}},
+                           {{L"Plan6", L"Plan7"}, L"2499", {L"Plan2499", L"Plan"}}}) {
         rename(c.layouts, L"Plan", c.number);
         for (const std::wstring& name : c.names) EXPECT_TRUE(hasLayout(name));
         EXPECT_EQ(plan()->drawing().layouts().size(), 5U);

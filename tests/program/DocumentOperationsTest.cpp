@@ -309,7 +309,10 @@ TEST_F(DocumentOperations, NewDrawingsAndInsertedLayoutsAreTheTemplates) {
     EXPECT_EQ(layoutsOf(host().disk().load(L"C:\\Projekte\\Plan.dwg")), L"Blatt 1,Blatt 2,Schnitt,Rahmen A3");
 
     world.desktop.log.clear();
+    world.desktop.hidden = 68108;
+    host().setVisible(false);
     choose(L"mnuTemplate");
+    EXPECT_TRUE(host().visible());
     EXPECT_EQ(world.desktop.log, std::vector<std::wstring>{L"setForeground 68108"});
     EXPECT_EQ(hostState(), L"Zeichnung1.dwg/Rahmen A3 of 3");
     EXPECT_TRUE(activeDocumentIsRight());

@@ -139,6 +139,10 @@ TEST_F(List, ShowsATemplatesPictureWhenItHasComeAndTheTemplateIsStillSelected) {
         world.worker.finishOne();
         EXPECT_EQ(width(), denied ? 0 : 5);
     }
+    world.files.fill(L"C:\\Vorlagen\\Rahmen.dwg", {});
+    refresh();
+    world.worker.finishOne();
+    EXPECT_EQ(width(), 0) << "it holds none any more";
 }
 
 TEST_F(List, KeepsSoManyPicturesAndNoMore) {

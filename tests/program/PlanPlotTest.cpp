@@ -272,7 +272,7 @@ TEST_F(PlanPlotTest, LayoutsBecomePdfFilesByAPattern) {
 
 TEST_F(PlanPlotTest, WhatABusyHostKeepsComesBackWithTheNextCommand) {
     change(house, L"OG 2", [](demo::PlotSettings& s) { s.device = L"DWG To PDF.pc3"; });
-    open([this] {
+    const auto keepAll = [this] {
         makePdfOf({L"Haus.dwg/OG 2"}, [this](frmPlanPdf& form) {
             form.cmdPlotten.userClicks();
             form.step();
@@ -287,6 +287,9 @@ TEST_F(PlanPlotTest, WhatABusyHostKeepsComesBackWithTheNextCommand) {
         });
         EXPECT_EQ(host().activeDocument(), house);
         calls.heal();
+    };
+    open([&] {
+        keepAll();
         press(control(L'C'));
         EXPECT_EQ(host().activeDocument(), plan);
         EXPECT_EQ(house->drawing().currentLayout().name(), L"EG");
@@ -294,6 +297,19 @@ TEST_F(PlanPlotTest, WhatABusyHostKeepsComesBackWithTheNextCommand) {
         host().sendCommand(plan, L"_.-LAYOUT\r");
         world.messages.expect(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!");
         makePdfOf({L"Haus.dwg/OG 2"}, [](frmPlanPdf&) { ADD_FAILURE() << "opened"; });
+        plan->commandLine().type(L"\x1b");
+        world.files.forget(L"C:\\Haus\\Haus-OG 2.pdf");
+    });
+    // Once another host is attached this one is left as it is.
+    world.installations.install(L"24.3", L"AutoCAD 2024");
+    demo.install(demo::ofRelease(L"24.3"));
+    demo.start(L"24.3").addDocument(L"C:\\Neu", L"Neu.dwg", {L"EG"});
+    open([&] {
+        keepAll();
+        main->autoCAD.ChooseRelease(InstalledRelease{{24, 3}, L"AutoCAD 2024"});
+        press(control(L'C'));
+        EXPECT_EQ(house->drawing().currentLayout().name(), L"OG 2");
+        EXPECT_EQ(main->autoCAD.GetActiveDrawingName(), L"C:\\Neu\\Neu.dwg");
     });
 }
 

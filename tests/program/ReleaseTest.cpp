@@ -49,12 +49,18 @@ class Releases : public Operations {
 };
 
 TEST_F(Releases, AreLookedForInTheirOrder) {
-    // Of an LT nothing is heard; a release whose program is missing is not installed.
+    // Of an LT nothing is heard. Not installed is a release whose program is missing, and one without a name
+    // beside sisters with theirs unless it is the family's first (24.0).
     install(L"19.1");
     install(L"24.1");
     install(L"24.3");
     install(L"25.0");
     world.installations.entered.push_back({L"R26.0", L"ACAD-A109:407", L"AutoCAD LT"});
+    world.installations.entered.push_back({L"R24.2", L"ACAD-6101:407", L"AutoCAD 2023"});
+    world.installations.entered.push_back({L"R24.0", L"ACAD-4101:407", L"AutoCAD 2021"});
+    demo.install(demo::ofRelease(L"24.0"));
+    world.installations.entered.push_back({L"R23.1", L"ACAD-3101", L""});
+    world.installations.classes[L"AutoCAD.Application.23.1"] = L"{23.1}";
     world.installations.withoutServer = {L"{25.0}", L"{25}"};
     world.installations.classes[L"AutoCAD.Application"] = L"{24}";
     world.files.add(ownLibrary + std::wstring(L"\\Eigene.dwt"));
@@ -72,10 +78,12 @@ TEST_F(Releases, AreLookedForInTheirOrder) {
           // Chosen, but not installed any more.
           Case{L"25.0", {L"18", L"24.3"}, L"Haus.dwg Plan.dwg ", 0},
           Case{L"24", {L"18"}, L"Haus.dwg Plan.dwg ", 0},
+          Case{L"24.2", {L"18", L"24.3"}, L"Haus.dwg Plan.dwg ", 0},
+          Case{L"23.1", {L"18"}, L"Haus.dwg Plan.dwg ", 0}, Case{L"24.0", {L"18", L"24.0"}, L"24.0.dwg ", 1},
           // Another one of the same family is found by the family's name and not taken.
           Case{L"24.3", {L"24.1"}, L"", 1}}) {
         SCOPED_TRACE(testing::PrintToString(c.chosen));
-        for (const wchar_t* each : {L"19.1", L"24.1", L"24.3"}) demo.end(each);
+        for (const wchar_t* each : {L"19.1", L"24.0", L"24.1", L"24.3"}) demo.end(each);
         world.settings.values.clear();
         restart();
         if (std::ranges::find(c.running, L"18") == c.running.end()) demo.end(L"18");
@@ -190,7 +198,7 @@ TEST_F(Releases, AreChosenInTheMenu) {
     wrong.version = L"24.0s (LMS Tech)";
     demo.install(wrong);
     choose(L"mnuRelease(24.1)");
-    EXPECT_EQ(world.messages.shown.back(), told(L"Es ist ein anderes AutoCAD gestartet als das gewählte!"));
+    EXPECT_EQ(world.messages.shown.back(), told(L"Es ist ein anderes AutoCAD gestartet als das gesuchte!"));
     EXPECT_EQ(chosenInMenu(), L"mnuRelease(24.3)");
     EXPECT_TRUE(demo.host(L"24.1")->visible());
     choose(L"mnuRelease(19.1)");
@@ -209,6 +217,15 @@ TEST_F(Releases, AreChosenInTheMenu) {
     EXPECT_EQ(world.messages.shown,
               std::vector{told(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal.")});
     EXPECT_EQ(chosenInMenu(), L"mnuReleaseAutomatic");
+    // One that was removed since does not start.
+    calls.heal();
+    choose(L"mnuRelease(24.3)");
+    demo.end(L"24.3");
+    world.installations.classes.clear();
+    demo.setCreateError(L"Ungültige Klassenzeichenfolge");
+    world.messages.answer(MessageAnswer::yes);
+    leaveAndReturn();
+    EXPECT_EQ(world.messages.texts().at(2), L"Ungültige Klassenzeichenfolge");
 }
 
 TEST_F(Releases, OfTheirIdsNothingIsCutOff) {

@@ -38,8 +38,24 @@ TEST_F(StartUp, AsksBeforeStartingTheHost) {
     EXPECT_EQ(main->fMainForm, nullptr);
     EXPECT_EQ(world.settings.writes, 0);
 
+    // Whoever does not wait for its answers sees it when he comes back.
+    calls.beforeCall([this](std::size_t number) {
+        const demo::RecordedCall& call = calls.calls().back();
+        const bool made = call.kind == demo::RecordedCall::Kind::create && call.ofHost;
+        if (made || call.name == L"Visible")
+            calls.failAt(number, RuntimeError(hresult::callCanceled, L"Abgebrochen"),
+                         made ? demo::Moment::after : demo::Moment::before);
+    });
     world.messages.answer(MessageAnswer::yes);
     ASSERT_TRUE(start());
+    calls.beforeCall({});
+    calls.heal();
+    EXPECT_FALSE(host().visible());
+    for (const std::size_t shown : {1U, 0U}) {
+        calls.clear();
+        leaveAndReturn();
+        EXPECT_EQ(calls.count(L"Visible"), shown);
+    }
     EXPECT_TRUE(host().visible());
     EXPECT_TRUE(main->autoCAD.gAcadDoc);
     EXPECT_EQ(status(), L"\\Zeichnung1.dwg");

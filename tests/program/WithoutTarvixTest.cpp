@@ -72,8 +72,8 @@ TEST_F(WithoutTarvix, DeletesNothingElse) {
          },
          L"Blatt 2", L""},
         {L"gone", [&](auto& drawing) { drawing.deleteLayout(named(drawing, L"Blatt 2")); }, L"Blatt 1", L""},
-        {L"the last", [&](auto& drawing) { drawing.deleteLayout(named(drawing, L"Blatt 1")); },
-         L"Blatt 2,Schnitt", L"Das letzte Layout einer Zeichnung kann nicht gelöscht werden: Blatt 2"},
+        {L"the last", [&](auto& drawing) { drawing.deleteLayout(named(drawing, L"Blatt 1")); }, L"Schnitt",
+         L"Das letzte Layout einer Zeichnung kann nicht gelöscht werden: Schnitt"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(testing::PrintToString(c.what));
@@ -166,19 +166,28 @@ TEST_F(WithoutTarvix, GivesTheHostItsPreferenceBackAfterADeath) {
 }
 
 TEST_F(WithoutTarvix, OwesFilediaToTheHostThatLostIt) {
-    click(L"D7");
-    before(L"SetVariable", 2, [&] { calls.goneFrom(calls.count()); });
-    choose(L"popInsert");
-    calls.beforeCall({});
-    EXPECT_EQ(host().filedia(), 0);
-    calls.heal();
-    demo.start(L"18").addDocument(L"C:\\Projekte", L"Haus.dwg", {L"Blatt 1"});
-    demo.host(L"18")->setFiledia(0);
-    leaveAndReturn();
-    EXPECT_EQ(demo.host(L"18")->filedia(), 0) << "as its user has it";
-    demo.end(L"18");
-    leaveAndReturn();
-    EXPECT_EQ(host().filedia(), 1);
+    for (const bool saving : {false, true}) {
+        restart();
+        click(saving ? L"L5" : L"D7");
+        before(L"SetVariable", 2, [&] {
+            EXPECT_EQ(world.settings.values[L"PlanRestore"], L"24.3:FILEDIA=1");
+            calls.goneFrom(calls.count());
+        });
+        choose(saving ? L"mnuLayoutImport" : L"popInsert");
+        if (saving) endTreeEdit(L"Neu");
+        calls.beforeCall({});
+        EXPECT_EQ(host().filedia(), 0);
+        calls.heal();
+        demo.start(L"18").addDocument(L"C:\\Projekte", L"Haus.dwg", {L"Blatt 1"});
+        demo.host(L"18")->setFiledia(0);
+        leaveAndReturn();
+        EXPECT_EQ(demo.host(L"18")->filedia(), 0) << "as its user has it";
+        demo.end(L"18");
+        // The program has ended meanwhile, too.
+        ASSERT_TRUE(startAgain());
+        EXPECT_EQ(host().filedia(), 1);
+        EXPECT_EQ(world.settings.values[L"PlanRestore"], L"");
+    }
 }
 
 TEST_F(WithoutTarvix, CreatesUnderANameThatAutoCadTakes) {
@@ -201,6 +210,14 @@ TEST_F(WithoutTarvix, CreatesUnderANameThatAutoCadTakes) {
         }
         dialog.txtLayout.setText(L"  ");
         EXPECT_FALSE(dialog.cmdStart.enabled());
+        // The user may have begun a command since the dialog opened.
+        dialog.txtLayout.setText(L"Dach");
+        document(L"Plan.dwg")->commandLine().type(L"LAYOUT\r");
+        dialog.cmdStart.userClicks();
+        EXPECT_EQ(world.messages.shown.back(),
+                  told(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!"));
+        EXPECT_FALSE(presenter.dialog.closed);
+        document(L"Plan.dwg")->commandLine().type(L"\x1b");
         // What the host refuses all the same is told in its words.
         before(L"Add", 1,
                [&] { calls.failAt(calls.count(), RuntimeError(hresult::memberNotFound, L"EXTNAMES")); });

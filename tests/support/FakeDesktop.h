@@ -19,6 +19,7 @@ class FakeDesktop : public Desktop {
 
     std::map<WindowHandle, Window> windows;
     WindowHandle foregroundWindow = 0;
+    WindowHandle hidden = 0;
     std::vector<std::wstring> log;  ///< what was done to which window: "showNormal 7", "setForeground 7"
 
     WindowHandle findWindow(const std::wstring& caption) override {
@@ -35,6 +36,7 @@ class FakeDesktop : public Desktop {
         log.push_back(L"setForeground " + std::to_wstring(window));
         if (windows.contains(window)) foregroundWindow = window;
     }
+    bool isVisible(WindowHandle window) override { return window != hidden; }
     WindowHandle foreground() override { return foregroundWindow; }
 };
 

@@ -11,15 +11,20 @@ using Microsoft::WRL::ComPtr;
 
 namespace {
 
-BOOL CALLBACK reacts(HWND window, LPARAM) {
-    return !IsWindowVisible(window) || !IsHungAppWindow(window);
+BOOL CALLBACK look(HWND window, LPARAM hung) {
+    if (!IsWindowVisible(window) || !IsHungAppWindow(window)) return TRUE;
+    *reinterpret_cast<bool*>(hung) = true;
+    return FALSE;
 }
 
 /// Whether a window of the thread that carries out the call does not react; false where the system does not
 /// tell the thread.
 bool isHung(HTASK callee) {
     const auto thread = static_cast<DWORD>(reinterpret_cast<ULONG_PTR>(callee));
-    return thread != 0 && !EnumThreadWindows(thread, reacts, 0);
+    bool hung = false;
+    // Its own result does not tell a window that was found from a thread without windows.
+    if (thread != 0) EnumThreadWindows(thread, look, reinterpret_cast<LPARAM>(&hung));
+    return hung;
 }
 
 class MessageFilter : public ComBase<IMessageFilter> {

@@ -54,6 +54,10 @@ void Win32Desktop::setForeground(WindowHandle window) {
     SetForegroundWindow(IsWindowEnabled(native) ? native : GetLastActivePopup(native));
 }
 
+bool Win32Desktop::isVisible(WindowHandle window) {
+    return IsWindowVisible(nativeWindow(window)) != FALSE;
+}
+
 WindowHandle Win32Desktop::foreground() {
     return windowHandle(GetForegroundWindow());
 }

@@ -22,6 +22,7 @@ class Win32Desktop : public Desktop {
     WindowHandle findWindow(const std::wstring& caption) override;
     void showNormal(WindowHandle window) override;
     void setForeground(WindowHandle window) override;
+    bool isVisible(WindowHandle window) override;
     WindowHandle foreground() override;
 };
 

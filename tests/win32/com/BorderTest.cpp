@@ -96,7 +96,8 @@ TEST(HostCaller, AsksAnImpatientUserWhetherToWaitOn) {
     }});
     const ComPtr<IMessageFilter> filter = makeMessageFilter(caller);
     const auto waitsAt = [&](DWORD milliseconds) {
-        return filter->MessagePending(nullptr, milliseconds, PENDINGTYPE_TOPLEVEL) ==
+        const auto withoutWindows = reinterpret_cast<HTASK>(ULONG_PTR{GetCurrentThreadId()});
+        return filter->MessagePending(withoutWindows, milliseconds, PENDINGTYPE_TOPLEVEL) ==
                PENDINGMSG_WAITDEFPROCESS;
     };
     {

@@ -46,7 +46,7 @@ DWORD runProgram(const char* file, const std::wstring& arguments) {
 
 RunningProgram::RunningProgram(const char* file, const std::wstring& arguments, const wchar_t* windowClass)
     : windowClass_(windowClass), process_(startProgram(file, arguments)) {
-    for (int i = 0; i < 500 && !FindWindowW(windowClass, nullptr); ++i) Sleep(20);
+    for (int i = 0; i < 1500 && !FindWindowW(windowClass, nullptr); ++i) Sleep(20);
 }
 
 RunningProgram::~RunningProgram() {
@@ -76,7 +76,7 @@ std::map<std::string, int> RunningProgram::counters() const {
 
 ObjectPtr attach(Client& client, const wchar_t* name) {
     ObjectPtr object;
-    for (int i = 0; i < 250 && !ignoringErrors([&] { object = client.automation.running(name); }); ++i)
+    for (int i = 0; i < 1500 && !ignoringErrors([&] { object = client.automation.running(name); }); ++i)
         Sleep(20);
     return object;
 }

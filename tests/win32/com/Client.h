@@ -50,7 +50,7 @@ class RunningProgram {
 
 /// Runs a program to its end; its exit code.
 DWORD runProgram(const char* file, const std::wstring& arguments);
-/// The running instance of the name, waiting for it at most five seconds.
+/// The running instance of the name, waiting for it at most half a minute, as on a busy machine.
 ObjectPtr attach(Client& client, const wchar_t* name);
 std::wstring temporaryFile(const std::wstring& name);
 /// A file of the build as Windows names it.

@@ -184,7 +184,9 @@ TEST(Win32DesktopTest, FindsTheWindowAndNotTheMessageBoxOverIt) {
     pumpFor(50);
     EXPECT_FALSE(IsIconic(host.window()));
     EXPECT_EQ(desktop.foreground(), windowHandle(host.window()));
+    EXPECT_TRUE(desktop.isVisible(windowHandle(host.window())));
     ShowWindow(host.window(), SW_HIDE);
+    EXPECT_FALSE(desktop.isVisible(windowHandle(host.window())));
     EXPECT_EQ(desktop.findWindow(L"BlattwartProbe"), 0) << "still hidden";
 }
 
