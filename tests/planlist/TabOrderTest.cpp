@@ -87,7 +87,7 @@ TEST(TabOrderTest, AFailureAtAnyCallIsToldAndCanBeTakenBack) {
             return world;
         };
         expectFailuresCanBeTakenBack(make, failures);
-        std::ranges::rotate(failures, failures.begin() + 1);
+        std::rotate(failures.begin(), failures.begin() + 1, failures.end());
     }
 }
 
