@@ -58,6 +58,13 @@ check_installed() {
     check "there is no start-menu entry" start_menu_entry
 }
 
+# Who presses Alt+F4 while the program is still reading presses it again.
+closes() {
+    timeout 5 xdotool windowactivate --sync "$(window)" key alt+F4
+    sleep 0.5
+    ! has_window
+}
+
 # The window comes up, says nothing instead, and ends by Alt+F4 as one ends it.
 start_installed() {
     local running
@@ -65,12 +72,12 @@ start_installed() {
     check "the host does not come up" wine "$cadhost" /wait
     wine 'C:\Program Files\Blattwart\Blattwart.exe' &
     running=$!
-    if until_true has_window; then
-        xdotool windowactivate --sync "$(window)" key alt+F4
-    else
+    if ! until_true has_window; then
         fault "the program shows no window"
-        wine taskkill /f /im Blattwart.exe >/dev/null
+    elif ! until_true closes; then
+        fault "the program cannot be closed"
     fi
+    ! has_window || wine taskkill /f /im Blattwart.exe >/dev/null
     wait $running || fault "the program ends with $?"
     check "the program keeps no settings" wine reg query 'HKCU\Software\Blattwart\Settings'
     wine taskkill /f /im cadhost.exe >/dev/null
