@@ -27,7 +27,7 @@ check_growth() {
 
 do_bench() {
     ready "${build_packages[@]}" "${bench_packages[@]}"
-    build_preset release && build_preset win64 || exit
+    build_preset release program_bench blattwart_bench && build_preset win64 program_bench start_bench || exit
     say "The program, over COM under Wine; times in milliseconds"
     WINE_RUN_SECONDS=1200 step tools/wine-run.sh build/win64/bench/session/program_bench.exe
     say "Its start"

@@ -44,7 +44,7 @@ inline constexpr std::uint32_t pictureAt = firstPart + 2 * 9;
 
 /// A file as the host writes it: head, sentinel, an empty header (code 1), the picture, something behind it.
 inline Bytes drawing(std::uint8_t code, const Bytes& picture) {
-    Bytes bytes(pictureAt, 0);
+    Bytes bytes(pictureAt + picture.size() + 100000, 0);
     const std::string release = "AC1015";
     std::copy(release.begin(), release.end(), bytes.begin());
     put32(bytes, 0x0D, section);
@@ -57,8 +57,7 @@ inline Bytes drawing(std::uint8_t code, const Bytes& picture) {
     bytes[firstPart + 9] = code;
     put32(bytes, firstPart + 10, pictureAt);
     put32(bytes, firstPart + 14, static_cast<std::uint32_t>(picture.size()));
-    bytes.insert(bytes.end(), picture.begin(), picture.end());
-    bytes.resize(bytes.size() + 100000);
+    std::copy(picture.begin(), picture.end(), bytes.begin() + pictureAt);
     return bytes;
 }
 
