@@ -38,8 +38,8 @@ std::wstring textOf(HWND window);
 HWND childOfClass(HWND parent, const wchar_t* className);
 /// The dialog or message box that is shown over `owner`; null when there is none.
 HWND findDialog(HWND owner);
-/// No text of the window's controls is cut off.
-void expectRoomForTexts(HWND dialog);
+/// The texts of the window's controls that have no room, each with a ";" behind it.
+std::wstring textsCutOff(HWND dialog);
 
 /// A frame window that hands notifications on to the control under test.
 class ControlHost {

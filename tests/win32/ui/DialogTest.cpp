@@ -74,7 +74,7 @@ class DialogTest : public testing::Test {
             DispatchMessageW(&message);
         }
     }
-    void expectRoom() { expectRoomForTexts(dialog); }
+    void expectRoom() { EXPECT_EQ(textsCutOff(dialog), L""); }
     void type(int id, const wchar_t* text) { SetDlgItemTextW(dialog, id, text); }
     void focus(int id) {
         SendMessageW(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(GetDlgItem(dialog, id)), TRUE);
