@@ -132,6 +132,18 @@ TEST_F(ReadTest, AReadingThatEndsEarlyShowsWholeDrawingsOnly) {
     EXPECT_EQ(reader.state(), PlanReader::State::noAnswer);
 }
 
+TEST_F(ReadTest, AClosedWindowHoldsNothingOfTheHost) {
+    open(L"C:\\P", L"A.dwg", {L"1", L"2"});
+    read();
+    autoCAD.gAcadApp = {};
+    autoCAD.gAcadDoc = {};
+    calls.hostEnded();
+    EXPECT_GT(calls.deadObjects(), 0u);
+    plan.letGo();
+    EXPECT_EQ(calls.deadObjects(), 0u);
+    EXPECT_EQ(rows().size(), 2u);
+}
+
 /// Any single fact may be refused: the row then stands without it.
 TEST_F(ReadTest, AFactThatIsRefusedLeavesItsCellEmpty) {
     const auto a = open(L"C:\\P", L"A.dwg", {L"1", L"2"});
