@@ -10,17 +10,23 @@ namespace blattwart {
 
 namespace {
 
+/// Wine fails now and then to make a process (ERROR_INTERNAL_ERROR, once in some thousands): tried three times.
 HANDLE startProgram(const char* file, const std::wstring& arguments) {
-    std::wstring command = L"\"" + windowsPath(file) + L"\" " + arguments;
-    STARTUPINFOW start{};
-    start.cb = sizeof(start);
-    PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
-                        &process)) {
-        throw std::runtime_error("the program does not start");
+    DWORD error = 0;
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        std::wstring command = L"\"" + windowsPath(file) + L"\" " + arguments;
+        STARTUPINFOW start{};
+        start.cb = sizeof(start);
+        PROCESS_INFORMATION process{};
+        if (CreateProcessW(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start,
+                           &process)) {
+            CloseHandle(process.hThread);
+            return process.hProcess;
+        }
+        error = GetLastError();
+        Sleep(200);
     }
-    CloseHandle(process.hThread);
-    return process.hProcess;
+    throw std::runtime_error(std::string(file) + " does not start: error " + std::to_string(error));
 }
 
 }  // namespace

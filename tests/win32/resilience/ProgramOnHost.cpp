@@ -74,8 +74,8 @@ HostProgram::HostProgram(std::wstring release)
     : release_(std::move(release)), window_(window + (release_ == L"18" ? std::wstring() : release_)) {
     registerAdo();
     fs::remove(database);
-    if (runProgram(DATABASE_MAKER, L"/still \"" + database + L"\"") != 0)
-        throw std::runtime_error("the database cannot be made");
+    runProgram(DATABASE_MAKER, L"/still \"" + database + L"\"");
+    if (!fs::exists(database)) throw std::runtime_error("the database cannot be made");
     runProgram(CADHOST, L"/release " + release_ + L" /register /silent");
 }
 
