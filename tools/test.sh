@@ -1,13 +1,16 @@
 # shellcheck shell=bash
 # Running the tests.
 
-# run_tests PRESET [PROGRAM...]: all programs, or these; a program may run in parts.
+# run_tests PRESET [PROGRAM...]: all programs, or these; a program may run in parts. Under Wine three run on two cores, since
+# they wait more than they work.
 run_tests() {
-    local preset=$1
+    local preset=$1 jobs
+    jobs=$(nproc)
+    [ "$preset" = native ] || jobs=$((jobs * 3 / 2))
     shift
     say "Testing $preset${*:+: $*}"
     rm -f "build/$preset/Testing/Temporary/LastTest.log"
-    ctest --preset "$preset" --no-tests=error -j "$(nproc)" --test-output-size-passed 10000000 \
+    ctest --preset "$preset" --no-tests=error -j "$jobs" --test-output-size-passed 10000000 \
         ${1:+-R "^($(IFS='|'; echo "$*"))(_part[0-9]+)?$"} | grep -vE '^\[ +(RUN|OK) '
     return "${PIPESTATUS[0]}"
 }

@@ -263,8 +263,8 @@ TEST_F(TreeWindowTest, TakesDroppedFilesAndKeys) {
     SetForegroundWindow(source.window());
     pump();
     files.drop(labelOf(L"A"));
-    pump();
     EXPECT_EQ(GetForegroundWindow(), host.window()) << "what is asked about the files must not lie behind";
+    pump();
     EXPECT_EQ(taken(), L"C:\\Größe.dwg;C:\\b.dxf;");
 }
 
