@@ -8,7 +8,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LES
   target_compile_options(blattwart_warnings INTERFACE -Wno-restrict)
 endif()
 # Where several sources are compiled as one, GCC takes a source's own class with a member from its unnamed namespace for one
-# of a header; the preset without it (release) warns as it should.
+# of a header; the presets without it (win32, release) warn as they should.
 if(CMAKE_UNITY_BUILD)
   target_compile_options(blattwart_warnings INTERFACE -Wno-subobject-linkage)
 endif()

@@ -10,7 +10,8 @@ namespace blattwart {
 
 namespace {
 
-/// Wine fails now and then to make a process (ERROR_INTERNAL_ERROR, once in some thousands): tried three times.
+/// Wine fails now and then to make a process (ERROR_INTERNAL_ERROR, once in some thousands): tried three
+/// times.
 HANDLE startProgram(const char* file, const std::wstring& arguments) {
     DWORD error = 0;
     for (int attempt = 0; attempt < 3; ++attempt) {
