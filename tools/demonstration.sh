@@ -15,10 +15,7 @@ cadhost=build/win64/demo/cadhost/cadhost.exe
 
 in_session() { WINE_RUN_SECONDS=0 tools/wine-run.sh --in "$session" "$@"; }
 
-build_demonstration() {
-    [ -f build/win64/build.ninja ] || cmake --preset win64 || return
-    cmake --build --preset win64 --target Blattwart DatenbankAnlegen cadhost adostandin
-}
+build_demonstration() { build_preset win64 Blattwart DatenbankAnlegen cadhost adostandin; }
 
 make_samples() {
     local stamp=build/samples.stamp
