@@ -1,6 +1,7 @@
 #include "demo/ado/Ado.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -63,8 +64,7 @@ class Ado : public testing::Test {
     }
 
     // A blank and umlauts in the folder, as users have them.
-    const std::string folder_ =
-        testing::TempDir() + "Büro " + testing::UnitTest::GetInstance()->current_test_info()->name();
+    const std::string folder_ = testing::TempDir() + "Büro " + std::to_string(getpid());
     const std::string file_ = folder_ + "/Tarvix.mdb";
     const std::u32string letters_ = std::filesystem::path(folder_).u32string();
     const std::wstring wideFolder_{letters_.begin(), letters_.end()};

@@ -58,7 +58,7 @@ struct TemporaryFile {
 
 /// What another program reads in the drawing: its faults, then a line a layout.
 inline std::string inspected(const Drawing& drawing) {
-    return inspect(TemporaryFile(drawing).path.string());
+    return inspect("'" + TemporaryFile(drawing).path.string() + "'");
 }
 
 }  // namespace demo

@@ -52,7 +52,7 @@ TEST(Drawing, IsWrittenAsItWasRead) {
         EXPECT_EQ(saved(loaded(saved(drawing))), saved(drawing)) << file.path();
         files.push_back(std::make_unique<TemporaryFile>(drawing, std::to_string(files.size())));
         originals += " '" + file.path().string() + "'";
-        copies += " " + files.back()->path.string();
+        copies += " '" + files.back()->path.string() + "'";
     }
     const std::string seen = inspect(copies);
     EXPECT_EQ(seen, inspect(originals));

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 
@@ -14,14 +16,15 @@ namespace {
 
 /// What another program makes of a CSV file: each cell in brackets, a line for each line.
 std::string readByPython(const std::string& csv) {
-    const auto file = std::filesystem::path(testing::TempDir()) / "planlist.csv";
+    const auto file =
+        std::filesystem::temp_directory_path() / ("planlist-" + std::to_string(getpid()) + ".csv");
     std::ofstream(file, std::ios::binary) << csv;
     const std::string command =
         "python3 -c 'import csv,sys\n"
         "for line in "
         "csv.reader(open(sys.argv[1],encoding=\"utf-8-sig\",newline=\"\"),delimiter=\";\",strict=True):\n"
-        "  sys.stdout.buffer.write((\"\".join(\"[\"+c+\"]\" for c in line)+\"\\n\").encode())' " +
-        file.string();
+        "  sys.stdout.buffer.write((\"\".join(\"[\"+c+\"]\" for c in line)+\"\\n\").encode())' '" +
+        file.string() + "'";
     std::string text = toldBy(command);
     std::filesystem::remove(file);
     return text;

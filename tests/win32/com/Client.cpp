@@ -1,6 +1,5 @@
 #include "Client.h"
 
-#include <algorithm>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -33,9 +32,8 @@ HANDLE startProgram(const char* file, const std::wstring& arguments) {
 }  // namespace
 
 std::wstring windowsPath(const char* file) {
-    std::wstring path = L"Z:" + std::wstring(file, file + std::strlen(file));
-    std::replace(path.begin(), path.end(), L'/', L'\\');
-    return path;
+    const std::u8string path(file, file + std::strlen(file));
+    return L"Z:" + std::filesystem::path(path).make_preferred().wstring();
 }
 
 std::wstring temporaryFile(const std::wstring& name) {
