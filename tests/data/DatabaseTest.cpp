@@ -149,15 +149,21 @@ TEST_F(DatabaseTest, ReadsBlocksAndPassesOverCellsWithoutValue) {
           L"(12, 1, 7, 'Stempel', 'Schriftfeld', 1.5, 2.5, 3.5, 2, 3, 4, 0.25, 'Rahmen')");
     database.LoadBlocks();
     ASSERT_EQ(3, database.blocks().Count());
-    const auto block = database.blocks().Item(L"4");
-    EXPECT_EQ(L"Stempel", block->block);
-    EXPECT_EQ(L"Schriftfeld", block->Bezeichnung);
-    EXPECT_EQ(1, block->TypenId);
-    EXPECT_EQ(7, block->VorlagenId);
-    const std::vector<double> numbers{block->EinfPunktX, block->EinfPunktY, block->EinfPunktZ, block->FaktorX,
-                                      block->FaktorY,    block->FaktorZ,    block->Drehung};
-    EXPECT_EQ((std::vector<double>{1.5, 2.5, 3.5, 2, 3, 4, 0.25}), numbers);
-    EXPECT_EQ(L"0", block->Layer);
+    CBloecke added;
+    added.AddBlock(L"Schriftfeld", 2, 3, 4, 0.25, 4, 9, 7, 1, L"Stempel", 1.5, 2.5, 3.5, L"", L"4");
+    EXPECT_EQ(9, added.Item(1)->objId);
+    for (const auto& block : {database.blocks().Item(L"4"), added.Item(L"4")}) {
+        EXPECT_EQ(L"Stempel", block->block);
+        EXPECT_EQ(L"Schriftfeld", block->Bezeichnung);
+        EXPECT_EQ(4, block->blockId);
+        EXPECT_EQ(1, block->TypenId);
+        EXPECT_EQ(7, block->VorlagenId);
+        const std::vector<double> numbers{block->EinfPunktX, block->EinfPunktY, block->EinfPunktZ,
+                                          block->FaktorX,    block->FaktorY,    block->FaktorZ,
+                                          block->Drehung};
+        EXPECT_EQ((std::vector<double>{1.5, 2.5, 3.5, 2, 3, 4, 0.25}), numbers);
+    }
+    EXPECT_EQ(L"0", database.blocks().Item(L"4")->Layer);
     const auto gaps = database.blocks().Item(L"11");
     EXPECT_EQ(L"", gaps->Layer);
     EXPECT_EQ(0, gaps->FaktorX);

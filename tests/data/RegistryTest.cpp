@@ -65,8 +65,24 @@ TEST_F(RegistryTest, StoresTextWithoutNulAndReadsItBack) {
     EXPECT_EQ(0U, fake.openKeys());
 
     const std::wstring file = L"D:\\Größe\\€.mdb";
-    CRegistry(fake, locale).TX_DefDB(file);
+    CRegistry values(fake, locale);
+    values.TX_DefDB(file);
     EXPECT_EQ(file, registry.GetDatabasePath());
+    struct Property {
+        const char* name;
+        void (CRegistry::*put)(const std::wstring&);
+        std::wstring (CRegistry::*get)();
+    };
+    for (const auto& [name, put, get] :
+         {Property{"AktKonfig", &CRegistry::TX_AktKonfig, &CRegistry::TX_AktKonfig},
+          Property{"TempDWGs", &CRegistry::TX_TempDWGs, &CRegistry::TX_TempDWGs},
+          Property{"Daten", &CRegistry::TX_Daten, &CRegistry::TX_Daten},
+          Property{"ColFormat", &CRegistry::ColFormat, &CRegistry::ColFormat},
+          Property{"Startanzeige", &CRegistry::TX_Startanzeige, &CRegistry::TX_Startanzeige}}) {
+        (values.*put)(file);
+        EXPECT_NE(nullptr, fake.find(RegistryRoot::localMachine, path, name)) << name;
+        EXPECT_EQ(file, (values.*get)()) << name;
+    }
 
     fake.writable = false;
     registry.SetAutoEnd(-5);
