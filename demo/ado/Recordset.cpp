@@ -1,6 +1,5 @@
 #include "demo/ado/Recordset.h"
 
-#include <algorithm>
 #include <array>
 
 #include "demo/ado/AdoErrors.h"
@@ -11,17 +10,14 @@ namespace demo::ado {
 
 using blattwart::ObjectPtr;
 using blattwart::Value;
-using blattwart::ValueArray;
 
 namespace {
 
 namespace recordsetMember {
 enum : std::int32_t {
     collect = -8,
-    bof = 1002,
     eof = 1006,
     close = 1014,
-    getRows = 1016,
     moveNext = 1018,
     moveFirst = 1020,
     open = 1022,
@@ -70,10 +66,8 @@ std::shared_ptr<Connection> connectionIn(const Value& value) {
 std::span<const MemberName> Recordset::members() const {
     static constexpr std::array names = {MemberName{L"Fields", defaultMember},
                                          MemberName{L"Collect", recordsetMember::collect},
-                                         MemberName{L"BOF", recordsetMember::bof},
                                          MemberName{L"EOF", recordsetMember::eof},
                                          MemberName{L"Close", recordsetMember::close},
-                                         MemberName{L"GetRows", recordsetMember::getRows},
                                          MemberName{L"MoveNext", recordsetMember::moveNext},
                                          MemberName{L"MoveFirst", recordsetMember::moveFirst},
                                          MemberName{L"Open", recordsetMember::open},
@@ -88,15 +82,11 @@ Value Recordset::invoke(std::int32_t id, Access access, Arguments arguments) {
     if (id == recordsetMember::collect) return collect(access, arguments);
     requireRead(access);
     switch (id) {
-        case recordsetMember::bof:
-            return openRows().rows.empty();
         case recordsetMember::eof:
             return atEnd();
         case recordsetMember::close:
             close();
             return {};
-        case recordsetMember::getRows:
-            return getRows(numberAt(arguments, 0, -1));
         case recordsetMember::moveNext:
             moveNext();
             return {};
@@ -201,21 +191,6 @@ void Recordset::update() {
     auto& rows = openRows().rows;
     for (auto& [field, value] : changes_) rows[position_][field] = std::move(value);
     changes_.clear();
-}
-
-/// An array for each field that holds the values of its rows: the two-dimensional array of the real object,
-/// whose first index is the field's.
-Value Recordset::getRows(std::int32_t count) {
-    requireRow();
-    const auto left = openRows().rows.size() - position_;
-    const auto taken = count < 0 ? left : std::min(left, static_cast<std::size_t>(count));
-    std::vector<ValueArray> columns(fieldCount());
-    for (std::size_t row = 0; row < taken; ++row) {
-        for (std::size_t field = 0; field < columns.size(); ++field)
-            columns[field].push_back(fieldValue(field));
-        moveNext();
-    }
-    return ValueArray(columns.begin(), columns.end());
 }
 
 std::size_t Recordset::fieldCount() const {

@@ -46,7 +46,6 @@ class Recordset final : public AdoObject, public std::enable_shared_from_this<Re
     void update();
     blattwart::Value defaultValue(Access access, Arguments arguments);
     blattwart::Value collect(Access access, Arguments arguments);
-    blattwart::Value getRows(std::int32_t count);
 
     std::shared_ptr<RowSet> rows_;
     std::shared_ptr<Connection> connection_;

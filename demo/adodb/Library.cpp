@@ -26,19 +26,6 @@ const std::shared_ptr<Exporter>& exporter() {
     return instance;
 }
 
-/// Carries out a function of the library's border.
-template <class Body>
-HRESULT answer(Body&& body) noexcept {
-    try {
-        body();
-        return S_OK;
-    } catch (const blattwart::RuntimeError& error) {
-        return error.number();
-    } catch (const std::exception&) {
-        return E_UNEXPECTED;
-    }
-}
-
 HRESULT getClass(const ServerClass& server, REFIID interfaceId, void** object) {
     const auto factory =
         makeClassFactory([&server] { return exporter()->toDispatch(makeAdo(server.progId)); });
@@ -61,14 +48,11 @@ STDAPI DllCanUnloadNow() {
 }
 
 STDAPI DllRegisterServer() {
-    return answer([] {
+    try {
         const std::wstring file = moduleFile(reinterpret_cast<const void*>(&DllRegisterServer));
         for (const ServerClass& server : adoClasses) registerLibrary(server, file);
-    });
-}
-
-STDAPI DllUnregisterServer() {
-    return answer([] {
-        for (const ServerClass& server : adoClasses) unregister(server);
-    });
+        return S_OK;
+    } catch (const blattwart::RuntimeError& error) {
+        return error.number();
+    }
 }

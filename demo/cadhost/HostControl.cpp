@@ -53,8 +53,6 @@ bool HostControl::obey(const std::wstring& command) {
 bool HostControl::obeyUser(const std::wstring& verb, const std::wstring& argument) {
     if (verb == L"add") {
         add(argument);
-    } else if (verb == L"open") {
-        host_.openFile(argument);
     } else if (verb == L"activate") {
         return withDocument(argument, &Host::activate);
     } else if (verb == L"close") {
@@ -65,10 +63,8 @@ bool HostControl::obeyUser(const std::wstring& verb, const std::wstring& argumen
         writeDrawings(argument);
     } else if (verb == L"profile") {
         writeProfile(argument);
-    } else if (verb == L"quit") {
-        host_.quit();
     } else {
-        return answerDialog(verb, argument);
+        return false;
     }
     return true;
 }
@@ -79,20 +75,6 @@ bool HostControl::withDocument(const std::wstring& name, void (Host::*operation)
     if (found == host_.documents().end()) return false;
     // A reference of our own: closing takes the document off the list.
     (host_.*operation)(DocumentPtr(*found));
-    return true;
-}
-
-bool HostControl::answerDialog(const std::wstring& verb, const std::wstring& answer) {
-    if (!host_.dialog()) return false;
-    if (verb == L"ok") {
-        host_.answerDialog(host_.dialog()->proposal);
-    } else if (verb == L"answer") {
-        host_.answerDialog(answer);
-    } else if (verb == L"cancel") {
-        host_.cancelDialog();
-    } else {
-        return false;
-    }
     return true;
 }
 

@@ -11,12 +11,10 @@ namespace demo {
 ///
 /// - `add FOLDER|NAME|LAYOUT|LAYOUT...`: opens a drawing that no file holds; without FOLDER it was never
 /// saved
-/// - `open FILE`, `activate NAME`, `close NAME`
-/// - `ok`, `cancel`, `answer TEXT`: answers the open dialog
+/// - `activate NAME`, `close NAME`
 /// - `typed FILE`: writes what clients typed: document, FILEDIA and text, a line each
 /// - `drawings FILE`: writes what is open: document and layout, with "*" where active, a line for each sheet
 /// - `profile FILE`: writes BACKGROUNDPLOT and whether new layouts ask for their page setup, a line each
-/// - `quit`: ends the host
 ///
 /// and the commands of the server's Behaviour.
 class HostControl {
@@ -29,7 +27,6 @@ class HostControl {
   private:
     bool obeyUser(const std::wstring& verb, const std::wstring& argument);
     bool withDocument(const std::wstring& name, void (Host::*operation)(const DocumentPtr&));
-    bool answerDialog(const std::wstring& verb, const std::wstring& answer);
     void add(const std::wstring& description);
     void writeTyped(const std::wstring& file) const;
     void writeProfile(const std::wstring& file) const;

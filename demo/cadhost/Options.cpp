@@ -49,7 +49,6 @@ class Reader {
     Options options_;
     std::map<std::wstring, std::function<void()>> actions_{
         {L"register", [this] { options_.task = Task::enter; }},
-        {L"unregister", [this] { options_.task = Task::remove; }},
         {L"wait", [this] { options_.task = Task::wait; }},
         {L"Automation", [this] { options_.automation = true; }},
         {L"Embedding", [this] { options_.automation = true; }},
@@ -57,7 +56,6 @@ class Reader {
         {L"wide", [this] { options_.host.wideIds = true; }},
         {L"templates", [this] { options_.host.templateFolder = argument(); }},
         {L"novba", [this] { options_.host.vbaInstalled = false; }},
-        {L"pagesetup", [this] { options_.host.profile->showsPageSetup = true; }},
         {L"plottime",
          [this] {
              std::int32_t milliseconds = 0;

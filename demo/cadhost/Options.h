@@ -10,23 +10,22 @@
 namespace demo {
 
 /// What the program is started for.
-enum class Task { run, enter, remove, wait };
+enum class Task { run, enter, wait };
 
 /// The command line:
 ///
 ///     cadhost [options] [drawings]
 ///
-///     /register, /unregister   enters the program in the registry, with the other options given; removes it
+///     /register                enters the program in the registry, with the other options given
 ///     /wait                    ends when clients find a running host, or with 1 after half a minute
 ///     /Automation, -Embedding  started for a client: invisible
 ///     /release NN.M            behaves and is entered as that release (before what changes single options)
 ///     /wide                    a 64-bit host
 ///     /templates FOLDER        its template folder
 ///     /novba                   without macros
-///     /pagesetup               a layout that is shown for the first time asks for its page setup
 ///     /plottime MS             how long a plot takes
 ///     /startup MS              how long starting takes
-///     /silent                  dialogs are answered by commands only
+///     /silent                  the user sees no dialog and answers none
 ///     /do COMMAND              a command (HostControl) carried out at the start, as often as given
 struct Options {
     Task task = Task::run;

@@ -51,11 +51,6 @@ void enter(const Options& options, const std::wstring& command) {
                     static_cast<DWORD>((product.name.size() + 1) * sizeof(wchar_t)));
 }
 
-void remove(const Options& options) {
-    for (const ServerClass& each : hostClasses(options.host.release)) unregister(each);
-    RegDeleteTreeW(HKEY_LOCAL_MACHINE, productOf(options.host).key.c_str());
-}
-
 /// The way in which clients make COM start this program: with the options that it was registered with.
 std::wstring startCommand(std::vector<std::wstring> words) {
     std::erase(words, L"/register");
@@ -125,9 +120,6 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
         switch (options.task) {
             case Task::enter:
                 enter(options, startCommand(words));
-                break;
-            case Task::remove:
-                remove(options);
                 break;
             case Task::wait:
                 return awaitHost(options) ? 0 : 1;

@@ -61,8 +61,6 @@ class Exporter : public blattwart::ObjectBorder, public std::enable_shared_from_
     }
     const WireCounters& counters() const { return counters_; }
     WireCounters& counters() { return counters_; }
-    /// Objects that are held outside.
-    std::size_t objectsAlive() const { return alive_.size(); }
 
   private:
     friend class ExportedObject;

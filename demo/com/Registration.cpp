@@ -49,11 +49,6 @@ void registerLibrary(const ServerClass& server, const std::wstring& file) {
     setDefault(key, L"Apartment", L"ThreadingModel");
 }
 
-void unregister(const ServerClass& server) {
-    RegDeleteTreeW(HKEY_LOCAL_MACHINE, (classesKey + server.progId).c_str());
-    RegDeleteTreeW(HKEY_LOCAL_MACHINE, (classesKey + L"CLSID\\" + textOf(server.id)).c_str());
-}
-
 std::wstring moduleFile(const void* addressInside) {
     HMODULE module = nullptr;
     if (addressInside) {

@@ -17,8 +17,6 @@ struct ServerClass {
 void registerProgram(const ServerClass& server, const std::wstring& command);
 /// The same for a library that is loaded into the client.
 void registerLibrary(const ServerClass& server, const std::wstring& file);
-/// Removes the entries that `registerProgram` or `registerLibrary` made.
-void unregister(const ServerClass& server);
 
 /// File of the running program or of the library that contains the address.
 std::wstring moduleFile(const void* addressInside = nullptr);

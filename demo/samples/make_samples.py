@@ -1,8 +1,7 @@
 #!/usr/bin/python3
-"""Writes the sample drawings that the demonstration host opens, for trying the program, for tests and benchmarks.
+"""Writes the sample drawings that the demonstration host opens, for trying the program and for tests.
 
     make_samples.py FOLDER
-    make_samples.py FOLDER --benchmark DRAWINGS LAYOUTS ENTITIES
 
 Needs Debian's python3-ezdxf: a writer that shares no code with the host's reader. All files are ASCII DXF, also those
 that end in .dwg or .dwt; those of the library begin with the head and the picture of a DWG, as the host writes them. The
@@ -10,7 +9,6 @@ same call always gives the same bytes.
 """
 import argparse
 import os
-import shutil
 import sys
 from dataclasses import dataclass
 from pathlib import Path
@@ -130,9 +128,9 @@ def define_blocks(doc):
     legend.add_text("Legende", height=5)
 
 
-def draw_model(doc, entities=4):
+def draw_model(doc):
     model = doc.modelspace()
-    for i in range(entities):
+    for i in range(4):
         model.add_line((i * 100, 0), (i * 100, 8000), {"layer": "Wände"})
     model.add_polyline2d([(0, 0), (12000, 0), (12000, 8000), (0, 8000)], close=True)
     model.add_linear_dim(base=(0, -1000), p1=(0, 0), p2=(12000, 0)).render()
@@ -178,14 +176,14 @@ def add_sheet(doc, sheet, tab):
         add_mark(layout, sheet, kind, name)
 
 
-def build(plan, entities=4):
+def build(plan):
     doc = ezdxf.new(plan.release)
     doc.appids.new(APPLICATION)
     doc.appids.new("FREMDPROGRAMM")
     for name in ("Wände", "VIEWPORTS"):
         doc.layers.new(name)
     define_blocks(doc)
-    draw_model(doc, entities)
+    draw_model(doc)
     for tab, sheet in enumerate(plan.sheets, start=1):
         add_sheet(doc, sheet, tab)
     if plan.sheets:
@@ -235,31 +233,14 @@ def write_samples(folder):
         (folder / name).write_text(text, encoding="cp1252")
 
 
-def write_benchmark(folder, drawings, layouts, entities):
-    """Many equal drawings: one is written, the others are copies."""
-    folder.mkdir(parents=True, exist_ok=True)
-    windows = (Window("Grundriß", 50), Window("Detail", 20))
-    sheets = tuple(
-        Sheet(f"Blatt {i + 1}", rotation=i % 4, style="monochrome.ctb", windows=windows, marks=(STAMP,), shown=i == 0)
-        for i in range(layouts))
-    first = folder / "Zeichnung 001.dwg"
-    build(Plan("", "R2010", sheets, "Blatt 1"), entities).saveas(first)
-    for i in range(1, drawings):
-        shutil.copyfile(first, folder / f"Zeichnung {i + 1:03}.dwg")
-
-
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("folder", type=Path)
-    parser.add_argument("--benchmark", nargs=3, type=int, metavar=("DRAWINGS", "LAYOUTS", "ENTITIES"))
     arguments = parser.parse_args()
     if os.environ.get("PYTHONHASHSEED") != "0":  # ezdxf writes some sets in their own order
         os.execve(sys.executable, [sys.executable, *sys.argv], {**os.environ, "PYTHONHASHSEED": "0"})
     ezdxf.options.write_fixed_meta_data_for_testing = True
-    if arguments.benchmark:
-        write_benchmark(arguments.folder, *arguments.benchmark)
-    else:
-        write_samples(arguments.folder)
+    write_samples(arguments.folder)
 
 
 if __name__ == "__main__":

@@ -122,16 +122,14 @@ void serve(const std::vector<std::wstring>& commands) {
 
 }  // namespace demo
 
-/// testserver /register [COMMANDS...] | /unregister | [COMMANDS...]
+/// testserver /register [COMMANDS...] | [COMMANDS...]
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int) {
     int count = 0;
     wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
     std::vector<std::wstring> commands(words + 1, words + count);
     LocalFree(words);
     const std::wstring task = commands.empty() ? L"" : commands.front();
-    if (task == L"/unregister") {
-        demo::unregister(demo::testClass);
-    } else if (task == L"/register") {
+    if (task == L"/register") {
         std::wstring command = L"\"" + demo::moduleFile() + L"\"";
         for (std::size_t i = 1; i < commands.size(); ++i) command += L" \"" + commands[i] + L"\"";
         demo::registerProgram(demo::testClass, command);
