@@ -43,7 +43,7 @@ void requireNoOtherCommand(const demo::CommandLine& commandLine) {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz::fuzzCommandText(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
     const std::wstring source = input.text();
     std::wstring name = input.text();
@@ -53,7 +53,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     demo::DemoAutomation automation;
     automation.start();
     demo::Drawing drawing = demo::Drawing::createEmpty();
-    if (!ignoringErrors([&] { drawing.renameLayout(*drawing.layouts().back(), source); })) return 0;
+    if (!ignoringErrors([&] { drawing.renameLayout(*drawing.layouts().back(), source); })) return;
     const auto document = automation.host()->addDocument(L"C:\\Projekte", L"Plan.dwg", std::move(drawing));
     test::TestPlatform world(automation);
     NavigatorRecords records;
@@ -72,5 +72,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     // A path with a blank that has no short form is not typed anyway.
     const bool given = file.find(L' ') == std::wstring::npos;
     require(!hostile || !given || !world.messages.shown.empty(), "the user is told why nothing was typed");
-    return 0;
 }

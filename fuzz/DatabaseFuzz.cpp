@@ -74,7 +74,7 @@ void requireConversions(const Value& value, const Locale& locale) {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz::fuzzDatabase(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
     const test::GermanLocale locale;
     std::vector<Row> table;
@@ -97,5 +97,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     CBloecke blocks;
     blocks.ReadFromDatabase(blockRows);
     require(static_cast<std::size_t>(blocks.Count()) <= table.size(), "no more blocks than rows");
-    return 0;
 }

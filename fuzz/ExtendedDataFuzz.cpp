@@ -62,7 +62,7 @@ void requireHostTakesItsOwn(const Stored& stored) {
 
 }  // namespace
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz::fuzzExtendedData(const std::uint8_t* data, std::size_t size) {
     fuzz::Input input(data, size);
     const auto stored = std::make_shared<Stored>();
     while (!input.atEnd() && stored->types.size() < 1000) {
@@ -81,5 +81,4 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     CAFenster().GetAfenwerte(source);
     CAFenster().GetBezeichnung(source);
     requireRoundTrip(stored, source);
-    return 0;
 }

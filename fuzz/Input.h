@@ -11,10 +11,14 @@
 #include "platform/Value.h"
 #include "support/GermanLocale.h"
 
-/// Every fuzz target is this one function; it ends the program when a rule does not hold.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
-
 namespace blattwart::fuzz {
+
+/// The fuzz targets, a source each. A target ends the program when a rule does not hold.
+void fuzzCommandText(const std::uint8_t* data, std::size_t size);
+void fuzzDatabase(const std::uint8_t* data, std::size_t size);
+void fuzzExtendedData(const std::uint8_t* data, std::size_t size);
+void fuzzPreviewPicture(const std::uint8_t* data, std::size_t size);
+void fuzzSettings(const std::uint8_t* data, std::size_t size);
 
 inline void require(bool holds, const char* rule) {
     if (holds) return;

@@ -6,13 +6,12 @@
 using namespace blattwart;
 using fuzz::require;
 
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+void fuzz::fuzzPreviewPicture(const std::uint8_t* data, std::size_t size) {
     test::FakeFileReader file({data, data + size});
     const auto picture = readPreviewPicture(file);
     require(file.bytesRead <= 0x20 + 21 + 16 * 9 + 16 * size, "only head, contents and pictures are read");
-    if (!picture) return 0;
+    if (!picture) return;
     require(picture->width >= 1 && picture->width <= 4096, "the width is in its range");
     require(picture->height >= 1 && picture->height <= 4096, "the height is in its range");
     require(!picture->bytes.empty() && picture->bytes.size() <= size, "the picture is a part of the file");
-    return 0;
 }

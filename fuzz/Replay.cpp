@@ -1,6 +1,8 @@
-// Drives a fuzz target without libFuzzer: through the files of its corpus and through mutations of them, the
-// same ones in every run. The input under way stands in a file beside the program, which stays when the
+// Drives the fuzz targets without libFuzzer: through the files of their corpus and through mutations of them,
+// the same ones in every run. The input under way stands in a file beside the program, which stays when a
 // target ends it.
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -11,12 +13,13 @@
 
 #include "Input.h"
 
+namespace blattwart::fuzz {
 namespace {
 
 constexpr std::size_t mostMutations = 2000;
 constexpr std::size_t mostBytes = 1'000'000;  // in all mutations, for large inputs take long
 
-std::vector<std::string> corpusIn(const char* folder) {
+std::vector<std::string> corpusIn(const std::string& folder) {
     std::set<std::filesystem::path> files;  // in the same order on every machine
     for (const auto& entry : std::filesystem::directory_iterator(folder)) files.insert(entry.path());
     std::vector<std::string> corpus;
@@ -39,15 +42,13 @@ std::string mutated(std::string bytes, const std::string& other, std::minstd_ran
     return bytes;
 }
 
-}  // namespace
-
-int main(int, char** arguments) {
-    const std::string current = std::string(arguments[0]) + ".input";
+void replay(const std::string& name, void (*target)(const std::uint8_t*, std::size_t)) {
+    const std::string current = FUZZ_INPUTS "/" + name + ".input";
     const auto run = [&](const std::string& bytes) {
         std::ofstream(current, std::ios::binary) << bytes;
-        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+        target(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     };
-    const std::vector<std::string> corpus = corpusIn(arguments[1]);
+    const std::vector<std::string> corpus = corpusIn(FUZZ_CORPUS "/" + name);
     for (const std::string& bytes : corpus) run(bytes);
     std::minstd_rand random;
     std::size_t done = 0;
@@ -58,3 +59,26 @@ int main(int, char** arguments) {
     }
     std::filesystem::remove(current);
 }
+
+TEST(Fuzz, CommandText) {
+    replay("CommandTextFuzz", fuzzCommandText);
+}
+
+TEST(Fuzz, Database) {
+    replay("DatabaseFuzz", fuzzDatabase);
+}
+
+TEST(Fuzz, ExtendedData) {
+    replay("ExtendedDataFuzz", fuzzExtendedData);
+}
+
+TEST(Fuzz, PreviewPicture) {
+    replay("PreviewPictureFuzz", fuzzPreviewPicture);
+}
+
+TEST(Fuzz, Settings) {
+    replay("SettingsFuzz", fuzzSettings);
+}
+
+}  // namespace
+}  // namespace blattwart::fuzz

@@ -15,7 +15,7 @@ CASE = re.compile(r"^TEST(_F|_P)?\(\s*(\w+),\s*(\w+)\)", re.MULTILINE)
 
 
 def all_tests():
-    for lists in sorted((ROOT / "tests").rglob("CMakeLists.txt")):
+    for lists in [*sorted((ROOT / "tests").rglob("CMakeLists.txt")), ROOT / "fuzz/CMakeLists.txt"]:
         program = PROGRAM.search(lists.read_text(encoding="utf-8"))
         if not program:
             continue
@@ -27,8 +27,6 @@ def all_tests():
         ]
         for case in cases or ["-"]:
             yield preset, program[1], case
-    for source in sorted((ROOT / "fuzz").glob("*Fuzz.cpp")):
-        yield "native", source.stem, "-"
 
 
 def main():

@@ -6,11 +6,14 @@ namespace {
 
 constexpr std::int16_t searchEnd = 2500;
 
-std::wstring numbered(const std::wstring& baseName, std::int16_t number) {
-    return number == 0 ? baseName : baseName + std::to_wstring(number);
-}
-
 }  // namespace
+
+std::wstring layoutName(const std::wstring& baseName, std::int16_t number) {
+    const std::wstring name = number == 0 ? baseName : baseName + std::to_wstring(number);
+    const std::size_t first = name.find_first_not_of(L' ');
+    if (first == std::wstring::npos) return {};
+    return name.substr(first, name.find_last_not_of(L' ') - first + 1);
+}
 
 MacroRun basTarvix::RunHostMacro(const std::wstring& name) {
     autoCAD_.BringAutoCADToFront();
@@ -109,7 +112,8 @@ std::int16_t basTarvix::NextFreeLayoutNumber(const std::set<std::wstring>& names
     const std::wstring base = platform_.locale.upperCase(baseName);
     while (counter < searchEnd) {
         const std::int16_t candidate = counter++;
-        if (!names.contains(numbered(base, candidate))) return candidate;
+        const std::wstring name = layoutName(base, candidate);
+        if (!name.empty() && !names.contains(name)) return candidate;
     }
     return 0;
 }
@@ -122,6 +126,7 @@ bool basTarvix::CopyLayouts(const std::wstring& sourceName, std::wstring& newBas
         typeCopies(sourceName, newBaseName, copies);
     } catch (const RuntimeError&) {
         platform_.messages.reportError(L"Kopieren des neuen Layouts fehlgeschlagen!");
+        ignoringErrors([this] { autoCAD_.fetchActiveDocument(); });
     }
     return true;
 }
@@ -129,12 +134,14 @@ bool basTarvix::CopyLayouts(const std::wstring& sourceName, std::wstring& newBas
 void basTarvix::typeCopies(const std::wstring& sourceName, std::wstring& newBaseName, std::int16_t copies) {
     const host::Document& document = autoCAD_.gAcadDoc;
     const std::set<std::wstring> names = layoutNames(document);
+    LongRead work(platform_.readings, L"Layouts werden kopiert");
     std::wstring first;
     // One copy takes the bare name while it is free, several are numbered from 1. Intended.
     std::int16_t counter = copies == 1 ? 0 : 1;
     for (std::int16_t i = 0; i < copies; ++i) {
         if (i > 0 && autoCAD_.refusesWhileCommandRuns(document)) return;
-        const std::wstring name = numbered(newBaseName, NextFreeLayoutNumber(names, newBaseName, counter));
+        if (i > 0 && !work.goOn()) break;
+        const std::wstring name = layoutName(newBaseName, NextFreeLayoutNumber(names, newBaseName, counter));
         document.SendCommand(autoCAD_.textOf(TypedCommand::copyLayout, {sourceName, name}));
         if (first.empty()) first = name;
     }

@@ -17,6 +17,10 @@ enum class MacroRun {
 };
 
 /// The host's macro project, and what is done with layouts by its routines or by typed commands.
+/// The name of a layout as the host takes it: the base name, followed by the number unless that is 0, without
+/// blanks at its ends.
+std::wstring layoutName(const std::wstring& baseName, std::int16_t number = 0);
+
 class basTarvix {
   public:
     basTarvix(basAutoCAD& autoCAD, Platform& platform) : autoCAD_(autoCAD), platform_(platform) {}
@@ -43,8 +47,9 @@ class basTarvix {
                                       std::int16_t& counter);
     /// Copies a layout of gAcadDoc. A single copy takes the bare base name when it is free, several are
     /// always numbered; `newBaseName` receives the name actually used for a single copy. The new layout, or
-    /// the first of several, becomes the current one. Failures are told; copies made before stay. Returns
-    /// false when the names or a running command were refused before anything was typed.
+    /// the first of several, becomes the current one. Esc ends it between two copies. Failures are told;
+    /// copies made before stay. Returns false when the names or a running command were refused before
+    /// anything was typed.
     bool CopyLayouts(const std::wstring& sourceName, std::wstring& newBaseName, std::int16_t copies);
 
   private:

@@ -79,12 +79,6 @@ std::vector<ListItem*> ListView::selectedItems() const {
     return result;
 }
 
-void ListView::clearSelection() {
-    const Change change(*this);
-    for (ListItem* item : items_) markSelected(*item, false);
-    for (const auto& [key, item] : removed_) markSelected(*item, false);
-}
-
 void ListView::selectAll() {
     const Change change(*this);
     for (ListItem* item : items_) markSelected(*item, true);

@@ -82,7 +82,6 @@ class ListView : public Control {
     ListItem* selected() const;
     /// In displayed order.
     std::vector<ListItem*> selectedItems() const;
-    void clearSelection();
     void selectAll();
     /// Scrolls until the item is seen; the next window begins there when none shows the list. Not to be
     /// called within an update.

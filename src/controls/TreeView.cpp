@@ -37,10 +37,6 @@ void TreeNode::setImage(int image) {
     change(&Look::image, image);
 }
 
-void TreeNode::setSelectedImage(int image) {
-    change(&Look::selectedImage, image);
-}
-
 void TreeNode::setBold(bool bold) {
     change(&Look::bold, bold);
 }

@@ -35,7 +35,6 @@ class TreeNode {
 
     void setText(std::wstring text);
     void setImage(int image);
-    void setSelectedImage(int image);
     void setBold(bool bold);
     void setColor(SystemColor color);
     /// Collapsing a node above the selection selects the node, as the native control does.

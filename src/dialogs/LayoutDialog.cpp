@@ -70,8 +70,11 @@ void LayoutDialog::cmdStart_Click() {
     if (txtAnzahl_Validate()) return window().setFocus(txtAnzahl);
     const std::optional<std::int16_t> count = number();
     if (!count) return window().setFocus(txtAnzahl);
+    const host::Document active = context_.autoCAD.gAcadDoc;
     const Lookup outcome = takeDocument();
     const bool refused = outcome == Lookup::found && !start(txtLayout.text(), *count);
+    // What was refused has activated nothing in the host.
+    if (refused) context_.autoCAD.gAcadDoc = active;
     if (refused || outcome == Lookup::noAnswer) return window().setFocus(txtLayout);
     window().close();
 }

@@ -27,10 +27,7 @@ void frmErstellen::showHelp() {
 }
 
 std::wstring frmErstellen::name() const {
-    const std::wstring& text = txtLayout.text();
-    const std::size_t first = text.find_first_not_of(L' ');
-    if (first == std::wstring::npos) return {};
-    return text.substr(first, text.find_last_not_of(L' ') - first + 1);
+    return layoutName(txtLayout.text());
 }
 
 bool frmErstellen::txtLayout_Validate() {

@@ -52,8 +52,8 @@ class frmMain {
     /// The modules that the handlers call; before Form_Load.
     void connect(Modules& modules);
 
-    /// Places the window and loads the column widths. Throws type mismatch, with a text for the user, when a
-    /// stored value is no number.
+    /// Places the window and loads the column widths. Throws type mismatch or overflow, with a text for the
+    /// user, when a stored value is no number or too large.
     void Form_Load();
     void Form_Activate();
     void Form_Resize();

@@ -126,7 +126,9 @@ bool frmMain::isDropTarget() {
 void frmMain::tvTreeView_FilesDropped(const std::vector<std::wstring>& files) {
     if (!isDropTarget() || !modules_->autoCAD.gAcadApp) return;
     if (NodeKey::parse(tvTreeView.dropHighlight()->key()).kind() != NodeKind::loadedDrawings) return;
-    for (const std::wstring& file : files) modules_->files.OpenDroppedFile(file);
+    // A host that does not answer is told once, not for each file.
+    for (const std::wstring& file : files)
+        if (!modules_->files.OpenDroppedFile(file)) break;
     modules_->views.RefreshTree();
 }
 

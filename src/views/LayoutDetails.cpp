@@ -102,7 +102,9 @@ LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout, 
         LongRead reading(context_.platform.readings);
         const auto goOn = [&] { return reading.goOn(); };
         bool allRead = true;
-        for (const host::Entity& entity : layout.Block().entities(goOn)) {
+        const auto entities = layout.Block().entities(goOn);
+        if (!reading.goOn()) return;
+        for (const host::Entity& entity : entities) {
             if (!reading.goOn()) return;
             allRead &= ignoringErrors([&] { readEntity(entity, report, contents); });
         }
@@ -144,7 +146,7 @@ void LayoutDetails::addViewports(const std::vector<CAFenster>& viewports) {
         const std::wstring key = L"IAnsichtsfenster" + number;
         list_.add(key, viewports.size() == 1 ? L"Ansichtsfenster" : L"Ansichtsfenster " + number,
                   listIcon::detail);
-        setValue(key, viewportText(viewports[i]));
+        ignoringErrors([&] { setValue(key, viewportText(viewports[i])); });
     }
 }
 

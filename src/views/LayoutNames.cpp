@@ -102,7 +102,8 @@ bool LayoutNames::isTaken(bool fromList, const std::wstring& key, const std::wst
                                [](const auto& child) -> const TreeNode& { return *child; });
 }
 
-bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& newName) {
+bool LayoutNames::RenameByLabelEdit(bool fromList, const std::wstring& typed) {
+    const std::wstring newName = layoutName(typed);
     const ListItem* item = list_.selected();
     const TreeNode* node = tree_.view().selected();
     if (fromList ? !item : !node) return true;
@@ -149,7 +150,7 @@ void LayoutNames::RenameSelectedLayouts(const std::wstring& baseName, std::int16
             const std::wstring key = item->key();
             const auto record = recordOf(key);
             const std::int16_t number = tarvix_.NextFreeLayoutNumber(names, baseName, counter);
-            const std::wstring newName = number == 0 ? baseName : baseName + std::to_wstring(number);
+            const std::wstring newName = layoutName(baseName, number);
             names.erase(platform_.locale.upperCase(record->Layout));
             rename(layouts, *record, newName);
             showName(key, newName);

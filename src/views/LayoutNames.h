@@ -29,8 +29,9 @@ class LayoutNames {
 
     /// Deletes the layouts selected in the list, or the one selected in the tree; never all of a drawing.
     void DeleteLayouts();
-    /// Gives the edited entry's layout its new name. Returns true when the name is refused.
-    bool RenameByLabelEdit(bool fromList, const std::wstring& newName);
+    /// Gives the edited entry's layout the name that was typed, without blanks at its ends. Returns true when
+    /// the name is refused.
+    bool RenameByLabelEdit(bool fromList, const std::wstring& typed);
     /// Renames every layout selected in the list to the base name and a free number at or above `counter`.
     void RenameSelectedLayouts(const std::wstring& baseName, std::int16_t& counter);
 

@@ -39,8 +39,7 @@ void basDateien::ActivateSelection(bool isLayout, bool askFirst, bool fromList) 
         if (isLayout && record->drawing() == record->Gesamt) return;
         const Lookup outcome = switchDrawing(record->drawing(), chosen, isLayout, askFirst);
         if (outcome == Lookup::noAnswer) return;
-        if (outcome == Lookup::found && wantsLayout)
-            autoCAD_.runCommand([&] { switchLayout(record->Layout); });
+        if (outcome == Lookup::found && wantsLayout) switchLayout(record->Layout);
         // The marks move also when the user does not want to leave the active drawing; required so.
         markActivated();
     });
@@ -63,7 +62,15 @@ Lookup basDateien::switchDrawing(const std::wstring& drawing, const Selection& c
 void basDateien::switchLayout(const std::wstring& layout) {
     const host::Document& document = autoCAD_.gAcadDoc;
     if (platform_.locale.equalIgnoringCase(document.ActiveLayout().Name(), layout)) return;
-    document.putActiveLayout(document.Layouts().Item(layout));
+    const host::Layouts layouts = document.Layouts();
+    host::Layout wanted;
+    try {
+        wanted = layouts.Item(layout);
+    } catch (const RuntimeError& error) {
+        if (isGone(error) || isNotAnswering(error)) throw;
+        return;
+    }
+    document.putActiveLayout(wanted);
 }
 
 void basDateien::markActivated() {
@@ -89,13 +96,15 @@ void basDateien::OpenSelectedNode(bool flag) {
     if (kind == NodeKind::libraryFile) OpenTemplate(true);
 }
 
-void basDateien::open(const std::wstring& file) {
+bool basDateien::open(const std::wstring& file) {
     try {
         autoCAD_.gAcadDoc = autoCAD_.gAcadApp.Documents().Open(file);
+        return true;
     } catch (const RuntimeError& error) {
         const std::wstring what = isAnswerLost(error) ? L"Ob " + file + L" geöffnet wurde, ist nicht bekannt!"
                                                       : file + L" kann nicht geöffnet werden!";
         platform_.messages.warn(what + L"\n\n" + error.description());
+        return !isGone(error) && !isNotAnswering(error);
     }
 }
 
@@ -165,15 +174,14 @@ void basDateien::InsertLayoutFromTemplate() {
 
 bool basDateien::OpenDroppedFile(const std::wstring& file) {
     const std::wstring upper = platform_.locale.upperCase(file);
-    if (!upper.ends_with(L"DXF") && !upper.ends_with(L"DWG") && !upper.ends_with(L"DWT")) return false;
+    if (!upper.ends_with(L"DXF") && !upper.ends_with(L"DWG") && !upper.ends_with(L"DWT")) return true;
     // The records are asked, not the host: a drawing once listed counts as loaded, even closed. Required so.
     for (const auto& record : records_.DrawingRecords) {
         if (platform_.locale.upperCase(record->Gesamt) != upper) continue;
         platform_.messages.inform(record->Gesamt + L" ist bereits geladen!");
-        return false;
+        return true;
     }
-    open(file);
-    return true;
+    return open(file);
 }
 
 void basDateien::SwitchToModelSpace() {

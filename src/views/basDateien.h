@@ -36,7 +36,8 @@ class basDateien {
     void SaveDrawing(bool saveAs);
     /// Types the command that inserts layouts of the selected template into the active drawing.
     void InsertLayoutFromTemplate();
-    /// Opens a file dropped on the tree. Returns whether AutoCAD was asked to open it.
+    /// Opens a file dropped on the tree, unless it is no drawing or loaded already. False when the host is
+    /// gone or does not answer, which the user has been told.
     bool OpenDroppedFile(const std::wstring& file);
     void SwitchToModelSpace();
     /// Takes the bold marks off all list items.
@@ -56,7 +57,8 @@ class basDateien {
     Lookup switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout, bool askFirst);
     void switchLayout(const std::wstring& layout);
     void markActivated();
-    void open(const std::wstring& file);
+    /// False when the host is gone or does not answer.
+    bool open(const std::wstring& file);
 
     NavigatorTree& tree_;
     ListView& list_;

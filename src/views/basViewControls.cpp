@@ -54,7 +54,7 @@ void basViewControls::readTree(Reading reading) {
         const Update update(tree.view());
         tree.resetDrawingsRoot();
         tree.showAttached(static_cast<bool>(autoCAD_.gAcadApp));
-        if (!autoCAD_.gAcadApp || reading == Reading::anew) drawings_.RemoveDrawingNodes();
+        if (!autoCAD_.gAcadApp || (reading == Reading::anew && answers())) drawings_.RemoveDrawingNodes();
         if (autoCAD_.gAcadApp) failures.push_back(drawings_.ReadLoadedDrawings());
         tree.resetLibraryRoot();
         failures.push_back(templates_.ReadTemplateFolder(reading));
@@ -69,6 +69,11 @@ void basViewControls::readTree(Reading reading) {
     // Not before: a tree that is being changed is not painted.
     for (const std::wstring& failure : failures)
         if (!failure.empty()) platform_.messages.reportError(failure);
+}
+
+/// The look is the one of the reading that follows: it costs nothing more.
+bool basViewControls::answers() const {
+    return !autoCAD_.gAcadDoc || ignoringErrors([this] { autoCAD_.openDocuments(); });
 }
 
 bool basViewControls::readDatabase() {

@@ -38,6 +38,8 @@ class basViewControls {
   private:
     /// Reads host and library into the tree. What failed is told.
     void readTree(Reading reading);
+    /// Whether the drawings can be read anew; of a host that does not answer none is removed.
+    bool answers() const;
     /// Returns false, and all stays as it was, when the database's drive does not answer.
     bool readDatabase();
     void showAround(bool fillList);

@@ -91,7 +91,7 @@ TEST_F(TreeViewTest, onlyNetChangesOfLooksAreTold) {
         tree.node(L"L1").setBold(true);
         tree.node(L"Z2").setColor(SystemColor::buttonText);
         tree.remove(L"L1");
-        tree.add(nullptr, L"C", L"C").setSelectedImage(2);
+        tree.add(nullptr, L"C", L"C").setImage(2);
         EXPECT_EQ(recorder.taken(), (Log{L"begun", L"removed L1", L"added C"}));
     }
     EXPECT_EQ(recorder.taken(), (Log{L"changed Z2", L"changed C", L"ended"}));

@@ -146,6 +146,8 @@ TEST_F(Copying, NumbersAsManyAsWantedFromTheFirstFreeOne) {
     for (const Case& c : std::vector<Case>{{L"Plan", L"1", {L"Plan"}},
                                            {L"plan", L"1", {L"plan1"}},
                                            {L"Plan", L"1", {L"Plan2"}},
+                                           {L" Plan ", L"1", {L"Plan 1"}},
+                                           {L"  ", L"1", {L"1"}},
                                            {L"Plan", L"3", {L"Plan3", L"Plan4", L"Plan5"}},
                                            {L"Neu", L"2", {L"Neu1", L"Neu2"}}}) {
         const std::size_t before = plan()->drawing().layouts().size();
@@ -157,8 +159,11 @@ TEST_F(Copying, NumbersAsManyAsWantedFromTheFirstFreeOne) {
     }
     // A command that is running refuses the input: nothing that was typed into the dialog is lost.
     plan()->commandLine().type(L"LAYOUT\r");
+    host().activate(host().findDocument(L"C:\\Haus 2\\Größe.dwg"));
+    main->autoCAD.fetchActiveDocument();
     copy(L"Neu", L"1");
     EXPECT_FALSE(presenter.dialog.closed);
+    EXPECT_EQ(main->autoCAD.GetActiveDrawingName(), L"C:\\Haus 2\\Größe.dwg");
     EXPECT_FALSE(hasLayout(L"Neu"));
     EXPECT_EQ(world.messages.shown,
               std::vector{told(L"In AutoCAD läuft noch ein Befehl. Bitte beenden Sie ihn zuerst!")});
@@ -169,13 +174,21 @@ TEST_F(Copying, NumbersAsManyAsWantedFromTheFirstFreeOne) {
     EXPECT_TRUE(hasLayout(L"Plan4"));
     EXPECT_TRUE(hasLayout(L"Plan6"));
     EXPECT_TRUE(world.messages.shown.empty());
+    // Esc ends it; the first copy becomes the current one all the same.
+    world.readings.escAfter = 1;
+    copy(L"Esc", L"5");
+    world.readings.escAfter = 1000;
+    EXPECT_TRUE(hasLayout(L"Esc2"));
+    EXPECT_FALSE(hasLayout(L"Esc3"));
+    EXPECT_EQ(plan()->drawing().currentLayout().name(), L"Esc1");
+    refresh();
 
     // The drawing was not the active one. Its node shows the copies, the current one bold.
     EXPECT_EQ(host().activeDocument(), plan());
     EXPECT_EQ(main->autoCAD.GetActiveDrawingName(), L"C:\\Haus 1\\Plan.dwg");
     EXPECT_EQ(tree().selected()->key(), L"L4");
     const std::wstring text = treeText();
-    EXPECT_NE(text.find(L"Plan4*\n"), std::wstring::npos);
+    EXPECT_NE(text.find(L"Esc1*\n"), std::wstring::npos);
     EXPECT_NE(text.find(L"Plan6\n"), std::wstring::npos);
 }
 

@@ -204,6 +204,13 @@ TEST_F(DocumentOperations, TellWhatIsOpenAndWhatFails) {
     choose(L"mnuTemplateOpen");
     EXPECT_EQ(world.messages.shown.back(),
               told(L"C:\\Vorlagen\\Rahmen.dwg kann nicht geöffnet werden!\n\nDateifehler"));
+    // A layout that is gone is passed over.
+    click(L"Z3");
+    choose(L"mnuDrawing");
+    document(L"Plan.dwg")->drawing().deleteLayout(*document(L"Plan.dwg")->findLayout(L"Schnitt"));
+    click(L"L6");
+    form().tbToolBar.userClicks(L"Active");
+    EXPECT_TRUE(tree().node(L"L6").bold());
     click(L"Z3");
     document(L"Plan.dwg")->setReadOnly();
     world.messages.answer(MessageAnswer::yes);
@@ -224,11 +231,19 @@ TEST_F(DocumentOperations, TellWhatIsOpenAndWhatFails) {
     choose(L"mnuSave");
     EXPECT_EQ(world.messages.shown.back(),
               told(L"Ob Haus.dwg gespeichert wurde, ist nicht bekannt!\n\nFehler", MessageIcon::critical));
-    // A host that refuses a call has done nothing.
-    loseAnswerOf(L"Document", L"Activate", hresult::callRejected);
-    choose(L"mnuDrawing");
-    EXPECT_EQ(world.messages.shown.back(),
-              told(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal."));
+    // A host that refuses a call has done nothing, and nothing is shown as done.
+    for (const wchar_t* refused : {L"Activate", L"ActiveLayout"}) {
+        const bool ofDrawing = refused == std::wstring_view(L"Activate");
+        restart();
+        click(ofDrawing ? L"Z1" : L"L5");
+        const std::wstring before = treeText();
+        world.messages.answer(MessageAnswer::yes);
+        loseAnswerOf(L"Document", refused, hresult::callRejected);
+        choose(ofDrawing ? L"mnuDrawing" : L"mnuActive");
+        EXPECT_EQ(world.messages.shown.back(),
+                  told(L"AutoCAD antwortet nicht. Bitte versuchen Sie es noch einmal."));
+        EXPECT_EQ(treeText(), before);
+    }
 }
 
 TEST_F(DocumentOperations, AHostThatDoesNotAnswerIsToldOnceAndNothingElseHappens) {
@@ -261,6 +276,16 @@ TEST_F(DocumentOperations, AHostThatDoesNotAnswerIsToldOnceAndNothingElseHappens
         EXPECT_EQ(calls.count(L"Recordset"), 0U);
         EXPECT_EQ(treeText(), before);
         EXPECT_EQ(main->records.DrawingRecords.Count(), 2);
+        // Nor do drawings go with the tree, or does each file dropped on it tell the same.
+        world.messages.clear();
+        choose(L"mnuViewRebuild");
+        EXPECT_EQ(tree().node(L"A").children().size(), 2U);
+        world.messages.clear();
+        tree().setDropHighlight(&tree().node(L"A"));
+        tree().events.filesDropped({L"C:\\Eins.dwg", L"C:\\Zwei.dwg"});
+        EXPECT_EQ(std::ranges::count_if(world.messages.shown,
+                                        [](const ShownBox& box) { return box.text.starts_with(L"C:\\"); }),
+                  1);
     }
 }
 

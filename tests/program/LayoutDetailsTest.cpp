@@ -139,12 +139,15 @@ TEST_F(Details, CountsTheProgramsViewports) {
     EXPECT_EQ(rows().back(), L"IAnsichtsfenster1|Ansichtsfenster|Unbenannt (1:1)");
     addViewport(labelled(L"2", L"Größe"), 0.04);
     addViewport(labelled(L"1", L"A2"), 1 / 2.5);
+    // A scale that has no reciprocal.
+    add("VIEWPORT", {{41, "1e-10"}, {69, "2"}, demo::numberGroup(45, 1e300)}, labelled(L"1", L"A3"));
     show();
     const std::vector<std::wstring> all = rows();
     EXPECT_EQ(std::vector(all.begin() + 10, all.end()),
               (std::vector<std::wstring>{L"IAnsichtsfenster1|Ansichtsfenster 1|Unbenannt (1:1)",
                                          L"IAnsichtsfenster2|Ansichtsfenster 2|Größe (1:25)",
-                                         L"IAnsichtsfenster3|Ansichtsfenster 3|A2 (1:2,50)"}));
+                                         L"IAnsichtsfenster3|Ansichtsfenster 3|A2 (1:2,50)",
+                                         L"IAnsichtsfenster4|Ansichtsfenster 4|"}));
     click(L"L2");
     EXPECT_EQ(list().count(), 10);
 }
@@ -282,7 +285,7 @@ TEST_F(Details, EscEndsTheReadingWithTheRowsItHas) {
     addReference(L"TX_STEMPEL_A3", marked(L"8"));
     addViewport(labelled(L"1", L"A2"));
     const auto before = static_cast<int>(blatt().entities().size()) - 3;
-    world.readings.escAfter = before + 2;
+    world.readings.escAfter = before + 3;
     show();
     EXPECT_EQ(rows().back(), L"IAnsichtsfenster1|Ansichtsfenster|A1 (1:50)");
     EXPECT_EQ(value(L"IStempel"), L"Stempelfeld A3");

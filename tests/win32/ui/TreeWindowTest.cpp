@@ -110,10 +110,9 @@ TEST_F(TreeWindowTest, ShowsWhatTheModelHolds) {
     drawing.setText(L"Plan.dwg");
     drawing.setBold(true);
     drawing.setImage(7);
-    drawing.setSelectedImage(5);
     drawing.setExpanded(true);
     tree.select(drawing);
-    EXPECT_EQ(shown(L"Z2"), (Shown{L"Plan.dwg", 7, 5, true, true, true}));
+    EXPECT_EQ(shown(L"Z2"), (Shown{L"Plan.dwg", 7, 13, true, true, true}));
     tree.add(&drawing, L"L6", L"Neu");
     drawing.setExpanded(false);
     EXPECT_EQ(shown(L"L6").text, L"Neu");
