@@ -16,11 +16,11 @@ enum class MacroRun {
     withoutProject  ///< the same, and the host has not got the project: routine, loading and start-up failed
 };
 
-/// The host's macro project, and what is done with layouts by its routines or by typed commands.
 /// The name of a layout as the host takes it: the base name, followed by the number unless that is 0, without
 /// blanks at its ends.
 std::wstring layoutName(const std::wstring& baseName, std::int16_t number = 0);
 
+/// The host's macro project, and what is done with layouts by its routines or by typed commands.
 class basTarvix {
   public:
     basTarvix(basAutoCAD& autoCAD, Platform& platform) : autoCAD_(autoCAD), platform_(platform) {}

@@ -103,6 +103,7 @@ LayoutDetails::Contents LayoutDetails::readContents(const host::Layout& layout, 
         const auto goOn = [&] { return reading.goOn(); };
         bool allRead = true;
         const auto entities = layout.Block().entities(goOn);
+        // None at all may mean that Esc has ended the looking.
         if (!reading.goOn()) return;
         for (const host::Entity& entity : entities) {
             if (!reading.goOn()) return;

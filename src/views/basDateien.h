@@ -55,6 +55,7 @@ class basDateien {
     /// Found: the drawing is the active one now. Not open: another one stays active, for want of this one or
     /// since the user wants it so.
     Lookup switchDrawing(const std::wstring& drawing, const Selection& chosen, bool isLayout, bool askFirst);
+    /// Makes the active drawing's layout of this name the current one; one that is gone is passed over.
     void switchLayout(const std::wstring& layout);
     void markActivated();
     /// False when the host is gone or does not answer.
