@@ -2,10 +2,6 @@
 
 namespace blattwart {
 
-bool isSilence(const RuntimeError& error) {
-    return isGone(error) || isNotAnswering(error);
-}
-
 PlanDrawing openDrawing(const host::Document& document) {
     PlanDrawing drawing;
     drawing.document = document;

@@ -7,9 +7,6 @@
 /// What reading and checking share.
 namespace blattwart {
 
-/// Errors after which asking on is of no use in this event: the host is gone, refuses, or was given up.
-bool isSilence(const RuntimeError& error);
-
 /// The drawing of a document with folder and name, nothing else of it read. One round trip, two for a drawing
 /// never saved.
 PlanDrawing openDrawing(const host::Document& document);

@@ -27,7 +27,7 @@ void putAll(std::size_t count, std::int32_t from, const TabNumbers& numbers) {
         try {
             numbers.put(i, from + static_cast<std::int32_t>(i));
         } catch (const RuntimeError& error) {
-            if (isGone(error) || isNotAnswering(error)) throw;
+            if (isSilence(error)) throw;
         }
     }
 }

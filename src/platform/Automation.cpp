@@ -36,4 +36,8 @@ bool isNotAnswering(const RuntimeError& error) {
     return isRefused(error) || error.number() == hresult::callCanceled;
 }
 
+bool isSilence(const RuntimeError& error) {
+    return isGone(error) || isNotAnswering(error);
+}
+
 }  // namespace blattwart

@@ -96,5 +96,7 @@ bool isRefused(const RuntimeError& error);
 bool isAnswerLost(const RuntimeError& error);
 /// True where the other program is there and does not answer: refused, or waiting given up.
 bool isNotAnswering(const RuntimeError& error);
+/// Errors after which asking on is of no use in this event: the other program is gone or does not answer.
+bool isSilence(const RuntimeError& error);
 
 }  // namespace blattwart

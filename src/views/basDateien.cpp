@@ -67,7 +67,7 @@ void basDateien::switchLayout(const std::wstring& layout) {
     try {
         wanted = layouts.Item(layout);
     } catch (const RuntimeError& error) {
-        if (isGone(error) || isNotAnswering(error)) throw;
+        if (isSilence(error)) throw;
         return;
     }
     document.putActiveLayout(wanted);
@@ -104,7 +104,7 @@ bool basDateien::open(const std::wstring& file) {
         const std::wstring what = isAnswerLost(error) ? L"Ob " + file + L" geöffnet wurde, ist nicht bekannt!"
                                                       : file + L" kann nicht geöffnet werden!";
         platform_.messages.warn(what + L"\n\n" + error.description());
-        return !isGone(error) && !isNotAnswering(error);
+        return !isSilence(error);
     }
 }
 

@@ -95,7 +95,7 @@ std::vector<ObjectPtr> ComObject::enumerate(std::wstring_view className, const G
         try {
             return elementByElement(className, goOn);
         } catch (const RuntimeError& error) {
-            if (isGone(error) || isNotAnswering(error)) throw;
+            if (isSilence(error)) throw;
             offered = !hasNoEnumerator(error.number());
         }
     }
